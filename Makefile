@@ -1,0 +1,56 @@
+# Front door for newcomers: `make run` and `make test`. CMake does the real work.
+BUILD      ?= build
+JOBS       ?= 2
+CMAKE_ARGS ?=
+
+DEPS       = cmake make g++ libgtest-dev libgmock-dev
+BENCH_DEPS = libbenchmark-dev python3 vim-nox time
+FUZZ_DEPS  = clang libclang-rt-14-dev
+
+.PHONY: all deps build run test asan bench fuzz clean
+
+all: build
+
+# Installs what is missing when run as root, else names it and stops.
+define ensure_pkgs
+	@missing=""; for p in $(1); do dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'install ok installed' || missing="$$missing $$p"; done; \
+	if [ -n "$$missing" ]; then \
+	  if [ "$$(id -u)" = 0 ]; then \
+	    echo "Installing:$$missing"; \
+	    apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq $$missing >/dev/null || exit 1; \
+	  else \
+	    echo "Missing Debian packages:$$missing"; echo "Install them with: sudo apt-get install$$missing"; exit 1; \
+	  fi; \
+	fi
+endef
+
+deps:
+	$(call ensure_pkgs,$(DEPS))
+
+build: deps
+	cmake -S . -B $(BUILD) $(CMAKE_ARGS) >/dev/null
+	cmake --build $(BUILD) -j$(JOBS)
+
+run: build
+	$(BUILD)/zolder --headless --home $(BUILD)/runhome data/samples/hello.c
+
+test: build
+	cd $(BUILD) && ctest --output-on-failure -j$(JOBS)
+
+asan: deps
+	$(MAKE) test BUILD=build-asan CMAKE_ARGS="-DZOLDER_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug"
+
+bench: deps
+	$(call ensure_pkgs,$(BENCH_DEPS))
+	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DZOLDER_BENCH=ON >/dev/null
+	cmake --build build-bench -j$(JOBS)
+	bench/run.sh build-bench
+
+fuzz: deps
+	$(call ensure_pkgs,$(FUZZ_DEPS))
+	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DZOLDER_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+	cmake --build build-fuzz -j$(JOBS) --target fuzz_targets
+	fuzz/run.sh build-fuzz 60
+
+clean:
+	rm -rf build build-asan build-bench build-fuzz

@@ -1,0 +1,5 @@
+#include "app/version.h"
+
+namespace zol {
+const char* programVersion() { return ZOLDER_VERSION_TEXT; }
+}  // namespace zol

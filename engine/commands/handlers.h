@@ -1,0 +1,116 @@
+// Handlers of the engine's own command families, one file per family under
+// engine/commands/.
+#pragma once
+
+#include "engine/command_table.h"
+
+namespace zol {
+
+// typing.cpp
+int cmdInsertChar(Document& doc, const CommandCall& call);
+int cmdTab(Document& doc, const CommandCall& call);
+int cmdBackspace(Document& doc, const CommandCall& call);
+int cmdDelete(Document& doc, const CommandCall& call);
+int cmdDeleteChar(Document& doc, const CommandCall& call);
+int cmdDeleteBlock(Document& doc, const CommandCall& call);
+int cmdDeleteWord(Document& doc, const CommandCall& call);
+int cmdDeleteToEOL(Document& doc, const CommandCall& call);
+int cmdDeleteToBOL(Document& doc, const CommandCall& call);
+int cmdDeleteLine(Document& doc, const CommandCall& call);
+int cmdDeleteWordBack(Document& doc, const CommandCall& call);
+int cmdNewLine(Document& doc, const CommandCall& call);
+int cmdInsertLine(Document& doc, const CommandCall& call);
+int cmdInsertComment(Document& doc, const CommandCall& call);
+int cmdInsertCommentLight(Document& doc, const CommandCall& call);
+
+// motion.cpp
+int cmdCursorLeft(Document& doc, const CommandCall& call);
+int cmdCursorRight(Document& doc, const CommandCall& call);
+int cmdCursorUp(Document& doc, const CommandCall& call);
+int cmdCursorDown(Document& doc, const CommandCall& call);
+int cmdPageUp(Document& doc, const CommandCall& call);
+int cmdPageDown(Document& doc, const CommandCall& call);
+int cmdLineStart(Document& doc, const CommandCall& call);
+int cmdLineEnd(Document& doc, const CommandCall& call);
+int cmdWordLeft(Document& doc, const CommandCall& call);
+int cmdWordRight(Document& doc, const CommandCall& call);
+int cmdTextStart(Document& doc, const CommandCall& call);
+int cmdTextEnd(Document& doc, const CommandCall& call);
+int cmdTopOfWindow(Document& doc, const CommandCall& call);
+int cmdBottomOfWindow(Document& doc, const CommandCall& call);
+int cmdScrollUp(Document& doc, const CommandCall& call);
+int cmdScrollDown(Document& doc, const CommandCall& call);
+int cmdFirstNonBlank(Document& doc, const CommandCall& call);
+int cmdParaUp(Document& doc, const CommandCall& call);
+int cmdParaDown(Document& doc, const CommandCall& call);
+int cmdNextTabPos(Document& doc, const CommandCall& call);
+int cmdPrevTabPos(Document& doc, const CommandCall& call);
+int cmdWordLeftMS(Document& doc, const CommandCall& call);
+int cmdWordRightMS(Document& doc, const CommandCall& call);
+int cmdWordLeftSmart(Document& doc, const CommandCall& call);
+int cmdWordRightSmart(Document& doc, const CommandCall& call);
+int cmdGoToLineNum(Document& doc, const CommandCall& call);
+int cmdGoToColumnNum(Document& doc, const CommandCall& call);
+
+// selection.cpp
+int cmdLeftSelect(Document& doc, const CommandCall& call);
+int cmdRightSelect(Document& doc, const CommandCall& call);
+int cmdUpSelect(Document& doc, const CommandCall& call);
+int cmdDownSelect(Document& doc, const CommandCall& call);
+int cmdPageUpSelect(Document& doc, const CommandCall& call);
+int cmdPageDownSelect(Document& doc, const CommandCall& call);
+int cmdLineStartSelect(Document& doc, const CommandCall& call);
+int cmdLineEndSelect(Document& doc, const CommandCall& call);
+int cmdWordLeftSelect(Document& doc, const CommandCall& call);
+int cmdWordRightSelect(Document& doc, const CommandCall& call);
+int cmdTextStartSelect(Document& doc, const CommandCall& call);
+int cmdTextEndSelect(Document& doc, const CommandCall& call);
+int cmdTopOfWindowSelect(Document& doc, const CommandCall& call);
+int cmdBottomOfWindowSelect(Document& doc, const CommandCall& call);
+int cmdParaUpSelect(Document& doc, const CommandCall& call);
+int cmdParaDownSelect(Document& doc, const CommandCall& call);
+int cmdPrevTabPosSelect(Document& doc, const CommandCall& call);
+int cmdNextTabPosSelect(Document& doc, const CommandCall& call);
+int cmdWordLeftMSSelect(Document& doc, const CommandCall& call);
+int cmdWordRightMSSelect(Document& doc, const CommandCall& call);
+int cmdWordLeftSmartSelect(Document& doc, const CommandCall& call);
+int cmdWordRightSmartSelect(Document& doc, const CommandCall& call);
+int cmdStartSelect(Document& doc, const CommandCall& call);
+int cmdEndSelect(Document& doc, const CommandCall& call);
+int cmdHideSelect(Document& doc, const CommandCall& call);
+int cmdSelectWord(Document& doc, const CommandCall& call);
+int cmdSelectLine(Document& doc, const CommandCall& call);
+int cmdSelectAll(Document& doc, const CommandCall& call);
+int cmdSelectPara(Document& doc, const CommandCall& call);
+int cmdToggleSelMode(Document& doc, const CommandCall& call);
+int cmdSetCharSelMode(Document& doc, const CommandCall& call);
+int cmdSetColumnSelMode(Document& doc, const CommandCall& call);
+
+// clipboard.cpp
+int cmdUndo(Document& doc, const CommandCall& call);
+int cmdRedo(Document& doc, const CommandCall& call);
+int cmdCut(Document& doc, const CommandCall& call);
+int cmdCopy(Document& doc, const CommandCall& call);
+int cmdPaste(Document& doc, const CommandCall& call);
+int cmdCutAndAppend(Document& doc, const CommandCall& call);
+int cmdCopyAndAppend(Document& doc, const CommandCall& call);
+int cmdCutLine(Document& doc, const CommandCall& call);
+int cmdCopyLine(Document& doc, const CommandCall& call);
+
+// modes.cpp
+int cmdToggleInsert(Document& doc, const CommandCall& call);
+int cmdToggleAutoIndent(Document& doc, const CommandCall& call);
+int cmdToggleAutoUnindent(Document& doc, const CommandCall& call);
+int cmdToggleWordWrap(Document& doc, const CommandCall& call);
+int cmdToggleRuler(Document& doc, const CommandCall& call);
+int cmdToggleVisibleSpaces(Document& doc, const CommandCall& call);
+int cmdToggleLineNumbers(Document& doc, const CommandCall& call);
+int cmdSetInsert(Document& doc, const CommandCall& call);
+int cmdSetAutoIndent(Document& doc, const CommandCall& call);
+int cmdSetAutoUnindent(Document& doc, const CommandCall& call);
+int cmdSetWordWrap(Document& doc, const CommandCall& call);
+int cmdShowRuler(Document& doc, const CommandCall& call);
+int cmdShowVisibleSpaces(Document& doc, const CommandCall& call);
+int cmdShowLineNumbers(Document& doc, const CommandCall& call);
+
+}  // namespace zol

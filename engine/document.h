@@ -1,0 +1,59 @@
+// One open text document: its lines, cursor, selection and flags.
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "engine/line_list.h"
+#include "engine/position.h"
+#include "engine/undo.h"
+
+namespace zol {
+
+class EditorView;
+
+enum class TextFormat : int32_t { Dos = 0, Unix = 1, Mac = 2 };
+enum class SelMode : int32_t { Char = 1, Column = 2 };
+
+struct Document {
+    LineList lines;
+    std::string fileName;           // full path, or a "noname01.txt" style name
+    bool hasFile = false;           // fileName names a file on disk
+    int32_t textFormat = 0;         // 0 CR LF, 1 LF, 2 CR
+    Pos cursor;                     // cursor.line == lines.currentIndex after every command
+    int desiredCol = -1;            // column kept over up/down moves, -1 when none
+
+    bool selExists = false;
+    SelMode selMode = SelMode::Char;
+    Pos selAnchor, selEnd;          // anchor and moving end; either order
+    bool selecting = false;         // StartSelect .. EndSelect marking is on
+
+    bool wordWrap = false;
+    bool modified = false;
+    bool readOnly = false;
+    bool outputWindow = false;
+    bool lineDrawing = false;
+    uint32_t fileTime = 0;          // modification time when last read or written, 0 unknown
+    int syntaxSlot = 0;             // language definition 1..20, 0 none
+
+    UndoStacks undo;
+    uint16_t lastCmd = 0, prevCmd = 0;
+    bool macroRunning = false;
+    int recorder = 0;               // 0 idle, 1 recording
+    uint16_t stateWord = 0;         // reset by cursor placement from outside
+
+    EditorView* view = nullptr;     // window showing the document, if any
+};
+
+// Line accessors by index (0-based). Out-of-range indexes are the caller's fault.
+std::string_view lineText(const Document& doc, int32_t line);
+int lineWidthAt(const Document& doc, int32_t line);
+inline int32_t lastLine(const Document& doc) { return doc.lines.lastIndex; }
+
+// Moves the cursor and keeps the line cache on the cursor's line. Clamps to the text.
+void setCursor(Document& doc, Pos p);
+// Marks the document changed and tells its view.
+void setModified(Document& doc, bool modified);
+// Replaces the whole text by one empty line and forgets undo, selection and cursor.
+void resetText(Document& doc);
+
+}  // namespace zol

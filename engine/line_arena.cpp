@@ -1,0 +1,43 @@
+#include "engine/line_arena.h"
+
+#include <cstring>
+
+namespace zol {
+
+LineRef LineArena::allocate(uint16_t len) {
+    const uint32_t size = blockSize(len);
+    const uint32_t cls = size / kGrain;
+    LineRef ref = kNoLine;
+    if (cls < freeLists_.size() && freeLists_[cls] != kNoLine) {
+        ref = freeLists_[cls];
+        std::memcpy(&freeLists_[cls], address(ref), sizeof(LineRef));
+    } else {
+        if (used_ + size > kSlabSize) {
+            slabs_.push_back(std::unique_ptr<char[]>(new char[kSlabSize]));
+            // Offset 0 of slab 0 would be reference 0, which means "no line".
+            used_ = slabs_.size() == 1 ? kGrain : 0;
+        }
+        ref = static_cast<LineRef>(((slabs_.size() - 1) << kOffsetBits) | (used_ >> 2));
+        used_ += size;
+    }
+    LineHeader* h = header(ref);
+    *h = LineHeader{kNoLine, kNoLine, len, 0, 0};
+    text(ref)[len] = '\0';
+    return ref;
+}
+
+void LineArena::release(LineRef ref) {
+    if (ref == kNoLine) return;
+    const uint32_t cls = blockSize(header(ref)->len) / kGrain;
+    if (cls >= freeLists_.size()) freeLists_.resize(cls + 1, kNoLine);
+    std::memcpy(address(ref), &freeLists_[cls], sizeof(LineRef));
+    freeLists_[cls] = ref;
+}
+
+void LineArena::clear() {
+    slabs_.clear();
+    freeLists_.clear();
+    used_ = kSlabSize;
+}
+
+}  // namespace zol

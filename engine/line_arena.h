@@ -1,0 +1,54 @@
+// Storage for line blocks. Each line is one block: a small header followed by its
+// zero-terminated text. Blocks are carved from 1 MiB slabs and addressed by 32-bit
+// references so that a document of millions of short lines stays close to its file size.
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace zol {
+
+using LineRef = uint32_t;  // 0 = no line
+constexpr LineRef kNoLine = 0;
+
+struct LineHeader {
+    LineRef prev;      // line before, or kNoLine for the first line
+    LineRef next;      // line after, or kNoLine for the last line
+    uint16_t len;      // bytes of text, without the terminating zero
+    uint8_t comment;   // highlighting comment state carried with the line
+    uint8_t bookmark;  // line bookmark carried with the line
+};
+static_assert(sizeof(LineHeader) == 12);
+
+class LineArena {
+public:
+    // A block able to hold `len` bytes of text plus its zero; header zeroed except len.
+    LineRef allocate(uint16_t len);
+    void release(LineRef ref);
+    // True when a block made for `oldLen` bytes can hold `newLen` bytes in place.
+    static bool fitsInPlace(uint16_t oldLen, uint16_t newLen) { return blockSize(newLen) <= blockSize(oldLen); }
+
+    LineHeader* header(LineRef ref) const { return reinterpret_cast<LineHeader*>(address(ref)); }
+    char* text(LineRef ref) const { return address(ref) + sizeof(LineHeader); }
+    void clear();
+
+private:
+    static constexpr unsigned kSlabShift = 20;                 // 1 MiB slabs
+    static constexpr uint32_t kSlabSize = 1u << kSlabShift;
+    static constexpr unsigned kGrain = 4;                      // block alignment
+    // A reference holds slab index and offset / kGrain.
+    static constexpr unsigned kOffsetBits = kSlabShift - 2;
+
+    static uint32_t blockSize(uint16_t len) {
+        return (static_cast<uint32_t>(sizeof(LineHeader)) + len + 1 + kGrain - 1) & ~(kGrain - 1);
+    }
+    char* address(LineRef ref) const {
+        return slabs_[ref >> kOffsetBits].get() + ((ref & ((1u << kOffsetBits) - 1)) << 2);
+    }
+
+    std::vector<std::unique_ptr<char[]>> slabs_;
+    uint32_t used_ = kSlabSize;          // bytes used in the newest slab
+    std::vector<LineRef> freeLists_;     // by blockSize / kGrain; link in the block's first word
+};
+
+}  // namespace zol

@@ -1,0 +1,57 @@
+// The Zolder home (where settings and shipped data live) and path-string helpers.
+// Both "/" and "\" separate path parts when a path is split; paths are built with "/".
+#pragma once
+#include <string>
+#include <string_view>
+
+namespace zol {
+
+// Where the home would be: homeArg (from --home) when given, else $ZOLDER_HOME, else
+// $XDG_CONFIG_HOME/zolder, else ~/.config/zolder. Absolute, ending in "/". Pure lookup.
+std::string resolveHomeDir(std::string_view homeArg);
+
+// Fixes the home to dir (created with its parents when missing). The folder is taken
+// even when it cannot be created, so that later failures name it; false in that case.
+bool setHomeDir(std::string_view dir);
+
+// Resolves the home once from the arguments and the environment; see resolveHomeDir.
+bool initHomeDir(std::string_view homeArg);
+
+// The home with its trailing "/"; resolved from the environment on first use when
+// nobody fixed it before.
+const std::string& homeDir();
+
+// The home stands in for the Windows directory: a file name without any folder part
+// (no "/" or "\") lands there. Every bare-named profile file goes through this one
+// function. A bare name that is missing in that spelling but present in another
+// letter case resolves to the file that is there.
+std::string resolveBareName(std::string_view name);
+
+// Copies into the home every file of dataDir (recursively) that the home lacks; a file
+// already in the home is never touched. copied (when given) counts the new files.
+// False when dataDir cannot be read or a copy failed; what was copied stays.
+bool seedHome(std::string_view dataDir, int* copied = nullptr);
+
+// Full path of the running executable; empty when unknown.
+std::string executablePath();
+
+// The process's current folder, ending in "/".
+std::string currentDir();
+
+bool isPathSeparator(char c);
+bool hasFolderPart(std::string_view path);
+// Text after the last separator.
+std::string_view fileNamePart(std::string_view path);
+// Text up to and including the last separator; empty when there is none.
+std::string_view folderPart(std::string_view path);
+// Text after the last "." of the file part, without the dot; empty when there is none.
+std::string_view extensionPart(std::string_view path);
+// folder + "/" + name, adding the "/" only when folder lacks one; name alone when
+// folder is empty.
+std::string joinPath(std::string_view folder, std::string_view name);
+// Absolute form of path: relative names are taken from the current folder; "." and
+// ".." parts and repeated separators are folded away, "\" becomes "/". A ".." at the
+// root stays at the root. Lexical only: symbolic links are not followed.
+std::string fullPath(std::string_view path);
+
+}  // namespace zol
