@@ -5,6 +5,7 @@
 
 #include "config/settings.h"
 #include "engine/options.h"
+#include "files/doc_names.h"
 #include "files/textfile.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"

@@ -51,6 +51,15 @@ void merge(EditRecord& top, EditRecord&& rec, uint16_t cmd) {
     }
 }
 
+// The reverse of an undo waits on the redo stack. Undo puts it there itself: the
+// last-command id cannot tell, as an edit made after an Undo by a script or plug-in
+// (not through the executor) leaves it at 120.
+void pushRedo(UndoStacks& s, EditRecord rec) {
+    rec.kind = undoKindOf(kUndoCmd);
+    if (static_cast<int>(s.redo.size()) >= undoLimit()) s.redo.erase(s.redo.begin());
+    s.redo.push_back(std::move(rec));
+}
+
 // Applies a record and returns the record that reverses what it did.
 EditRecord apply(Document& doc, const EditRecord& rec) {
     EditRecord back;
@@ -114,17 +123,9 @@ const char* undoLabel(const UndoStacks& s) {
 void recordEdit(Document& doc, EditRecord rec) {
     UndoStacks& s = doc.undo;
     const uint16_t cmd = doc.lastCmd;
-    if (cmd == kUndoCmd) {
-        // The reverse of an undo waits on the redo stack.
-        rec.kind = undoKindOf(cmd);
-        if (static_cast<int>(s.redo.size()) >= undoLimit()) s.redo.erase(s.redo.begin());
-        s.redo.push_back(std::move(rec));
-        return;
-    }
-    if (cmd != kRedoCmd) {
-        s.redo.clear();
-        s.lastWasUndoRedo = false;
-    }
+    if (cmd != kRedoCmd) s.redo.clear();
+    // Redo sets the flag again once its own record is in.
+    s.lastWasUndoRedo = false;
     if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd)) {
         merge(s.undo.back(), std::move(rec), cmd);
         return;
@@ -143,7 +144,7 @@ void undo(Document& doc) {
     EditRecord rec = std::move(s.undo.back());
     s.undo.pop_back();
     EditRecord back = apply(doc, rec);
-    if (back.hasRange || back.text) recordEdit(doc, std::move(back));
+    if (back.hasRange || back.text) pushRedo(s, std::move(back));
     if (doc.view) doc.view->redraw();
     s.lastWasUndoRedo = true;
 }

@@ -64,4 +64,12 @@ InstanceLock& processInstanceLock() {
     return lock;
 }
 
+bool acquireInstanceLock() {
+    InstanceLock& lock = processInstanceLock();
+    if (!takeInstanceLock(lock, homeDir())) return true;
+    return !otherInstanceRunning(lock, homeDir());
+}
+
+void releaseInstanceLock() { releaseInstanceLock(processInstanceLock()); }
+
 }  // namespace zol

@@ -20,5 +20,9 @@ void releaseInstanceLock(InstanceLock& lock);
 
 // This process's lock, on the home folder.
 InstanceLock& processInstanceLock();
+// Takes this process's share of the home folder's lock; true when no other instance
+// holds one (also when the lock file cannot be used: then nothing can be told).
+bool acquireInstanceLock();
+void releaseInstanceLock();
 
 }  // namespace zol

@@ -50,8 +50,9 @@ std::string_view extensionPart(std::string_view path);
 // folder is empty.
 std::string joinPath(std::string_view folder, std::string_view name);
 // Absolute form of path: relative names are taken from the current folder; "." and
-// ".." parts and repeated separators are folded away, "\" becomes "/". A ".." at the
-// root stays at the root. Lexical only: symbolic links are not followed.
+// ".." parts and repeated separators are folded away, "\" becomes "/"; a trailing
+// separator stays. A ".." at the root stays at the root. Lexical only: symbolic links
+// are not followed.
 std::string fullPath(std::string_view path);
 
 }  // namespace zol

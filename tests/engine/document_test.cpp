@@ -171,3 +171,49 @@ TEST(Edit, ListenersHearEveryChange) {
 
 }  // namespace
 }  // namespace zol
+
+#include "engine/doc_access.h"
+
+namespace zol {
+namespace {
+
+TEST(Access, GetLineCopiesWithinTheBuffer) {
+    Document doc;
+    test::fill(doc, "hello\n\tx");
+    char buf[8] = "zzzzzzz";
+    EXPECT_EQ(getLine(&doc, 1, buf, 1), 0);
+    EXPECT_STREQ(buf, "zzzzzzz");
+    EXPECT_EQ(getLine(&doc, 1, buf, 4), 3);
+    EXPECT_STREQ(buf, "hel");
+    EXPECT_EQ(getLine(&doc, 3, buf, 8), 0);
+    EXPECT_STREQ(buf, "");
+    EXPECT_EQ(getLine(nullptr, 1, buf, 8), 0);
+    EXPECT_EQ(getLineLen(&doc, 2, 0), 9);
+    EXPECT_EQ(getLineLen(&doc, 2, 1), 2);
+    EXPECT_EQ(getLineLen(&doc, 3, 0), -1);
+    EXPECT_EQ(getLineLen(&doc, 0, 1), -1);
+}
+
+TEST(Access, SetLineNeverSplitsAndRespectsReadOnly) {
+    Document doc;
+    test::fill(doc, "a\nb");
+    doc.lastCmd = 30;
+    ASSERT_TRUE(setLine(&doc, 2, "x\ry\nz"));
+    EXPECT_EQ(test::textOf(doc), "a\nx y z");
+    EXPECT_EQ(doc.lastCmd, 0);
+    EXPECT_FALSE(setLine(&doc, 3, "q"));
+    EXPECT_FALSE(setLine(&doc, 1, nullptr));
+    doc.readOnly = true;
+    EXPECT_FALSE(setLine(&doc, 1, "q"));
+    EXPECT_EQ(test::textOf(doc), "a\nx y z");
+}
+
+TEST(Access, TextFormatAcceptsOnlyKnownValues) {
+    Document doc;
+    EXPECT_TRUE(setTextFileFormat(&doc, 1));
+    EXPECT_FALSE(setTextFileFormat(&doc, 3));
+    EXPECT_EQ(doc.textFormat, 1);
+}
+
+}  // namespace
+}  // namespace zol

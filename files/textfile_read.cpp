@@ -1,0 +1,223 @@
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "engine/columns.h"
+#include "engine/options.h"
+#include "engine/shell.h"
+#include "engine/undo.h"
+#include "files/messages.h"
+#include "files/textfile.h"
+#include "platform/fileinfo.h"
+#include "platform/paths.h"
+
+namespace zol {
+namespace {
+
+// Room kept beyond a chunk for the unfinished line carried into the next read: at
+// most a line's capacity plus a CR waiting for its LF.
+constexpr size_t kCarryRoom = 4096;
+static_assert(kCarryRoom > filemsg::kSplitBytes + 1);
+
+struct FileCloser {
+    void operator()(std::FILE* f) const { std::fclose(f); }
+};
+
+// Turns the bytes of a file into lines. Line ends are found with memchr and the
+// position of the next CR and the next LF is remembered, so every byte is looked at a
+// bounded number of times whatever the mix of line ends.
+class LineReader {
+public:
+    explicit LineReader(std::FILE* f) : f_(f), buf_(new char[kReadChunk + kCarryRoom]) {}
+
+    bool error() const { return error_; }
+    bool binary() const { return binary_; }
+
+    // Reads everything into lines, calling emit(text) for each; returns false when a
+    // line is too long and splitting is off.
+    template <class Emit>
+    bool run(bool splitLongLines, bool& split, int& firstFormat, Emit&& emit) {
+        for (;;) {
+            const char* p = buf_.get() + pos_;
+            const char* e = buf_.get() + end_;
+            const char* le = lineEnd();
+            const size_t n = static_cast<size_t>(le - p);
+            const size_t fit = fittingPrefix(p, n);
+            if (fit < n) {
+                if (!splitLongLines) return false;
+                split = true;
+                emit(std::string_view(p, fit));
+                pos_ += fit;
+                continue;
+            }
+            if (le == e) {
+                if (!eof_) {
+                    fill();
+                    continue;
+                }
+                emit(std::string_view(p, n));  // the last line has no line end
+                return true;
+            }
+            int format = 1;
+            size_t endLen = 1;
+            if (*le == '\r') {
+                if (le + 1 == e && !eof_) {  // its LF may be in the next chunk
+                    fill();
+                    continue;
+                }
+                const bool crlf = le + 1 < e && le[1] == '\n';
+                format = crlf ? 0 : 2;
+                endLen = crlf ? 2 : 1;
+            }
+            if (firstFormat < 0) firstFormat = format;
+            emit(std::string_view(p, n));
+            pos_ += n + endLen;
+        }
+    }
+
+private:
+    // Moves the unfinished line to the front and reads the next chunk behind it.
+    void fill() {
+        const size_t keep = end_ - pos_;
+        std::memmove(buf_.get(), buf_.get() + pos_, keep);
+        pos_ = 0;
+        end_ = keep;
+        const size_t want = kReadChunk + kCarryRoom - keep;
+        const size_t got = std::fread(buf_.get() + end_, 1, want, f_);
+        if (got < want) {
+            eof_ = true;
+            if (std::ferror(f_)) error_ = true;
+        }
+        // A NUL is held as a blank; doing it here keeps it out of the line scan.
+        char* q = buf_.get() + end_;
+        char* const stop = q + got;
+        while ((q = static_cast<char*>(std::memchr(q, '\0', static_cast<size_t>(stop - q))))) {
+            *q++ = ' ';
+            binary_ = true;
+        }
+        end_ += got;
+        lf_ = find('\n', 0);
+        cr_ = find('\r', 0);
+    }
+
+    size_t find(char c, size_t from) const {
+        const void* hit = std::memchr(buf_.get() + from, c, end_ - from);
+        return hit ? static_cast<size_t>(static_cast<const char*>(hit) - buf_.get()) : end_;
+    }
+
+    // The first CR or LF at or after pos_, or the end of the data.
+    const char* lineEnd() {
+        if (lf_ < pos_) lf_ = find('\n', pos_);
+        if (cr_ < pos_) cr_ = find('\r', pos_);
+        return buf_.get() + (lf_ < cr_ ? lf_ : cr_);
+    }
+
+    // How many of the n bytes at p fit on one line: the line ends before the byte that
+    // would take it past the column or byte capacity.
+    static size_t fittingPrefix(const char* p, size_t n) {
+        // No byte is wider than a tab, so short lines need no column count.
+        if (n * static_cast<size_t>(options().tabSize) <= static_cast<size_t>(filemsg::kSplitColumns)) return n;
+        const size_t fit = locateColumn(std::string_view(p, n), filemsg::kSplitColumns).offset;
+        return std::min(fit, static_cast<size_t>(filemsg::kSplitBytes));
+    }
+
+    std::FILE* f_;
+    std::unique_ptr<char[]> buf_;
+    size_t pos_ = 0, end_ = 0;  // unread lines are buf_[pos_, end_)
+    size_t lf_ = 0, cr_ = 0;    // next LF and CR at or after pos_ (end_ when none)
+    bool eof_ = false;
+    bool error_ = false;
+    bool binary_ = false;
+};
+
+enum class ReadOutcome { Ok, NoMemory, TooLong, ReadError };
+
+ReadOutcome readLines(std::FILE* f, LineList& out, ReadReport& rep) {
+    try {
+        LineReader reader(f);
+        LineRef tail = out.first;
+        int32_t count = 0;
+        auto emit = [&](std::string_view text) {
+            tail = count == 0 ? out.setText(out.first, text) : out.insertAfter(tail, count, text);
+            ++count;
+        };
+        const bool complete = reader.run(options().splitLongLines, rep.split, rep.lineEndFormat, emit);
+        rep.binary = reader.binary();
+        if (reader.error()) return ReadOutcome::ReadError;
+        return complete ? ReadOutcome::Ok : ReadOutcome::TooLong;
+    } catch (const std::bad_alloc&) {
+        return ReadOutcome::NoMemory;
+    }
+}
+
+void swapLines(LineList& a, LineList& b) {
+    std::swap(a.arena, b.arena);
+    std::swap(a.first, b.first);
+    std::swap(a.current, b.current);
+    std::swap(a.currentIndex, b.currentIndex);
+    std::swap(a.lastIndex, b.lastIndex);
+}
+
+}  // namespace
+
+bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadReport* report) {
+    ReadReport local;
+    ReadReport& rep = report ? *report : local;
+    rep = ReadReport{};
+
+    // Folders, devices and pipes are not text files; a pipe would also never end.
+    std::error_code ec;
+    std::unique_ptr<std::FILE, FileCloser> f;
+    if (std::filesystem::is_regular_file(path, ec)) f.reset(std::fopen(path.c_str(), "rb"));
+    if (!f) {
+        shell().message(filemsg::withFileName(filemsg::kCannotOpenRead, path));
+        return false;
+    }
+
+    // The old text stays until the new one is complete, so a failure loses nothing.
+    std::unique_ptr<LineList> fresh;
+    ReadOutcome outcome;
+    try {
+        fresh = std::make_unique<LineList>();
+        outcome = readLines(f.get(), *fresh, rep);
+    } catch (const std::bad_alloc&) {
+        outcome = ReadOutcome::NoMemory;
+    }
+    f.reset();
+    switch (outcome) {
+    case ReadOutcome::Ok: break;
+    case ReadOutcome::NoMemory: shell().message(filemsg::withFileName(filemsg::kNoMemory, path)); return false;
+    case ReadOutcome::TooLong: shell().message(filemsg::kLineTooLong); return false;
+    case ReadOutcome::ReadError: shell().message(filemsg::kReadError); return false;
+    }
+
+    swapLines(doc.lines, *fresh);
+    fresh.reset();
+    doc.cursor = Pos{};
+    doc.desiredCol = -1;
+    doc.selExists = false;
+    doc.selecting = false;
+    clearUndo(doc);
+    clearRedo(doc);
+    if (detectFormat && rep.lineEndFormat >= 0) doc.textFormat = rep.lineEndFormat;
+    doc.fileName = fullPath(path);
+    doc.hasFile = true;
+    doc.fileTime = fileTime32(path);
+    if (rep.binary || isReadOnlyFile(path)) doc.readOnly = true;
+    setModified(doc, false);
+    if (doc.view) {
+        doc.view->refreshCaption();
+        doc.view->refreshStatus();
+        doc.view->redraw();
+    }
+
+    if (rep.binary) shell().message(filemsg::kBinaryFile);
+    if (rep.split) shell().message(filemsg::kLongLinesSplit);
+    return true;
+}
+
+}  // namespace zol

@@ -1,0 +1,86 @@
+#include <chrono>
+#include <filesystem>
+
+#include "files/doc_names.h"
+#include "files/messages.h"
+#include "files/prompts.h"
+#include "files/textfile.h"
+#include "files_fixture.h"
+
+namespace zol::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Lines = std::vector<std::string>;
+using PromptTest = FilesTest;
+
+TEST(DocNames, CounterAndExtension) {
+    EXPECT_EQ(newDocumentName(1, "txt"), "noname01.txt");
+    EXPECT_EQ(newDocumentName(99, "c"), "noname99.c");
+    EXPECT_EQ(newDocumentName(100, "txt"), "nnam0100.txt");
+    EXPECT_EQ(newDocumentName(7, ""), "noname07.");
+    EXPECT_EQ(newDocumentName(2, "abcdefghijklmnopq"), "noname02.abcdefghijklmno");
+
+    const std::string first = nextNewDocumentName("x");
+    int n = 1;
+    while (n < 1000 && newDocumentName(n, "x") != first) ++n;
+    EXPECT_EQ(nextNewDocumentName("x"), newDocumentName(n + 1, "x"));
+}
+
+// Moves the file's time so that the check sees a change within the same second too.
+void touchLater(const std::string& p) {
+    fs::last_write_time(p, fs::last_write_time(p) + std::chrono::seconds(10));
+}
+
+TEST_F(PromptTest, ChangedFilesAreOfferedForReloadOnce) {
+    const std::string p = put("a.txt", "one");
+    Document clean, dirty, unnamed;
+    ASSERT_TRUE(readFile(clean, p, true));
+    ASSERT_TRUE(readFile(dirty, p, true));
+    setLines(dirty, {"my edit"});
+    dirty.modified = true;
+    std::vector<Document*> docs{&clean, &dirty, &unnamed};
+
+    EXPECT_EQ(checkFileTime(docs), 0);
+    EXPECT_TRUE(shell_.questions.empty());
+
+    put("a.txt", "two");
+    touchLater(p);
+    shell_.answers = {Answer::Yes, Answer::No};
+    EXPECT_EQ(checkFileTime(docs), 1);
+    EXPECT_EQ(shell_.questions, (Lines{filemsg::withFileName(filemsg::kReloadUnchanged, p),
+                                       filemsg::withFileName(filemsg::kReloadModified, p)}));
+    EXPECT_EQ(linesOf(clean), Lines{"two"});
+    EXPECT_EQ(linesOf(dirty), Lines{"my edit"});
+    EXPECT_TRUE(dirty.modified);
+
+    shell_.questions.clear();
+    EXPECT_EQ(checkFileTime(docs), 0);
+    EXPECT_TRUE(shell_.questions.empty());
+
+    touchLater(p);
+    options().checkFileTime = false;
+    EXPECT_EQ(checkFileTime(docs), 0);
+    EXPECT_TRUE(shell_.questions.empty());
+
+    options().checkFileTime = true;
+    shell_.answers = {Answer::Yes};
+    int calls = 0;
+    EXPECT_EQ(checkFileTime({&clean}, [&](Document&) { return ++calls == 1; }), 1);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(PromptTest, LeavingAModifiedDocumentAsksToSave) {
+    Document doc;
+    doc.fileName = "/w/a.txt";
+    EXPECT_EQ(askSaveChanges(doc), Answer::No);
+    EXPECT_TRUE(shell_.questions.empty());
+
+    doc.modified = true;
+    shell_.answers = {Answer::Cancel};
+    EXPECT_EQ(askSaveChanges(doc), Answer::Cancel);
+    EXPECT_EQ(shell_.questions, Lines{"The text in the /w/a.txt file has changed. Do you want to save changes?"});
+}
+
+}  // namespace
+}  // namespace zol::test

@@ -1,0 +1,90 @@
+#include "platform/paths.h"
+#include "tests/platform/temp_home.h"
+
+#include <cstdlib>
+
+namespace zol {
+namespace {
+
+using test::TempHome;
+
+TEST(PathParts, BothSeparatorsSplit) {
+    EXPECT_EQ(fileNamePart("C:\\dir/sub\\name.ext"), "name.ext");
+    EXPECT_EQ(folderPart("C:\\dir/sub\\name.ext"), "C:\\dir/sub\\");
+    EXPECT_EQ(fileNamePart("plain"), "plain");
+    EXPECT_EQ(folderPart("plain"), "");
+    EXPECT_EQ(extensionPart("a/b.tar.gz"), "gz");
+    EXPECT_EQ(extensionPart("dir.d\\noext"), "");
+    EXPECT_EQ(extensionPart("dir.d/"), "");
+    EXPECT_TRUE(hasFolderPart("a\\b"));
+    EXPECT_FALSE(hasFolderPart("zol.ini"));
+    EXPECT_EQ(joinPath("/a", "b"), "/a/b");
+    EXPECT_EQ(joinPath("/a/", "b"), "/a/b");
+    EXPECT_EQ(joinPath("C:\\a\\", "b"), "C:\\a\\b");
+    EXPECT_EQ(joinPath("", "b"), "b");
+}
+
+TEST(PathParts, FullPathFoldsDotsAndSeparators) {
+    EXPECT_EQ(fullPath("/x//y/./z/../w"), "/x/y/w");
+    EXPECT_EQ(fullPath("/../.."), "/");
+    EXPECT_EQ(fullPath("/a\\b\\"), "/a/b/");
+    EXPECT_EQ(fullPath("rel/../f.txt"), currentDir() + "f.txt");
+    EXPECT_EQ(fullPath(""), currentDir());
+}
+
+class HomeFolder : public TempHome {};
+
+TEST_F(HomeFolder, ResolutionPrefersArgumentThenEnvironment) {
+    std::string zh = std::getenv("ZOLDER_HOME") ? std::getenv("ZOLDER_HOME") : "";
+    std::string xdg = std::getenv("XDG_CONFIG_HOME") ? std::getenv("XDG_CONFIG_HOME") : "";
+    ::setenv("ZOLDER_HOME", (dir + "zh").c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", (dir + "xdg").c_str(), 1);
+    EXPECT_EQ(resolveHomeDir(dir + "arg/x/.."), dir + "arg/");
+    EXPECT_EQ(resolveHomeDir(""), dir + "zh/");
+    ::unsetenv("ZOLDER_HOME");
+    EXPECT_EQ(resolveHomeDir(""), dir + "xdg/zolder/");
+    ::setenv("XDG_CONFIG_HOME", "relative", 1);
+    EXPECT_EQ(resolveHomeDir("").substr(resolveHomeDir("").size() - 16), "/.config/zolder/");
+    zh.empty() ? ::unsetenv("ZOLDER_HOME") : ::setenv("ZOLDER_HOME", zh.c_str(), 1);
+    xdg.empty() ? ::unsetenv("XDG_CONFIG_HOME") : ::setenv("XDG_CONFIG_HOME", xdg.c_str(), 1);
+}
+
+TEST_F(HomeFolder, MissingHomeIsCreatedWithItsParents) {
+    ASSERT_TRUE(setHomeDir(dir + "deep/er/home"));
+    EXPECT_EQ(homeDir(), dir + "deep/er/home/");
+    EXPECT_TRUE(std::filesystem::is_directory(dir + "deep/er/home"));
+    EXPECT_EQ(resolveBareName("zol.ini"), dir + "deep/er/home/zol.ini");
+    put("file", "x");
+    EXPECT_FALSE(setHomeDir(dir + "file/sub"));
+}
+
+TEST_F(HomeFolder, SeedingCopiesOnlyWhatTheHomeLacks) {
+    namespace fs = std::filesystem;
+    fs::create_directories(path("data/script/include"));
+    put("data/syntax.hgl", "shipped");
+    put("data/zol.ini", "shipped settings");
+    put("data/script/include/a.h", "header");
+    ASSERT_TRUE(setHomeDir(dir + "home"));
+    put("home/zol.ini", "user settings");
+    int copied = -1;
+    ASSERT_TRUE(seedHome(dir + "data", &copied));
+    EXPECT_EQ(copied, 2);
+    EXPECT_EQ(get("home/zol.ini"), "user settings");
+    EXPECT_EQ(get("home/syntax.hgl"), "shipped");
+    EXPECT_EQ(get("home/script/include/a.h"), "header");
+    put("home/syntax.hgl", "edited");
+    ASSERT_TRUE(seedHome(dir + "data", &copied));
+    EXPECT_EQ(copied, 0);
+    EXPECT_EQ(get("home/syntax.hgl"), "edited");
+    EXPECT_FALSE(seedHome(dir + "nodata", &copied));
+}
+
+TEST(ProgramPath, ExecutableIsKnown) {
+    std::string exe = executablePath();
+    ASSERT_FALSE(exe.empty());
+    EXPECT_EQ(exe[0], '/');
+    EXPECT_TRUE(std::filesystem::is_regular_file(exe));
+}
+
+}  // namespace
+}  // namespace zol

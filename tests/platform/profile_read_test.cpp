@@ -1,0 +1,156 @@
+#include "platform/profile.h"
+#include "tests/platform/temp_home.h"
+
+#include <cstring>
+
+namespace zol {
+namespace {
+
+using test::TempHome;
+
+class ProfileRead : public TempHome {};
+
+TEST_F(ProfileRead, NamesMatchWithoutCaseAndFirstDuplicateWins) {
+    put("a.ini",
+        "[Main]\nName=first\nname=second\n"
+        "[MAIN]\nOnlyLater=x\nName=third\n");
+    EXPECT_EQ(getProfileString("main", "NAME", "d", "a.ini"), "first");
+    // Only the first section of a name is searched.
+    EXPECT_EQ(getProfileString("Main", "OnlyLater", "d", "a.ini"), "d");
+}
+
+TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemoved) {
+    put("a.ini",
+        "[S]\n"
+        "  spaced  =   value with blanks \t \n"
+        "dq=\"  keep inner  \"\n"
+        "sq='single'\n"
+        "mixed=\"open'\n"
+        "twice=\"\"x\"\"\n"
+        "lone=\"\n"
+        "empty=\n"
+        "bare\n"
+        "; commented=1\n");
+    EXPECT_EQ(getProfileString("S", "spaced", "", "a.ini"), "value with blanks");
+    EXPECT_EQ(getProfileString("S", "dq", "", "a.ini"), "  keep inner  ");
+    EXPECT_EQ(getProfileString("S", "sq", "", "a.ini"), "single");
+    EXPECT_EQ(getProfileString("S", "mixed", "", "a.ini"), "\"open'");
+    EXPECT_EQ(getProfileString("S", "twice", "", "a.ini"), "\"x\"");
+    EXPECT_EQ(getProfileString("S", "lone", "", "a.ini"), "\"");
+    // A present but empty key is not missing.
+    EXPECT_EQ(getProfileString("S", "empty", "def", "a.ini"), "");
+    EXPECT_EQ(getProfileString("S", "bare", "def", "a.ini"), "");
+    EXPECT_EQ(getProfileString("S", "; commented", "def", "a.ini"), "def");
+    EXPECT_EQ(findProfileString("S", "nothing", "a.ini"), std::nullopt);
+}
+
+TEST_F(ProfileRead, DefaultsForMissingFileSectionOrKey) {
+    EXPECT_EQ(getProfileString("S", "k", "dflt  ", "none.ini"), "dflt");
+    put("a.ini", "[S]\nk=v\n");
+    EXPECT_EQ(getProfileString("T", "k", "d", "a.ini"), "d");
+    EXPECT_EQ(getProfileString("S", "x", "d", "a.ini"), "d");
+    EXPECT_FALSE(exists("none.ini"));
+}
+
+TEST_F(ProfileRead, LineEndsOfEveryKind) {
+    put("crlf.ini", "[S]\r\na=1\r\nb = two \r\n");
+    put("noend.ini", "[S]\na=1\nb=last");
+    EXPECT_EQ(getProfileString("S", "b", "", "crlf.ini"), "two");
+    EXPECT_EQ(getProfileString("S", "b", "", "noend.ini"), "last");
+    EXPECT_EQ(getProfileInt("S", "a", 0, "crlf.ini"), 1);
+}
+
+TEST_F(ProfileRead, IntegerReadingTakesLeadingNumber) {
+    put("a.ini",
+        "[N]\nplain=42\nsuffix=17abc\nneg=-7\nplus=+3\nword=abc\nempty=\nblank=  12  \nquoted=\"5\"\n"
+        "big=4294967295\nsignonly=-\n");
+    EXPECT_EQ(getProfileInt("N", "plain", 9, "a.ini"), 42);
+    EXPECT_EQ(getProfileInt("N", "suffix", 9, "a.ini"), 17);
+    EXPECT_EQ(getProfileInt("N", "neg", 9, "a.ini"), -7);
+    EXPECT_EQ(getProfileInt("N", "plus", 9, "a.ini"), 3);
+    EXPECT_EQ(getProfileInt("N", "word", 9, "a.ini"), 9);
+    EXPECT_EQ(getProfileInt("N", "empty", 9, "a.ini"), 9);
+    EXPECT_EQ(getProfileInt("N", "blank", 9, "a.ini"), 12);
+    EXPECT_EQ(getProfileInt("N", "quoted", 9, "a.ini"), 5);
+    EXPECT_EQ(getProfileInt("N", "big", 9, "a.ini"), -1);
+    EXPECT_EQ(getProfileInt("N", "signonly", 9, "a.ini"), 9);
+    EXPECT_EQ(getProfileInt("N", "missing", 9, "a.ini"), 9);
+}
+
+TEST_F(ProfileRead, BuffersAreCutLikeWindows) {
+    put("a.ini", "[S]\nk=abcdef\n");
+    char buf[8];
+    std::memset(buf, 'X', sizeof buf);
+    EXPECT_EQ(getProfileString("S", "k", "", buf, 4, "a.ini"), 3u);
+    EXPECT_STREQ(buf, "abc");
+    EXPECT_EQ(getProfileString("S", "k", "", buf, 1, "a.ini"), 0u);
+    EXPECT_STREQ(buf, "");
+    buf[0] = 'X';
+    EXPECT_EQ(getProfileString("S", "k", "", buf, 0, "a.ini"), 0u);
+    EXPECT_EQ(buf[0], 'X');
+    EXPECT_EQ(getProfileString("S", "k", "", buf, 7, "a.ini"), 6u);
+    EXPECT_STREQ(buf, "abcdef");
+    EXPECT_EQ(getProfileString("S", "missing", nullptr, buf, 8, "a.ini"), 0u);
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini", 4), "abc");
+    EXPECT_EQ(getProfileString("S", "missing", "defaults", "a.ini", 4), "def");
+}
+
+TEST_F(ProfileRead, EnumerationListsNamesOnceInFileOrder) {
+    put("a.ini",
+        "top=ignored\n[one]\nb=1\na=2\nB=3\n;c=4\n\n[Two]\n[ONE]\nz=9\n[three]\n");
+    EXPECT_EQ(getProfileSectionNames("a.ini"), (std::vector<std::string>{"one", "Two", "three"}));
+    EXPECT_EQ(getProfileKeys("One", "a.ini"), (std::vector<std::string>{"b", "a"}));
+    EXPECT_TRUE(getProfileKeys("two", "a.ini").empty());
+    EXPECT_TRUE(getProfileKeys("four", "a.ini").empty());
+    EXPECT_TRUE(profileSectionExists("TWO", "a.ini"));
+    EXPECT_FALSE(profileSectionExists("four", "a.ini"));
+}
+
+TEST_F(ProfileRead, NameListsInBuffersEndWithTwoZeros) {
+    put("a.ini", "[one]\nk1=1\nk2=2\n[two]\n");
+    char buf[32];
+    EXPECT_EQ(getProfileSectionNames(buf, sizeof buf, "a.ini"), 8u);
+    EXPECT_EQ(std::string(buf, 9), std::string("one\0two\0\0", 9));
+    EXPECT_EQ(getProfileString("one", nullptr, "", buf, sizeof buf, "a.ini"), 6u);
+    EXPECT_EQ(std::string(buf, 7), std::string("k1\0k2\0\0", 7));
+    // Too small: the last name is cut and two zeros end the buffer.
+    EXPECT_EQ(getProfileString(nullptr, nullptr, "", buf, 8, "a.ini"), 6u);
+    EXPECT_EQ(std::string(buf, 8), std::string("one\0tw\0\0", 8));
+    EXPECT_EQ(getProfileSectionNames(buf, 5, "a.ini"), 3u);
+    EXPECT_EQ(std::string(buf, 5), std::string("one\0\0", 5));
+}
+
+TEST_F(ProfileRead, BareNamesLiveInTheHomeWhateverTheirCase) {
+    put("ZOL.INI", "[S]\nk=v\n");
+    EXPECT_EQ(profilePath("zol.ini"), path("ZOL.INI"));
+    EXPECT_EQ(getProfileString("S", "k", "", "zol.ini"), "v");
+    EXPECT_EQ(profilePath("sub/x.ini"), "sub/x.ini");
+    EXPECT_EQ(getProfileString("S", "k", "", path("ZOL.INI")), "v");
+}
+
+TEST_F(ProfileRead, ChangesMadeByOthersAreSeen) {
+    namespace fs = std::filesystem;
+    put("a.ini", "[S]\nk=old\n");
+    auto past = fs::file_time_type::clock::now() - std::chrono::hours(2);
+    fs::last_write_time(path("a.ini"), past);
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "old");
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "old");
+    // Same size, older time stamp than before: still a different file.
+    put("a.ini", "[S]\nk=new\n");
+    fs::last_write_time(path("a.ini"), past - std::chrono::hours(1));
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "new");
+    fs::remove(path("a.ini"));
+    EXPECT_EQ(getProfileString("S", "k", "gone", "a.ini"), "gone");
+}
+
+TEST_F(ProfileRead, GarbageNeverBreaksReading) {
+    using namespace std::string_literals;
+    put("j.ini", "[\0]=\n[[x]]]\n=\n=v\n[ a ]\r\r\n \t[b\n]]\n\xff\xfe=\x80\n"s);
+    EXPECT_EQ(getProfileString("[x]]", "=", "d", "j.ini"), "d");
+    EXPECT_EQ(getProfileString("a", "[b", "d", "j.ini"), "");
+    EXPECT_EQ(getProfileString("a", "\xff\xfe", "", "j.ini"), "\x80");
+    EXPECT_FALSE(getProfileSectionNames("j.ini").empty());
+}
+
+}  // namespace
+}  // namespace zol

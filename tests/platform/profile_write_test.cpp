@@ -1,0 +1,185 @@
+#include "platform/profile.h"
+#include "tests/platform/temp_home.h"
+
+namespace zol {
+namespace {
+
+using test::TempHome;
+
+class ProfileWrite : public TempHome {};
+
+const char* const kSample =
+    "; settings of a careful user\r\n"
+    "\r\n"
+    "[Editor]\r\n"
+    "  TabSize = 4   \r\n"
+    "Ruler=1\r\n"
+    "; about printing\r\n"
+    "\r\n"
+    "[Printing]\r\n"
+    "Header=&f\r\n"
+    "\r\n"
+    "\r\n"
+    "[Last]\r\n"
+    "x=1";
+
+TEST_F(ProfileWrite, ChangingAKeyTouchesOnlyItsLine) {
+    put("a.ini", kSample);
+    ASSERT_TRUE(writeProfileString("editor", "tabsize", "8", "a.ini"));
+    std::string expected = kSample;
+    expected.replace(expected.find("TabSize = 4   "), 14, "TabSize = 8");
+    EXPECT_EQ(get("a.ini"), expected);
+    EXPECT_EQ(getProfileInt("Editor", "TabSize", 0, "a.ini"), 8);
+}
+
+TEST_F(ProfileWrite, NewKeyFollowsTheLastKeyOfItsSection) {
+    put("a.ini", kSample);
+    ASSERT_TRUE(writeProfileString("Editor", "Wrap", "0", "a.ini"));
+    ASSERT_TRUE(writeProfileString("Printing", "Footer", "&p", "a.ini"));
+    std::string expected = kSample;
+    expected.insert(expected.find("; about printing"), "Wrap=0\r\n");
+    expected.insert(expected.find("\r\n\r\n\r\n[Last]") + 2, "Footer=&p\r\n");
+    EXPECT_EQ(get("a.ini"), expected);
+}
+
+TEST_F(ProfileWrite, NewKeyInLastLineWithoutLineEnd) {
+    put("a.ini", kSample);
+    ASSERT_TRUE(writeProfileString("Last", "y", "2", "a.ini"));
+    EXPECT_EQ(get("a.ini"), std::string(kSample) + "\r\ny=2\r\n");
+}
+
+TEST_F(ProfileWrite, NewSectionGoesToTheEnd) {
+    put("a.ini", "[A]\nk=1\n\n");
+    ASSERT_TRUE(writeProfileString("B", "k", "2", "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[A]\nk=1\n\n[B]\nk=2\n");
+    put("b.ini", "[A]\r\nk=1");
+    ASSERT_TRUE(writeProfileString("B", "k", "2", "b.ini"));
+    EXPECT_EQ(get("b.ini"), "[A]\r\nk=1\r\n[B]\r\nk=2\r\n");
+}
+
+TEST_F(ProfileWrite, KeyInSectionWithoutKeysGoesUnderTheHeader) {
+    put("a.ini", "[A]\n; nothing yet\n\n[B]\n");
+    ASSERT_TRUE(writeProfileString("A", "k", "v", "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[A]\nk=v\n; nothing yet\n\n[B]\n");
+}
+
+TEST_F(ProfileWrite, MissingFileIsCreatedInTheHome) {
+    ASSERT_TRUE(writeProfileString("S", "k", "v", "new.ini"));
+    EXPECT_EQ(get("new.ini"), "[S]\nk=v\n");
+    EXPECT_FALSE(writeProfileString("S", "k", "v", path("no/such/folder.ini")));
+    EXPECT_FALSE(exists("no"));
+}
+
+TEST_F(ProfileWrite, OnlyTheFirstOfDuplicatesChanges) {
+    put("a.ini", "[S]\nk=1\nK=2\n[s]\nk=3\n");
+    ASSERT_TRUE(writeProfileString("s", "K", "9", "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[S]\nk=9\nK=2\n[s]\nk=3\n");
+}
+
+TEST_F(ProfileWrite, ValuesStayOnOneLine) {
+    ASSERT_TRUE(writeProfileString("S", "k", "one\n[Evil]\r\nx=1", "a.ini"));
+    EXPECT_EQ(getProfileSectionNames("a.ini"), std::vector<std::string>{"S"});
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "one [Evil]  x=1");
+}
+
+TEST_F(ProfileWrite, BareKeyGainsAValue) {
+    put("a.ini", "[S]\n  flag  \n");
+    ASSERT_TRUE(writeProfileString("S", "flag", "1", "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[S]\n  flag=1\n");
+}
+
+TEST_F(ProfileWrite, UnchangedValueLeavesTheFileAlone) {
+    namespace fs = std::filesystem;
+    put("a.ini", "[S]\nk=v\n");
+    fs::create_hard_link(path("a.ini"), path("link.ini"));
+    ASSERT_TRUE(writeProfileString("S", "k", "v", "a.ini"));
+    EXPECT_EQ(fs::hard_link_count(path("a.ini")), 2u);
+    ASSERT_TRUE(writeProfileString("S", "k", "w", "a.ini"));
+    // Replaced as a whole: the old file lives on under the other link.
+    EXPECT_EQ(fs::hard_link_count(path("a.ini")), 1u);
+    EXPECT_EQ(get("link.ini"), "[S]\nk=v\n");
+}
+
+TEST_F(ProfileWrite, NoTemporaryFilesRemain) {
+    put("a.ini", kSample);
+    for (int i = 0; i < 5; ++i) ASSERT_TRUE(writeProfileString("S", "k" + std::to_string(i), "v", "a.ini"));
+    int files = 0;
+    for (const auto& e : std::filesystem::directory_iterator(dir)) {
+        (void)e;
+        ++files;
+    }
+    EXPECT_EQ(files, 1);
+}
+
+TEST_F(ProfileWrite, WritesGoThroughSymbolicLinks) {
+    namespace fs = std::filesystem;
+    fs::create_directory(path("real"));
+    put("real/t.ini", "[S]\nk=1\n");
+    fs::create_symlink(path("real/t.ini"), path("l.ini"));
+    ASSERT_TRUE(writeProfileString("S", "k", "2", "l.ini"));
+    EXPECT_TRUE(fs::is_symlink(path("l.ini")));
+    EXPECT_EQ(get("real/t.ini"), "[S]\nk=2\n");
+}
+
+TEST_F(ProfileWrite, ReadOnlyFileIsNotWritten) {
+    namespace fs = std::filesystem;
+    put("a.ini", "[S]\nk=1\n");
+    fs::permissions(path("a.ini"), fs::perms::owner_read);
+    if (std::ofstream(path("a.ini"), std::ios::app)) GTEST_SKIP() << "running with rights that ignore permissions";
+    EXPECT_FALSE(writeProfileString("S", "k", "2", "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[S]\nk=1\n");
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "1");
+}
+
+TEST_F(ProfileWrite, NullValueDeletesKeyAndItsDuplicates) {
+    put("a.ini", "[S]\nk=1\n; note\nK=2\nj=3\n[T]\nk=4\n");
+    ASSERT_TRUE(writeProfileString("s", "k", nullptr, "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[S]\n; note\nj=3\n[T]\nk=4\n");
+    ASSERT_TRUE(writeProfileString("T", "k", std::nullopt, "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[S]\n; note\nj=3\n[T]\n");
+    // Deleting what is not there changes nothing.
+    ASSERT_TRUE(writeProfileString("T", "none", nullptr, "a.ini"));
+    ASSERT_TRUE(writeProfileString("U", "none", nullptr, "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[S]\n; note\nj=3\n[T]\n");
+}
+
+TEST_F(ProfileWrite, NullKeyDeletesTheWholeSection) {
+    put("a.ini", "[A]\na=1\n\n[B]\nb=1\n; b's note\n\n[a]\nc=2\n[C]\nc=3");
+    const char* noKey = nullptr;
+    ASSERT_TRUE(writeProfileString("A", noKey, "ignored", "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[B]\nb=1\n; b's note\n\n[C]\nc=3");
+    ASSERT_TRUE(writeProfileString("c", std::nullopt, std::nullopt, "a.ini"));
+    EXPECT_EQ(get("a.ini"), "[B]\nb=1\n; b's note\n\n");
+}
+
+TEST_F(ProfileWrite, DeletingFromAMissingFileCreatesNothing) {
+    ASSERT_TRUE(writeProfileString("S", "k", nullptr, "none.ini"));
+    ASSERT_TRUE(writeProfileString("S", nullptr, nullptr, "none.ini"));
+    EXPECT_FALSE(exists("none.ini"));
+}
+
+TEST_F(ProfileWrite, BatchWritesOnceAndReadsSeeItsChanges) {
+    put("a.ini", "[S]\nk=1\n");
+    {
+        ProfileBatch batch("a.ini");
+        for (int i = 0; i < 50; ++i) writeProfileInt("S", "n" + std::to_string(i), i, "a.ini");
+        writeProfileString("S", "k", "2", "a.ini");
+        EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "2");
+        EXPECT_EQ(getProfileInt("S", "n49", 0, "a.ini"), 49);
+        EXPECT_EQ(get("a.ini"), "[S]\nk=1\n");
+        EXPECT_TRUE(batch.commit());
+    }
+    flushProfileCache();
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "2");
+    EXPECT_EQ(getProfileKeys("S", "a.ini").size(), 51u);
+}
+
+TEST_F(ProfileWrite, FailedBatchReportsAndForgetsItsImage) {
+    beginProfileBatch(path("gone/a.ini"));
+    writeProfileString("S", "k", "v", path("gone/a.ini"));
+    EXPECT_FALSE(endProfileBatch(path("gone/a.ini")));
+    EXPECT_EQ(getProfileString("S", "k", "none", path("gone/a.ini")), "none");
+}
+
+}  // namespace
+}  // namespace zol
