@@ -15,11 +15,22 @@ Pos clampPos(const Document& doc, Pos p) {
     return p;
 }
 
-// Byte span of the columns [left, right) of one line; a column inside a tab counts
-// as the tab's start, a column past the end as the end.
-void columnSpan(std::string_view text, int left, int right, size_t& from, size_t& to) {
-    from = locateColumn(text, left).offset;
-    to = std::max(from, locateColumn(text, right).offset);
+// A line with its screen columns [left, right) taken out; a tab cut by either edge
+// leaves blanks for its part outside the block.
+std::string cutColumns(std::string_view line, int left, int right) {
+    const ColumnHit a = locateColumn(line, left);
+    std::string out(line.substr(0, a.offset));
+    if (a.padding > 0) return out;
+    if (a.insideTab) out.append(static_cast<size_t>(left - a.charColumn), ' ');
+    const ColumnHit b = locateColumn(line, right);
+    if (b.padding > 0) return out;
+    size_t rest = b.offset;
+    if (b.insideTab) {
+        out.append(static_cast<size_t>(advanceColumn('\t', b.charColumn) - right), ' ');
+        ++rest;
+    }
+    out.append(line.substr(rest));
+    return out;
 }
 
 bool deleteColumnBlock(Document& doc) {
@@ -37,12 +48,11 @@ bool deleteColumnBlock(Document& doc) {
     // undo sees one replacement of the whole lines.
     bool removedAny = false;
     for (int32_t l = begin.line; l <= end.line; ++l) {
-        std::string_view text = lineText(doc, l);
-        size_t from, to;
-        columnSpan(text, left, right, from, to);
-        if (from == to) continue;
-        const int fromCol = columnOfOffset(text, from), toCol = columnOfOffset(text, to);
-        rawDelete(doc, makePos(fromCol, l), makePos(toCol, l), nullptr);
+        const std::string_view text = lineText(doc, l);
+        const std::string kept = cutColumns(text, left, right);
+        if (kept == text) continue;
+        rawDelete(doc, makePos(0, l), makePos(lineWidth(text), l), nullptr);
+        rawInsert(doc, makePos(0, l), kept, nullptr);
         removedAny = true;
     }
     setCursor(doc, makePos(left, begin.line));
@@ -58,6 +68,27 @@ bool deleteColumnBlock(Document& doc) {
 }
 
 }  // namespace
+
+// Columns [left, right) of a line as a rectangle: tabs become blanks and a short
+// line is padded, so the block keeps its shape wherever it is pasted.
+std::string columnSlice(std::string_view line, int left, int right) {
+    std::string out;
+    int col = 0;
+    for (char c : line) {
+        if (col >= right) break;
+        const int next = advanceColumn(c, col);
+        if (next > left) {
+            if (c == '\t')
+                out.append(static_cast<size_t>(std::min(next, right) - std::max(col, left)), ' ');
+            else
+                out += c;
+        }
+        col = next;
+    }
+    const int width = lineWidth(out);
+    if (width < right - left) out.append(static_cast<size_t>(right - left - width), ' ');
+    return out;
+}
 
 bool selectionRange(const Document& doc, Pos& begin, Pos& end) {
     if (!doc.selExists) {
@@ -100,10 +131,7 @@ std::string selectedText(const Document& doc) {
     LineRef r = ll.find(begin.line);
     for (int32_t l = begin.line; l <= end.line; ++l, r = ll.next(r)) {
         if (l > begin.line) out.append("\r\n");
-        std::string_view text = ll.text(r);
-        size_t from, to;
-        columnSpan(text, left, right, from, to);
-        out.append(text.substr(from, to - from));
+        out.append(columnSlice(ll.text(r), left, right));
     }
     return out;
 }

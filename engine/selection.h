@@ -32,6 +32,9 @@ void extendSelection(Document& doc, Pos to);
 // The selected text, lines joined with CR LF; a column selection gives one row of the
 // rectangle per line. Empty without a selection.
 std::string selectedText(const Document& doc);
+// Columns [left, right) of a line as a rectangle: tabs become blanks and a short line
+// is padded, so a column block keeps its shape wherever it is pasted.
+std::string columnSlice(std::string_view line, int left, int right);
 // Deletes the selected text as one undo record and puts the cursor where it began
 // (top-left corner of a column rectangle). False when there is no selection, the
 // document is read-only or the edit failed.

@@ -172,7 +172,10 @@ bool profileSet(ProfileDoc& doc, std::string_view section, std::string_view key,
     size_t header = findSection(doc, section);
     if (header == doc.lines.size()) {
         if (!doc.lines.empty() && doc.lines.back().eol.empty()) doc.lines.back().eol = eol;
-        doc.lines.push_back(makeLine("[" + oneLine(section) + "]", eol));
+        std::string head(1, '[');
+        head += oneLine(section);
+        head += ']';
+        doc.lines.push_back(makeLine(head, eol));
         doc.lines.push_back(makeLine(oneLine(key) + "=" + val, eol));
         return true;
     }

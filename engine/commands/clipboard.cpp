@@ -34,27 +34,6 @@ int finish(Document& doc, bool ok) {
     return 1;
 }
 
-// Columns [left, right) of a line as a rectangle: tabs become blanks and a short
-// line is padded, so the block keeps its shape wherever it is pasted.
-std::string columnSlice(std::string_view line, int left, int right) {
-    std::string out;
-    int col = 0;
-    for (char c : line) {
-        if (col >= right) break;
-        const int next = advanceColumn(c, col);
-        if (next > left) {
-            if (c == '\t')
-                out.append(static_cast<size_t>(std::min(next, right) - std::max(col, left)), ' ');
-            else
-                out += c;
-        }
-        col = next;
-    }
-    const int width = lineWidth(out);
-    if (width < right - left) out.append(static_cast<size_t>(right - left - width), ' ');
-    return out;
-}
-
 // A column selection gives both formats: the rectangle's rows and its size.
 ClipboardData selectionData(const Document& doc) {
     ClipboardData data;
@@ -66,11 +45,7 @@ ClipboardData selectionData(const Document& doc) {
     }
     const int left = selLeftCol(doc), right = selRightCol(doc);
     const int32_t bottom = std::min(last.line, lastLine(doc));
-    LineRef r = doc.lines.find(first.line);
-    for (int32_t l = first.line; l <= bottom; ++l, r = doc.lines.next(r)) {
-        if (l > first.line) data.text += "\r\n";
-        data.text += columnSlice(doc.lines.text(r), left, right);
-    }
+    data.text = selectedText(doc);
     data.hasColumnBlock = true;
     data.blockWidth = static_cast<uint32_t>(right - left);
     data.blockHeight = static_cast<uint32_t>(bottom - first.line + 1);

@@ -58,54 +58,11 @@ bool replaceAt(Document& doc, Pos from, Pos to, std::string_view text) {
     return replaceRange(doc, from, to, padded);
 }
 
-// A line with its screen columns [left, right) taken out; a tab cut by either edge
-// leaves blanks for its part outside the block.
-std::string cutColumns(std::string_view line, int left, int right) {
-    const ColumnHit a = locateColumn(line, left);
-    std::string out(line.substr(0, a.offset));
-    if (a.padding > 0) return out;
-    if (a.insideTab) out.append(static_cast<size_t>(left - a.charColumn), ' ');
-    const ColumnHit b = locateColumn(line, right);
-    if (b.padding > 0) return out;
-    size_t rest = b.offset;
-    if (b.insideTab) {
-        out.append(static_cast<size_t>(advanceColumn('\t', b.charColumn) - right), ' ');
-        ++rest;
-    }
-    out.append(line.substr(rest));
-    return out;
-}
-
-// Takes the rectangle of a column selection out of every line it covers, as one
-// replacement of those whole lines. The cursor goes to its top left corner.
-bool deleteColumnBlock(Document& doc) {
-    Pos begin, end;
-    selectionRange(doc, begin, end);
-    const int32_t top = begin.line, bottom = std::min(end.line, lastLine(doc));
-    const int left = selLeftCol(doc), right = selRightCol(doc);
-    std::string before, after;
-    LineRef r = doc.lines.find(top);
-    for (int32_t l = top; l <= bottom; ++l, r = doc.lines.next(r)) {
-        const std::string_view line = doc.lines.text(r);
-        if (l > top) {
-            before += "\r\n";
-            after += "\r\n";
-        }
-        before += line;
-        after += cutColumns(line, left, right);
-    }
-    if (after != before &&
-        !replaceRange(doc, makePos(0, top), makePos(lineWidthAt(doc, bottom), bottom), after))
-        return false;
-    setCursor(doc, makePos(left, top));
-    return true;
-}
-
 int deleteSelected(Document& doc) {
     breakMerge(doc);
     Pos begin, end;
     selectionRange(doc, begin, end);
-    return finish(doc, isColumnSelection(doc) ? deleteColumnBlock(doc) : deleteRange(doc, begin, end));
+    return finish(doc, isColumnSelection(doc) ? deleteSelection(doc) : deleteRange(doc, begin, end));
 }
 
 // Types text made for the place where it lands. A character selection is replaced
@@ -115,7 +72,7 @@ int typeText(Document& doc, MakeText make) {
     if (!hasSelection(doc)) return finish(doc, insertText(doc, make(doc.cursor)));
     breakMerge(doc);
     if (isColumnSelection(doc)) {
-        if (!deleteColumnBlock(doc)) return finish(doc, false);
+        if (!deleteSelection(doc)) return finish(doc, false);
         clearSelection(doc);
         return finish(doc, insertText(doc, make(doc.cursor)));
     }
