@@ -102,6 +102,12 @@ bool selectionRange(const Document& doc, Pos& begin, Pos& end) {
 
 bool isColumnSelection(const Document& doc) { return doc.selExists && doc.selMode == SelMode::Column; }
 
+bool hasSelection(const Document& doc) {
+    Pos begin, end;
+    if (!selectionRange(doc, begin, end)) return false;
+    return isColumnSelection(doc) ? selLeftCol(doc) != selRightCol(doc) : begin != end;
+}
+
 int selLeftCol(const Document& doc) { return std::min(doc.selAnchor.col, doc.selEnd.col); }
 int selRightCol(const Document& doc) { return std::max(doc.selAnchor.col, doc.selEnd.col); }
 

@@ -16,6 +16,8 @@ namespace zol {
 // there is no selection.
 bool selectionRange(const Document& doc, Pos& begin, Pos& end);
 bool isColumnSelection(const Document& doc);
+// A selection that covers something: a column selection without width selects nothing.
+bool hasSelection(const Document& doc);
 // Left and right column of a column-mode rectangle (right is exclusive).
 int selLeftCol(const Document& doc);
 int selRightCol(const Document& doc);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/columns.h"
-#include "engine/commands/messages.h"
+#include "engine/commands/edit_result.h"
 #include "engine/document.h"
 #include "engine/edit.h"
 #include "engine/selection.h"
@@ -15,24 +15,6 @@
 
 namespace zol {
 namespace {
-
-// A column selection without width selects nothing.
-bool hasSelection(const Document& doc) {
-    Pos begin, end;
-    if (!selectionRange(doc, begin, end)) return false;
-    return isColumnSelection(doc) ? selLeftCol(doc) != selRightCol(doc) : begin != end;
-}
-
-// Edits fail only when a line would outgrow its capacity; then the selection stays.
-int finish(Document& doc, bool ok) {
-    if (!ok) {
-        shell().statusMessage(kMsgLineTooLong);
-        return 0;
-    }
-    clearSelection(doc);
-    doc.desiredCol = -1;
-    return 1;
-}
 
 // A column selection gives both formats: the rectangle's rows and its size.
 ClipboardData selectionData(const Document& doc) {
@@ -135,26 +117,26 @@ int pasteColumnBlock(Document& doc, std::string_view text) {
     const bool ok = replaceRange(doc, makePos(0, at.line), makePos(lineWidthAt(doc, bottom), bottom), lines);
     doc.lastCmd = 0;
     if (ok) setCursor(doc, after);
-    return finish(doc, ok);
+    return finishEdit(doc, ok);
 }
 
 // Plain text goes in as typed text does; a character selection is replaced in the
 // same record. A column selection is cut first, on a record of its own.
 int pasteText(Document& doc, const CommandCall& call, std::string_view text) {
-    if (!hasSelection(doc)) return finish(doc, insertText(doc, text));
+    if (!hasSelection(doc)) return finishEdit(doc, insertText(doc, text));
     // Pasting over a selection starts a record of its own.
     doc.prevCmd = 0;
     if (isColumnSelection(doc)) {
         if (!cmdDeleteBlock(doc, call)) return 0;
-        return finish(doc, insertText(doc, text));
+        return finishEdit(doc, insertText(doc, text));
     }
     Pos from, to;
     selectionRange(doc, from, to);
     const int width = lineWidthAt(doc, from.line);
-    if (from.col <= width) return finish(doc, replaceRange(doc, from, to, text));
+    if (from.col <= width) return finishEdit(doc, replaceRange(doc, from, to, text));
     std::string padded(static_cast<size_t>(from.col - width), ' ');
     padded += text;
-    return finish(doc, replaceRange(doc, from, to, padded));
+    return finishEdit(doc, replaceRange(doc, from, to, padded));
 }
 
 std::string lineWithEnd(const Document& doc) {
@@ -168,13 +150,13 @@ std::string lineWithEnd(const Document& doc) {
 int cmdUndo(Document& doc, const CommandCall&) {
     const bool any = !doc.undo.undo.empty();
     undo(doc);
-    return any ? finish(doc, true) : 0;
+    return any ? finishEdit(doc, true) : 0;
 }
 
 int cmdRedo(Document& doc, const CommandCall&) {
     const bool any = !doc.undo.redo.empty() && doc.undo.lastWasUndoRedo;
     redo(doc);
-    return any ? finish(doc, true) : 0;
+    return any ? finishEdit(doc, true) : 0;
 }
 
 int cmdCopy(Document& doc, const CommandCall&) {

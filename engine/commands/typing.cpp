@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "engine/columns.h"
-#include "engine/commands/messages.h"
+#include "engine/commands/edit_result.h"
 #include "engine/document.h"
 #include "engine/edit.h"
 #include "engine/options.h"
@@ -17,28 +17,9 @@
 namespace zol {
 namespace {
 
-// A column selection without width selects nothing.
-bool hasSelection(const Document& doc) {
-    Pos begin, end;
-    if (!selectionRange(doc, begin, end)) return false;
-    return isColumnSelection(doc) ? selLeftCol(doc) != selRightCol(doc) : begin != end;
-}
-
 // A selection is edited as a whole: its record never joins the one the same
 // command made before (the merge only suits edits that follow each other).
 void breakMerge(Document& doc) { doc.prevCmd = 0; }
-
-// The primitive edits fail only when a line would outgrow its capacity; then the
-// selection stays as it was.
-int finish(Document& doc, bool ok) {
-    if (!ok) {
-        shell().statusMessage(kMsgLineTooLong);
-        return 0;
-    }
-    clearSelection(doc);
-    doc.desiredCol = -1;
-    return 1;
-}
 
 bool allBlank(std::string_view s) { return std::all_of(s.begin(), s.end(), isBlank); }
 
@@ -62,23 +43,23 @@ int deleteSelected(Document& doc) {
     breakMerge(doc);
     Pos begin, end;
     selectionRange(doc, begin, end);
-    return finish(doc, isColumnSelection(doc) ? deleteSelection(doc) : deleteRange(doc, begin, end));
+    return finishEdit(doc, isColumnSelection(doc) ? deleteSelection(doc) : deleteRange(doc, begin, end));
 }
 
 // Types text made for the place where it lands. A character selection is replaced
 // together with the text; a column block is cut first, on its own record.
 template <class MakeText>
 int typeText(Document& doc, MakeText make) {
-    if (!hasSelection(doc)) return finish(doc, insertText(doc, make(doc.cursor)));
+    if (!hasSelection(doc)) return finishEdit(doc, insertText(doc, make(doc.cursor)));
     breakMerge(doc);
     if (isColumnSelection(doc)) {
-        if (!deleteSelection(doc)) return finish(doc, false);
+        if (!deleteSelection(doc)) return finishEdit(doc, false);
         clearSelection(doc);
-        return finish(doc, insertText(doc, make(doc.cursor)));
+        return finishEdit(doc, insertText(doc, make(doc.cursor)));
     }
     Pos from, to;
     selectionRange(doc, from, to);
-    return finish(doc, replaceAt(doc, from, to, make(from)));
+    return finishEdit(doc, replaceAt(doc, from, to, make(from)));
 }
 
 // Overwrite mode: the character under the cursor gives way to c. At or beyond the
@@ -89,7 +70,7 @@ bool overwriteChar(Document& doc, char c, int* result) {
     const ColumnHit hit = locateColumn(line, cur.col);
     if (hit.padding > 0 || hit.offset >= line.size() || hit.insideTab) return false;
     const Pos to = makePos(advanceColumn(line[hit.offset], hit.charColumn), cur.line);
-    *result = finish(doc, replaceRange(doc, cur, to, std::string_view(&c, 1)));
+    *result = finishEdit(doc, replaceRange(doc, cur, to, std::string_view(&c, 1)));
     return true;
 }
 
@@ -169,14 +150,14 @@ int deleteAtCursor(Document& doc) {
     if (cur.col >= width) {
         if (cur.line >= lastLine(doc)) return 0;
         const Pos eol = makePos(width, cur.line), next = makePos(0, cur.line + 1);
-        if (cur.col == width) return finish(doc, deleteRange(doc, eol, next));
+        if (cur.col == width) return finishEdit(doc, deleteRange(doc, eol, next));
         const std::string pad(static_cast<size_t>(cur.col - width), ' ');
-        return finish(doc, replaceRange(doc, eol, next, pad));
+        return finishEdit(doc, replaceRange(doc, eol, next, pad));
     }
     const ColumnHit hit = locateColumn(line, cur.col);
     const Pos from = makePos(hit.charColumn, cur.line);
     const Pos to = makePos(advanceColumn(line[hit.offset], hit.charColumn), cur.line);
-    return finish(doc, deleteRange(doc, from, to));
+    return finishEdit(doc, deleteRange(doc, from, to));
 }
 
 // Indent text of `width` columns: tabs then blanks with "AutoIndentUsingTabs".
@@ -228,7 +209,7 @@ int breakLine(Document& doc, bool withIndent) {
         ll.header(ll.next(r)).bookmark = ll.header(r).bookmark;
         ll.header(r).bookmark = 0;
     }
-    return finish(doc, ok);
+    return finishEdit(doc, ok);
 }
 
 // Removes a whole line with its line end. Deleting from the end of the line above
@@ -247,7 +228,7 @@ int removeLine(Document& doc, int32_t l) {
         ok = deleteRange(doc, makePos(0, 0), makePos(0, 1));
         if (ok) ll.header(ll.first).bookmark = nextMark;
     }
-    return finish(doc, ok);
+    return finishEdit(doc, ok);
 }
 
 const std::string kCommentText = "/" + std::string(68, '*') + "\r\n\r\n" + std::string(68, '*') + "/\r\n";
@@ -276,9 +257,9 @@ int cmdBackspace(Document& doc, const CommandCall&) {
     const std::string_view line = lineText(doc, cur.line);
     if (cur.col > lineWidth(line)) {
         setCursor(doc, makePos(cur.col - 1, cur.line));
-        return finish(doc, true);
+        return finishEdit(doc, true);
     }
-    if (cur.col == 0) return cur.line == 0 ? 0 : finish(doc, joinWithPrevious(doc, cur.line));
+    if (cur.col == 0) return cur.line == 0 ? 0 : finishEdit(doc, joinWithPrevious(doc, cur.line));
     // A cursor inside a tab's expansion stands after the tab.
     const ColumnHit at = locateColumn(line, cur.col);
     const size_t endOffset = at.insideTab ? at.offset + 1 : at.offset;
@@ -290,7 +271,7 @@ int cmdBackspace(Document& doc, const CommandCall&) {
     } else {
         from = locateColumn(line, cur.col - 1).charColumn;
     }
-    return finish(doc, deleteRange(doc, makePos(from, cur.line), to));
+    return finishEdit(doc, deleteRange(doc, makePos(from, cur.line), to));
 }
 
 int cmdDelete(Document& doc, const CommandCall&) {
@@ -316,14 +297,14 @@ int cmdDeleteWord(Document& doc, const CommandCall&) {
     while (end < line.size() && charClass(line[end]) == cls) ++end;
     if (cls != CharClass::Blank)
         while (end < line.size() && isBlank(line[end])) ++end;
-    return finish(doc, deleteRange(doc, makePos(hit.charColumn, cur.line), makePos(columnOfOffset(line, end), cur.line)));
+    return finishEdit(doc, deleteRange(doc, makePos(hit.charColumn, cur.line), makePos(columnOfOffset(line, end), cur.line)));
 }
 
 int cmdDeleteWordBack(Document& doc, const CommandCall&) {
     const Pos cur = doc.cursor;
     const std::string_view line = lineText(doc, cur.line);
     const int col = std::min<int>(cur.col, lineWidth(line));
-    if (col == 0) return cur.line == 0 ? 0 : finish(doc, joinWithPrevious(doc, cur.line));
+    if (col == 0) return cur.line == 0 ? 0 : finishEdit(doc, joinWithPrevious(doc, cur.line));
     const ColumnHit hit = locateColumn(line, col);
     const size_t end = hit.insideTab ? hit.offset + 1 : hit.offset;
     size_t begin = end;
@@ -332,7 +313,7 @@ int cmdDeleteWordBack(Document& doc, const CommandCall&) {
         const CharClass cls = charClass(line[begin - 1]);
         while (begin > 0 && charClass(line[begin - 1]) == cls) --begin;
     }
-    return finish(doc, deleteRange(doc, makePos(columnOfOffset(line, begin), cur.line),
+    return finishEdit(doc, deleteRange(doc, makePos(columnOfOffset(line, begin), cur.line),
                                    makePos(columnOfOffset(line, end), cur.line)));
 }
 
@@ -340,14 +321,14 @@ int cmdDeleteToEOL(Document& doc, const CommandCall&) {
     const Pos cur = doc.cursor;
     const int width = lineWidthAt(doc, cur.line);
     if (cur.col >= width) return 0;
-    return finish(doc, deleteRange(doc, cur, makePos(width, cur.line)));
+    return finishEdit(doc, deleteRange(doc, cur, makePos(width, cur.line)));
 }
 
 int cmdDeleteToBOL(Document& doc, const CommandCall&) {
     const Pos cur = doc.cursor;
     if (cur.col == 0) return 0;
     const int to = std::min<int>(cur.col, lineWidthAt(doc, cur.line));
-    return finish(doc, deleteRange(doc, makePos(0, cur.line), makePos(to, cur.line)));
+    return finishEdit(doc, deleteRange(doc, makePos(0, cur.line), makePos(to, cur.line)));
 }
 
 int cmdDeleteLine(Document& doc, const CommandCall&) {
@@ -373,11 +354,11 @@ int cmdInsertLine(Document& doc, const CommandCall&) {
 }
 
 int cmdInsertComment(Document& doc, const CommandCall&) {
-    return finish(doc, insertText(doc, kCommentText));
+    return finishEdit(doc, insertText(doc, kCommentText));
 }
 
 int cmdInsertCommentLight(Document& doc, const CommandCall&) {
-    return finish(doc, insertText(doc, kCommentLightText));
+    return finishEdit(doc, insertText(doc, kCommentLightText));
 }
 
 }  // namespace zol

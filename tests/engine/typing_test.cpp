@@ -318,13 +318,14 @@ TEST_F(Typing, ABreakInColumnZeroTakesTheBookmarkAlong) {
     EXPECT_EQ(doc.lines.header(doc.lines.find(2)).bookmark, 0);
 }
 
-
 TEST_F(Typing, CommentBlocks) {
     run("InsertComment");
-    EXPECT_EQ(text(), "/" + std::string(68, '*') + "\n\n" + std::string(68, '*') + "/\n");
+    const std::string stars(68, '*');
+    EXPECT_EQ(text(), std::string("/").append(stars).append("\n\n").append(stars).append("/\n"));
     fill(doc, "");
     run("InsertCommentLight");
-    EXPECT_EQ(text(), "/*" + std::string(67, '-') + "\n\n" + std::string(67, '-') + "*/\n");
+    const std::string dashes(67, '-');
+    EXPECT_EQ(text(), std::string("/*").append(dashes).append("\n\n").append(dashes).append("*/\n"));
     EXPECT_EQ(doc.cursor, makePos(0, 3));
 }
 
