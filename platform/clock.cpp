@@ -45,17 +45,17 @@ TimeConventions conventionsFromFormats(const char* timeFormat, const char* dateF
         if (*p != '%') continue;
         ++p;
         bool unpadded;
-        char spec = conversion(p, unpadded);
-        if (!spec) break;
+        char conv = conversion(p, unpadded);
+        if (!conv) break;
         hourSeen = true;
-        if (spec == 'T' || spec == 'R') c.hours24 = true, c.timeSeparator = ':';
-        else if (spec == 'r') c.hours24 = false, c.timeSeparator = ':';
-        else if (spec == 'H' || spec == 'k') c.hours24 = true;
-        else if (spec == 'I' || spec == 'l') c.hours24 = false;
+        if (conv == 'T' || conv == 'R') c.hours24 = true, c.timeSeparator = ':';
+        else if (conv == 'r') c.hours24 = false, c.timeSeparator = ':';
+        else if (conv == 'H' || conv == 'k') c.hours24 = true;
+        else if (conv == 'I' || conv == 'l') c.hours24 = false;
         else hourSeen = false;
         if (!hourSeen) continue;
-        c.leadingZeroHour = !unpadded && spec != 'k' && spec != 'l';
-        if ((spec == 'H' || spec == 'k' || spec == 'I' || spec == 'l') && p[1] && p[1] != '%') c.timeSeparator = p[1];
+        c.leadingZeroHour = !unpadded && conv != 'k' && conv != 'l';
+        if ((conv == 'H' || conv == 'k' || conv == 'I' || conv == 'l') && p[1] && p[1] != '%') c.timeSeparator = p[1];
     }
     int position[3] = {0, 0, 0};  // order in which day, month and year appear
     int seen = 0;
@@ -63,19 +63,19 @@ TimeConventions conventionsFromFormats(const char* timeFormat, const char* dateF
         if (*p != '%') continue;
         ++p;
         bool unpadded;
-        char spec = conversion(p, unpadded);
-        if (!spec) break;
-        if (spec == 'D' || spec == 'x') {
+        char conv = conversion(p, unpadded);
+        if (!conv) break;
+        if (conv == 'D' || conv == 'x') {
             c.dateOrder = DateOrder::MonthDayYear;
             c.dateSeparator = '/';
             return c;
         }
-        if (spec == 'F') {
+        if (conv == 'F') {
             c.dateOrder = DateOrder::YearMonthDay;
             c.dateSeparator = '-';
             return c;
         }
-        int field = spec == 'd' || spec == 'e' ? 0 : spec == 'm' ? 1 : spec == 'y' || spec == 'Y' ? 2 : -1;
+        int field = conv == 'd' || conv == 'e' ? 0 : conv == 'm' ? 1 : conv == 'y' || conv == 'Y' ? 2 : -1;
         if (field < 0 || position[field]) continue;
         position[field] = ++seen;
         if (seen == 1 && p[1] && p[1] != '%') c.dateSeparator = p[1];
