@@ -22,8 +22,7 @@ const char* const kDefaultFileFilters[] = {
     "*.h;*.hpp;*.hxx",
     "*.c;*.cpp;*.cxx",
     "*.c;*.cpp;*.cxx;*.h;*.hpp;*.hxx",
-    "*.txt;*.ini;*.inf;*.log;*.c;*.cpp;*.h;*.odl;*.idl;*.mak;*.rc;*.asm;*.java;*.js;*.htm;*.html;*.asp;*.rc;*.pl;"
-    "*.prg;*.ch;*.pas;*.for;*.vbs;*.frm;*.bas",
+    "*.txt;*.ini;*.inf;*.log;*.c;*.cpp;*.h;*.odl;*.idl;*.mak;*.rc;*.asm;*.java;*.js;*.htm;*.html;*.asp;*.rc;*.pl;*.prg;*.ch;*.pas;*.for;*.vbs;*.frm;*.bas",
 };
 
 // Characters that cannot stand in a file extension.
