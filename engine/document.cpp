@@ -31,6 +31,10 @@ void setModified(Document& doc, bool modified) {
 
 void resetText(Document& doc) {
     doc.lines.reset();
+    forgetEditState(doc);
+}
+
+void forgetEditState(Document& doc) {
     doc.cursor = Pos{};
     doc.desiredCol = -1;
     doc.selExists = false;

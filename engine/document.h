@@ -55,5 +55,7 @@ void setCursor(Document& doc, Pos p);
 void setModified(Document& doc, bool modified);
 // Replaces the whole text by one empty line and forgets undo, selection and cursor.
 void resetText(Document& doc);
+// After the text was replaced wholesale: cursor to the start, no selection, no undo.
+void forgetEditState(Document& doc);
 
 }  // namespace zol

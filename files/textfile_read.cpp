@@ -197,12 +197,7 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
 
     swapLines(doc.lines, *fresh);
     fresh.reset();
-    doc.cursor = Pos{};
-    doc.desiredCol = -1;
-    doc.selExists = false;
-    doc.selecting = false;
-    clearUndo(doc);
-    clearRedo(doc);
+    forgetEditState(doc);
     if (detectFormat && rep.lineEndFormat >= 0) doc.textFormat = rep.lineEndFormat;
     doc.fileName = fullPath(path);
     doc.hasFile = true;
