@@ -4,11 +4,15 @@
 #include <filesystem>
 
 #include "config/settings.h"
+#include "engine/editor_events.h"
 #include "engine/options.h"
 #include "files/doc_names.h"
+#include "files/prompts.h"
+#include "files/save.h"
 #include "files/textfile.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
+#include "plugin/plugin_manager.h"
 
 namespace zol {
 namespace {
@@ -17,7 +21,22 @@ const char* const kFormatNames[] = {"DOS/Windows", "UNIX", "Macintosh"};
 
 }  // namespace
 
-Application::~Application() { documents.clear(); }
+Application::~Application() {
+    if (documentList() == &list) setDocumentList(nullptr);
+    documents.clear();
+}
+
+size_t ApplicationDocuments::count() const { return app_.documents.size(); }
+Document* ApplicationDocuments::at(size_t index) const {
+    return index < app_.documents.size() ? app_.documents[index].get() : nullptr;
+}
+Document* ApplicationDocuments::active() const { return app_.active; }
+void ApplicationDocuments::activate(Document* doc) { setActiveDocument(app_, doc); }
+Document* ApplicationDocuments::create() { return newDocument(app_); }
+Document* ApplicationDocuments::open(const std::string& path) { return openDocument(app_, path); }
+bool ApplicationDocuments::close(Document* doc) { return closeDocument(app_, doc); }
+void ApplicationDocuments::destroy(Document* doc) { destroyDocument(app_, doc); }
+intptr_t ApplicationDocuments::mainWindow() const { return app_.mainWindow; }
 
 std::string shippedDataDir() {
     namespace fs = std::filesystem;
@@ -37,16 +56,26 @@ void startUp(Application& app, const StartupOptions& opts) {
     seedHome(shippedDataDir());
     loadProfile();
     app.anotherInstance = !acquireInstanceLock();
+    setDocumentList(&app.list);
+    initPlugIns();
+    loadAllPlugIns(app.mainWindow);
     for (const std::string& f : opts.files) {
         if (!openDocument(app, f)) ++app.failedOpens;
     }
     app.started = true;
+    sendEvent(kEventStarted, 0, reinterpret_cast<intptr_t>(&app), 0);
 }
 
 void shutDown(Application& app) {
-    if (app.started) saveProfile(settings().saveSettings);
-    app.documents.clear();
-    app.active = nullptr;
+    if (app.started) {
+        const intptr_t active = reinterpret_cast<intptr_t>(app.active);
+        sendEvent(kEventFrameClosing, active);
+        sendEvent(kEventFrameGroupEnd, active);
+        saveProfile(settings().saveSettings);
+    }
+    while (!app.documents.empty()) destroyDocument(app, app.documents.back().get());
+    unloadAllPlugIns(reinterpret_cast<intptr_t>(&app));
+    if (documentList() == &app.list) setDocumentList(nullptr);
     releaseInstanceLock();
     app.started = false;
 }
@@ -56,33 +85,67 @@ Document* newDocument(Application& app) {
     doc->fileName = nextNewDocumentName(settings().newFileExtension);
     doc->textFormat = options().defaultFileFormat;
     app.documents.push_back(std::move(doc));
-    app.active = app.documents.back().get();
-    return app.active;
+    Document* made = app.documents.back().get();
+    sendDocumentEvent(kEventDocumentCreated, *made);
+    setActiveDocument(app, made);
+    return made;
 }
 
 Document* openDocument(Application& app, const std::string& path) {
+    const std::string full = fullPath(path);
+    for (const auto& d : app.documents) {
+        if (d->hasFile && d->fileName == full) {
+            setActiveDocument(app, d.get());
+            return d.get();
+        }
+    }
     auto doc = std::make_unique<Document>();
     doc->textFormat = options().defaultFileFormat;
     if (!readFile(*doc, path, options().detectFileFormat)) return nullptr;
     app.documents.push_back(std::move(doc));
-    app.active = app.documents.back().get();
-    return app.active;
+    Document* opened = app.documents.back().get();
+    sendDocumentEvent(kEventDocumentOpened, *opened);
+    setActiveDocument(app, opened);
+    return opened;
+}
+
+bool closeDocument(Application& app, Document* doc) {
+    if (!isDocument(app, doc)) return true;
+    switch (askSaveChanges(*doc)) {
+    case Answer::Cancel: return false;
+    case Answer::Yes:
+        if (!saveDocument(*doc)) return false;
+        break;
+    case Answer::No: break;
+    }
+    if (vetoed(kEventBeforeClose, *doc)) return false;
+    destroyDocument(app, doc);
+    return true;
 }
 
 void destroyDocument(Application& app, Document* doc) {
     auto it = std::find_if(app.documents.begin(), app.documents.end(),
                            [doc](const auto& d) { return d.get() == doc; });
     if (it == app.documents.end()) return;
+    sendDocumentEvent(kEventDestroying, *doc);
+    // The listener may have closed documents itself.
+    it = std::find_if(app.documents.begin(), app.documents.end(), [doc](const auto& d) { return d.get() == doc; });
+    if (it == app.documents.end()) return;
     const size_t index = static_cast<size_t>(it - app.documents.begin());
+    if (app.active == doc) sendDocumentEvent(kEventDeactivated, *doc);
     app.documents.erase(it);
     if (app.active == doc) {
-        app.active = app.documents.empty() ? nullptr
-                                           : app.documents[std::min(index, app.documents.size() - 1)].get();
+        app.active = nullptr;
+        if (!app.documents.empty())
+            setActiveDocument(app, app.documents[std::min(index, app.documents.size() - 1)].get());
     }
 }
 
 void setActiveDocument(Application& app, Document* doc) {
-    if (isDocument(app, doc)) app.active = doc;
+    if (!isDocument(app, doc) || app.active == doc) return;
+    if (app.active) sendDocumentEvent(kEventDeactivated, *app.active);
+    app.active = doc;
+    sendDocumentEvent(kEventActivated, *doc);
 }
 
 bool isDocument(const Application& app, const Document* doc) {

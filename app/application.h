@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "engine/document.h"
+#include "engine/document_list.h"
 
 namespace zol {
 
@@ -14,12 +15,34 @@ struct StartupOptions {
     std::vector<std::string> files;   // opened in order; the last becomes active
 };
 
+struct Application;
+
+// The application's documents as the lower layers reach them.
+class ApplicationDocuments final : public DocumentList {
+public:
+    explicit ApplicationDocuments(Application& app) : app_(app) {}
+    size_t count() const override;
+    Document* at(size_t index) const override;
+    Document* active() const override;
+    void activate(Document* doc) override;
+    Document* create() override;
+    Document* open(const std::string& path) override;
+    bool close(Document* doc) override;
+    void destroy(Document* doc) override;
+    intptr_t mainWindow() const override;
+
+private:
+    Application& app_;
+};
+
 struct Application {
     std::vector<std::unique_ptr<Document>> documents;  // in window order
     Document* active = nullptr;                        // null only when the list is empty
     bool started = false;
     bool anotherInstance = false;                      // the lock was held when we started
     int failedOpens = 0;                               // files of the command line that did not open
+    intptr_t mainWindow = 0;                           // the desktop frame, 0 headless
+    ApplicationDocuments list{*this};
 
     Application() = default;
     Application(const Application&) = delete;
@@ -27,14 +50,20 @@ struct Application {
     ~Application();
 };
 
-// Settings, shipped data, then the files of the command line.
+// Settings, shipped data, plug-ins, then the files of the command line; ends by
+// telling the plug-ins that the program has started.
 void startUp(Application& app, const StartupOptions& opts);
-// Saves the settings when asked to and drops every document.
+// Tells the plug-ins the program closes, saves the settings when asked to, drops every
+// document and unloads the plug-ins.
 void shutDown(Application& app);
 
 Document* newDocument(Application& app);
 // Reads a file into a new document; null (the reason already shown) when it cannot.
+// A file that is already open activates its document instead.
 Document* openDocument(Application& app, const std::string& path);
+// Asks to save a modified document and lets listeners keep it open; true when it
+// was closed.
+bool closeDocument(Application& app, Document* doc);
 // Removes the document without asking anything.
 void destroyDocument(Application& app, Document* doc);
 void setActiveDocument(Application& app, Document* doc);

@@ -1,10 +1,13 @@
 #include "engine/doc_access.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
 #include "engine/columns.h"
 #include "engine/edit.h"
+#include "engine/options.h"
+#include "engine/selection.h"
 #include "engine/shell.h"
 
 namespace zol {
@@ -74,6 +77,24 @@ bool selectionEnd(const Document* doc, int* col, int32_t* line) { return selecti
 int selectionType(const Document* doc) {
     if (!doc || !doc->selExists) return 0;
     return doc->selMode == SelMode::Column ? 2 : 1;
+}
+
+void placeCursor(Document* doc, int col, int32_t line, bool extend, bool exactly) {
+    if (!doc || col < 1 || line < 1) return;
+    Pos p = makePos(std::min(col - 1, kMaxColumns), std::min(line - 1, lastLine(*doc)));
+    if (!exactly) {
+        const ColumnHit hit = locateColumn(lineText(*doc, p.line), p.col);
+        if (hit.insideTab || (hit.padding > 0 && !options().cursorBeyondEol))
+            p.col = static_cast<int16_t>(hit.charColumn);
+    }
+    doc->selecting = false;
+    if (extend) extendSelection(*doc, p);
+    setCursor(*doc, p);
+    if (!extend) clearSelection(*doc);
+    doc->desiredCol = -1;
+    doc->lastCmd = 0;
+    doc->stateWord = 0;
+    if (doc->view) doc->view->redraw();
 }
 
 }  // namespace zol

@@ -25,4 +25,12 @@ bool selectionEnd(const Document* doc, int* col, int32_t* line);
 // 0 none, 1 character selection, 2 column selection.
 int selectionType(const Document* doc);
 
+// Places the cursor at a 1-based column and line, as a click does: ignored unless both
+// are at least 1; the line is clamped to the text. Without exactly, a column inside a
+// tab goes to the tab's start and one past the end of the line to the end unless the
+// cursor may go beyond it. extend selects from the cursor (or the selection's anchor)
+// to the new place, else the selection goes. Ends any keyboard selection in progress,
+// and the next typed command starts a new undo step.
+void placeCursor(Document* doc, int col, int32_t line, bool extend, bool exactly);
+
 }  // namespace zol

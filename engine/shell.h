@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zol {
 
@@ -30,6 +31,26 @@ public:
     virtual void statusMessage(std::string_view text) = 0;
     virtual ClipboardData getClipboard() = 0;
     virtual void setClipboard(const ClipboardData& data) = 0;
+
+    // Dialogs that scripts and plug-ins open. Each returns false when cancelled, which
+    // is all a shell without windows ever answers.
+    virtual bool openFileDialog(std::string& /*path*/, std::string_view /*filter*/, std::string_view /*title*/) {
+        return false;
+    }
+    virtual bool saveFileDialog(std::string& /*path*/, int& /*format*/, std::string_view /*title*/) { return false; }
+    virtual bool browseForDirDialog(std::string& /*path*/, std::string_view /*title*/) { return false; }
+    virtual bool stringDialog(std::string& /*value*/, std::string_view /*title*/, std::string_view /*prompt*/) {
+        return false;
+    }
+    virtual bool intDialog(int& /*value*/, int /*minimum*/, int /*maximum*/, std::string_view /*title*/,
+                           std::string_view /*prompt*/) {
+        return false;
+    }
+    // The chosen item's index, -1 when cancelled.
+    virtual int listDialog(const std::vector<std::string>& /*items*/, std::string_view /*title*/) { return -1; }
+    virtual bool readMeDialog(std::string_view /*title*/, std::string_view /*text*/) { return false; }
+    // The plug-ins' commands or windows changed: menus and docking bars are rebuilt.
+    virtual void plugInsChanged() {}
 };
 
 // One document window. Every hook has a harmless default so that documents can

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "engine/columns.h"
+#include "engine/editor_events.h"
 #include "engine/options.h"
 #include "engine/shell.h"
 #include "engine/undo.h"
@@ -212,6 +213,7 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
 
     if (rep.binary) shell().message(filemsg::kBinaryFile);
     if (rep.split) shell().message(filemsg::kLongLinesSplit);
+    sendDocumentEvent(kEventFileNamed, doc, reinterpret_cast<intptr_t>(doc.fileName.c_str()));
     return true;
 }
 

@@ -1,0 +1,21 @@
+// Dynamic libraries: plug-in modules are opened, searched for entry points by name,
+// and closed again.
+#pragma once
+#include <string>
+
+namespace zol {
+
+// An open library; null when none.
+using LibraryHandle = void*;
+
+// Opens a shared library with every symbol resolved at once. Null when the file is
+// missing, not a library for this machine, or has unresolved symbols; `error` then
+// holds the loader's reason when given.
+LibraryHandle openLibrary(const std::string& path, std::string* error = nullptr);
+// The address of an exported symbol, null when the library has none by that name.
+void* librarySymbol(LibraryHandle lib, const char* name);
+void closeLibrary(LibraryHandle lib);
+// The handle of the program itself (its executable and the libraries it linked).
+LibraryHandle programLibrary();
+
+}  // namespace zol

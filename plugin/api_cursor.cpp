@@ -1,0 +1,116 @@
+// Cursor, scrolling and selection of the exported interface.
+#include <algorithm>
+
+#include "engine/doc_access.h"
+#include "engine/executor.h"
+#include "engine/shell.h"
+#include "plugin/api_guard.h"
+
+using namespace zol;
+
+namespace {
+
+void writePair(int* col, int* line, int c, int l) {
+    if (col) *col = c;
+    if (line) *line = l;
+}
+
+bool flag(HDOC h, bool Document::*member) {
+    Document* doc = docOf(h);
+    return doc && doc->*member;
+}
+
+}  // namespace
+
+void ZOLAPI Zol_GetCursorPos(HDOC h, int* col, int* line) {
+    guardedVoid([&] {
+        Document* doc = docOf(h);
+        if (!doc) return writePair(col, line, 1, 1);
+        writePair(col, line, doc->cursor.col + 1, doc->cursor.line + 1);
+    });
+}
+
+void ZOLAPI Zol_SetCursorPos(HDOC h, int col, int line, BOOL extend) {
+    guardedVoid([&] { placeCursor(docOf(h), col, line, extend != 0, false); });
+}
+
+void ZOLAPI Zol_SetCursorPosExactly(HDOC h, int col, int line, BOOL extend) {
+    guardedVoid([&] { placeCursor(docOf(h), col, line, extend != 0, true); });
+}
+
+void ZOLAPI Zol_GetWndScrollPos(HDOC h, int* col, int* line) {
+    guardedVoid([&] {
+        Document* doc = docOf(h);
+        if (!doc) return writePair(col, line, 0, 0);
+        // Views scroll by lines only; the first visible column is always the first.
+        const int32_t top = doc->view ? doc->view->firstVisibleLine() : 0;
+        writePair(col, line, 1, top + 1);
+    });
+}
+
+void ZOLAPI Zol_SetWndScrollPos(HDOC h, int col, int line) {
+    guardedVoid([&] {
+        Document* doc = docOf(h);
+        if (!doc || col < 1 || line < 1 || !doc->view) return;
+        doc->view->setFirstVisibleLine(std::min<int32_t>(line - 1, lastLine(*doc)));
+        doc->view->redraw();
+    });
+}
+
+BOOL ZOLAPI Zol_IsSelExist(HDOC h) {
+    return guarded<BOOL>(0, [&] { return flag(h, &Document::selExists); });
+}
+
+BOOL ZOLAPI Zol_IsColumnSelMode(HDOC h) {
+    return guarded<BOOL>(0, [&] {
+        Document* doc = docOf(h);
+        return doc && doc->selMode == SelMode::Column;
+    });
+}
+
+BOOL ZOLAPI Zol_IsSelecting(HDOC h) {
+    return guarded<BOOL>(0, [&] { return flag(h, &Document::selecting); });
+}
+
+BOOL ZOLAPI Zol_IsLineDrawing(HDOC h) {
+    return guarded<BOOL>(0, [&] { return flag(h, &Document::lineDrawing); });
+}
+
+int ZOLAPI Zol_GetSelType(HDOC h) {
+    return guarded<int>(0, [&] { return selectionType(docOf(h)); });
+}
+
+int ZOLAPI Zol_GetSelMode(HDOC h) {
+    return guarded<int>(0, [&] {
+        Document* doc = docOf(h);
+        return doc ? static_cast<int>(doc->selMode) : 0;
+    });
+}
+
+void ZOLAPI Zol_SetSelMode(HDOC h, int mode) {
+    guardedVoid([&] {
+        Document* doc = docOf(h);
+        if (!doc) return;
+        if (mode == 1) execute(*doc, commandId("SetCharSelMode", false), 0, kInterfaceCall);
+        else if (mode == 2 && doc->selMode != SelMode::Column)
+            execute(*doc, commandId("SetColumnSelMode", false), 0, kInterfaceCall);
+    });
+}
+
+BOOL ZOLAPI Zol_GetSelBeginPos(HDOC h, int* col, int* line) {
+    return guarded<BOOL>(0, [&] {
+        int32_t l = 0;
+        const bool ok = selectionBegin(docOf(h), col, &l);
+        if (line) *line = static_cast<int>(l);
+        return ok;
+    });
+}
+
+BOOL ZOLAPI Zol_GetSelEndPos(HDOC h, int* col, int* line) {
+    return guarded<BOOL>(0, [&] {
+        int32_t l = 0;
+        const bool ok = selectionEnd(docOf(h), col, &l);
+        if (line) *line = static_cast<int>(l);
+        return ok;
+    });
+}
