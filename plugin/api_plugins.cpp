@@ -96,3 +96,8 @@ BOOL ZOLAPI XPZ_UnloadPlugIn(ZOL_MODULE module) {
 }
 
 BOOL ZOLAPI XPZ_EntryPoint(int reason, ZOL_PARAM /*reserved*/) { return reason == 1 || reason == 2; }
+
+BOOL ZOLAPI XPZ_CanAddShortcutKey(int, int, int, int) { return 0; }
+int ZOLAPI XPZ_IsShortcutKeyAlreadyMapped(void*, int, int, int) { return 0; }
+BOOL ZOLAPI XPZ_AddShortcutKey(ZOL_MODULE, int, int, int, int, int) { return 0; }
+BOOL ZOLAPI XPZ_RemoveShortcutKey(int, int) { return 0; }

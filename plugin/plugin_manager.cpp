@@ -61,12 +61,17 @@ void loadAllPlugIns(intptr_t mainWindow) {
     m.mainWindow = mainWindow;
     if (!m.enabled) return;
     const std::string folder = joinPath(homeDir(), kPlugInFolder);
-    loadPlugIn(joinPath(folder, kSplashModule), false);
+    // Names are compared without regard to case, as the folder's owner expects.
+    std::vector<std::string> modules, splash, sdk;
     for (const FoundFile& f : findFiles(joinPath(folder, "*.zop"))) {
-        if (f.isDirectory || equalsNoCase(f.name, kSplashModule) || equalsNoCase(f.name, kSdkModule)) continue;
-        loadPlugIn(joinPath(folder, f.name), false);
+        if (f.isDirectory) continue;
+        if (equalsNoCase(f.name, kSplashModule)) splash.push_back(f.name);
+        else if (equalsNoCase(f.name, kSdkModule)) sdk.push_back(f.name);
+        else modules.push_back(f.name);
     }
-    loadPlugIn(joinPath(folder, kSdkModule), false);
+    if (!splash.empty()) loadPlugIn(joinPath(folder, splash.front()), false);
+    for (const std::string& name : modules) loadPlugIn(joinPath(folder, name), false);
+    if (!sdk.empty()) loadPlugIn(joinPath(folder, sdk.front()), false);
 }
 
 int loadPlugIn(const std::string& path, bool notify) {

@@ -1,0 +1,156 @@
+#include <filesystem>
+#include <fstream>
+
+#include "engine/executor.h"
+#include "engine/editor_events.h"
+#include "files/save.h"
+#include "platform/paths.h"
+#include "plugin/zolder_api.h"
+#include "tests/plugin/plugin_fixture.h"
+
+namespace zol {
+namespace {
+
+namespace fs = std::filesystem;
+using test::PlugInTest;
+
+std::vector<std::string> loadedFiles() {
+    std::vector<std::string> names;
+    for (const PlugInRecord& r : plugInManager().modules) names.push_back(fs::path(r.path).filename().string());
+    return names;
+}
+
+TEST_F(PlugInTest, SplashLoadsFirstSdkLastAndBrokenModulesAreSkipped) {
+    install("recorder.zop", "b.zop");
+    install("recorder.zop", "SDK.zop");
+    install("recorder.zop", "a.zop");
+    install("recorder.zop", "Splash.ZOP");
+    install("noinit.zop", "noinit.zop");
+    fs::create_directory(plugInDir() + "folder.zop");
+    std::ofstream(plugInDir() + "text.zop") << "not a library";
+    {
+        std::ifstream in(built("recorder.zop"), std::ios::binary);
+        std::string head(2000, '\0');
+        in.read(head.data(), static_cast<std::streamsize>(head.size()));
+        std::ofstream(plugInDir() + "truncated.zop", std::ios::binary) << head;
+    }
+    LibraryHandle splash = keep("Splash.ZOP");
+    start();
+
+    EXPECT_EQ(loadedFiles(), (std::vector<std::string>{"Splash.ZOP", "a.zop", "b.zop", "SDK.zop"}));
+    EXPECT_EQ(plugInManager().modules.front().name, "Recorder");
+    // Started is told once, after every module is in.
+    EXPECT_EQ(logOf(splash), "e50 ");
+}
+
+TEST_F(PlugInTest, ARefusingModuleLeavesNothingBehind) {
+    install("refuser.zop", "refuser.zop");
+    install("recorder.zop", "recorder.zop");
+    start();
+
+    ASSERT_EQ(loadedFiles(), std::vector<std::string>{"recorder.zop"});
+    EXPECT_TRUE(plugInManager().windows.empty());
+    for (const PlugInCommand& c : plugInManager().commands) {
+        if (c.name == "RefuserCommand") {
+            EXPECT_EQ(c.module, nullptr);
+        }
+    }
+    EXPECT_EQ(findPlugInCommand(std::string("RefuserCommand")), nullptr);
+}
+
+TEST_F(PlugInTest, LoadingAgainAnswersOneWithoutInitialisingAgain) {
+    install("recorder.zop", "recorder.zop");
+    LibraryHandle rec = keep("recorder.zop");
+    start();
+    EXPECT_EQ(XPZ_LoadPlugIn("recorder.zop"), 1);
+    EXPECT_EQ(XPZ_LoadPlugIn((plugInDir() + "recorder.zop").c_str()), 1);
+    EXPECT_EQ(fn<int (*)()>(rec, "recorder_inits")(), 1);
+    EXPECT_EQ(plugInManager().modules.size(), 1u);
+
+    // A module loaded while the program runs hears that it started, alone.
+    install("recorder.zop", "late.zop");
+    LibraryHandle late = keep("late.zop");
+    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_EQ(XPZ_LoadPlugIn("late.zop"), 1);
+    EXPECT_EQ(logOf(late), "e50 ");
+    EXPECT_EQ(logOf(rec), "");
+    EXPECT_EQ(XPZ_LoadPlugIn("missing.zop"), 0);
+}
+
+TEST_F(PlugInTest, TheFirstVetoStopsTheRound) {
+    install("veto1.zop", "veto1.zop");
+    install("veto2.zop", "veto2.zop");
+    LibraryHandle first = keep("veto1.zop"), second = keep("veto2.zop");
+    start();
+    Document* doc = newDocument(app_);
+    auto asked = [](LibraryHandle h) { return fn<int (*)()>(h, "veto_asked")(); };
+
+    EXPECT_EQ(Zol_CloseDocument(doc), 0);
+    EXPECT_TRUE(isDocument(app_, doc));
+    EXPECT_EQ(asked(first), 1);
+    EXPECT_EQ(asked(second), 0);
+
+    // A vetoed save writes nothing.
+    const std::string path = home_ + "kept.txt";
+    EXPECT_FALSE(saveDocumentAs(*doc, path, 1));
+    EXPECT_FALSE(fs::exists(path));
+    EXPECT_NE(doc->fileName, fullPath(path));
+}
+
+TEST_F(PlugInTest, NoMoreThanSixtyOneModulesLoad) {
+    for (int i = 0; i < 70; ++i) install("veto1.zop", "m" + std::to_string(100 + i) + ".zop");
+    start();
+    EXPECT_EQ(plugInManager().modules.size(), kMaxPlugIns + 1);
+}
+
+TEST_F(PlugInTest, CommandsAndMenuItemsReachTheirModule) {
+    install("recorder.zop", "recorder.zop");
+    LibraryHandle rec = keep("recorder.zop");
+    start();
+    const int number = fn<int (*)()>(rec, "recorder_command")();
+    ASSERT_GE(number, kFirstPlugInCommand);
+    const PlugInCommand* c = findPlugInCommand(std::string("recordercommand"));
+    ASSERT_NE(c, nullptr);
+    EXPECT_EQ(c->number, number);
+    EXPECT_EQ(c->menuText, "&Recorder");
+
+    Document* doc = newDocument(app_);
+    EXPECT_EQ(execute(*doc, commandId("PlugInCommandID", false), static_cast<uint32_t>(number)), 1);
+    EXPECT_EQ(lineText(*doc, 0), "<mark>");
+    // An unknown number reaches nobody.
+    EXPECT_EQ(execute(*doc, commandId("PlugInCommandID", false), 1999), 0);
+
+    EXPECT_TRUE(runPlugInMenuItem(number));
+    EXPECT_NE(logOf(rec).find("menu7"), std::string::npos);
+}
+
+TEST_F(PlugInTest, DocumentEventsArriveWhenTheyHappen) {
+    install("recorder.zop", "recorder.zop");
+    LibraryHandle rec = keep("recorder.zop");
+    start();
+    const std::string file = home_ + "a.txt";
+    std::ofstream(file) << "one\n";
+    fn<void (*)()>(rec, "recorder_clear")();
+
+    Document* first = newDocument(app_);
+    EXPECT_EQ(logOf(rec), "e100 e120 ");
+    fn<void (*)()>(rec, "recorder_clear")();
+    Document* opened = openDocument(app_, file);
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(logOf(rec), "e107 e101 e121 e120 ");
+    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_TRUE(saveDocument(*opened));
+    EXPECT_EQ(logOf(rec), "e105 e106 ");
+    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_TRUE(closeDocument(app_, opened));
+    EXPECT_EQ(logOf(rec), "e108 e109 e121 e120 ");
+    EXPECT_EQ(app_.active, first);
+
+    fn<void (*)()>(rec, "recorder_clear")();
+    shutDown(app_);
+    EXPECT_EQ(logOf(rec), "e4 e3 e109 e121 unload ");
+    EXPECT_TRUE(plugInManager().modules.empty());
+}
+
+}  // namespace
+}  // namespace zol
