@@ -53,7 +53,7 @@ std::string shippedDataDir() {
 
 void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
-    seedHome(shippedDataDir());
+    seedHome(opts.dataDir.empty() ? shippedDataDir() : opts.dataDir);
     loadProfile();
     app.anotherInstance = !acquireInstanceLock();
     setDocumentList(&app.list);

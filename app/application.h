@@ -13,6 +13,7 @@ namespace zol {
 struct StartupOptions {
     std::string home;                 // --home, empty for the default
     std::vector<std::string> files;   // opened in order; the last becomes active
+    std::string dataDir;              // seeds the home; empty for the shipped data folder
 };
 
 struct Application;

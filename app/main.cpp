@@ -15,7 +15,7 @@ int runHeadless(const zol::CommandLine& cl) {
     zol::HeadlessShell shell;
     zol::setShell(&shell);
     zol::Application app;
-    zol::startUp(app, zol::StartupOptions{cl.home, cl.files});
+    zol::startUp(app, zol::StartupOptions{cl.home, cl.files, {}});
     int status = app.failedOpens ? 1 : 0;
     if (!cl.script.empty()) {
         std::fprintf(stderr, "zolder: %s: scripts cannot run in this build\n", cl.script.c_str());

@@ -39,7 +39,11 @@ protected:
                                    std::filesystem::copy_options::overwrite_existing);
     }
 
-    void start() { startUp(app_, StartupOptions{home_, {}}); }
+    // The home gets only the modules a test installs, not the shipped examples.
+    void start() {
+        std::filesystem::create_directories(home_ + "empty-data");
+        startUp(app_, StartupOptions{home_, {}, home_ + "empty-data"});
+    }
 
     // The installed module named file, kept open so that it outlives unloading.
     LibraryHandle keep(const std::string& file) {
