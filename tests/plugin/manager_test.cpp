@@ -122,6 +122,13 @@ TEST_F(PlugInTest, CommandsAndMenuItemsReachTheirModule) {
 
     EXPECT_TRUE(runPlugInMenuItem(number));
     EXPECT_NE(logOf(rec).find("menu7"), std::string::npos);
+
+    // Once its module is unloaded on request the command reaches nobody.
+    EXPECT_EQ(XPZ_UnloadPlugIn(nullptr), 0);
+    EXPECT_EQ(XPZ_UnloadPlugIn(XPZ_GetPlugInInstance("recorder.zop", 0)), 1);
+    EXPECT_TRUE(plugInManager().modules.empty());
+    EXPECT_EQ(execute(*doc, commandId("PlugInCommandID", false), static_cast<uint32_t>(number)), 0);
+    EXPECT_FALSE(runPlugInMenuItem(number));
 }
 
 TEST_F(PlugInTest, DocumentEventsArriveWhenTheyHappen) {
