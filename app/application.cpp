@@ -5,6 +5,7 @@
 
 #include "config/settings.h"
 #include "engine/options.h"
+#include "engine/wordwrap.h"
 #include "files/doc_names.h"
 #include "files/textfile.h"
 #include "platform/instance_lock.h"
@@ -55,6 +56,7 @@ Document* newDocument(Application& app) {
     auto doc = std::make_unique<Document>();
     doc->fileName = nextNewDocumentName(settings().newFileExtension);
     doc->textFormat = options().defaultFileFormat;
+    applyWrapRule(*doc);
     app.documents.push_back(std::move(doc));
     app.active = app.documents.back().get();
     return app.active;

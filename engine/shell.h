@@ -30,6 +30,9 @@ public:
     virtual void statusMessage(std::string_view text) = 0;
     virtual ClipboardData getClipboard() = 0;
     virtual void setClipboard(const ClipboardData& data) = 0;
+    // The symbol table: a character chosen by the user (1..255), or -1 when cancelled.
+    // Without a dialog the choice is cancelled.
+    virtual int chooseCharacter(std::string_view /*title*/) { return -1; }
 };
 
 // One document window. Every hook has a harmless default so that documents can
