@@ -69,14 +69,8 @@ int indentBlock(Document& doc, int delta) {
     if (isColumnSelection(doc)) {
         const int left = selLeftCol(doc);
         for (std::string& t : texts) t = shiftColumns(t, left, delta);
-        const int rc = finishLineEdit(doc, b, texts);
-        if (rc && delta > 0) {
-            // The block moves right with its text.
-            setSelection(doc, makePos(doc.selAnchor.col + delta, doc.selAnchor.line),
-                         makePos(doc.selEnd.col + delta, doc.selEnd.line));
-            setCursor(doc, doc.selEnd);
-        }
-        return rc;
+        // The block stays where it is, so that unindent takes back what indent added.
+        return finishLineEdit(doc, b, texts);
     }
     for (std::string& t : texts) t = reindent(t, delta);
     return finishLineEdit(doc, b, texts);

@@ -132,17 +132,14 @@ int changeSelectionOrChar(Document& doc, Change change) {
     return changeOnLine(doc, hit.offset, hit.offset + 1, change);
 }
 
-// The word at the cursor, or the next one right of it on the line.
+// The word under the cursor, or the next one right of it on the line, so that
+// repeating the command walks through the words.
 int changeWord(Document& doc, Change change) {
     const std::string_view line = lineText(doc, doc.cursor.line);
-    const ColumnHit hit = locateColumn(line, doc.cursor.col);
-    size_t begin = hit.offset, end = hit.offset;
-    if (!wordAt(line, hit.offset, begin, end)) {
-        size_t p = hit.offset;
-        while (p < line.size() && !isWordChar(line[p])) ++p;
-        if (p >= line.size()) return 0;
-        wordAt(line, p, begin, end);
-    }
+    size_t p = locateColumn(line, doc.cursor.col).offset;
+    while (p < line.size() && !isWordChar(line[p])) ++p;
+    size_t begin = p, end = p;
+    if (p >= line.size() || !wordAt(line, p, begin, end)) return 0;
     return changeOnLine(doc, begin, end, change);
 }
 

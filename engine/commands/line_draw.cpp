@@ -1,6 +1,8 @@
 #include "engine/commands/line_draw.h"
 
+#include <map>
 #include <string>
+#include <utility>
 #include <string_view>
 #include <vector>
 
@@ -115,9 +117,42 @@ char cellAt(std::string_view line, int col) {
     return line[hit.offset];
 }
 
-void drawInto(std::string& line, int col, DrawDir dir) {
+Strokes addStroke(Strokes s, DrawDir dir, LineStyle style) {
+    const bool horizontal = dir == DrawDir::Left || dir == DrawDir::Right;
+    const bool dbl = horizontal ? style == LineStyle::Double || style == LineStyle::DoubleSingleVertical
+                                : style == LineStyle::Double || style == LineStyle::SingleDoubleVertical;
+    s.arms |= armOf(dir);
+    (horizontal ? s.hDouble : s.vDouble) = dbl;
+    return s;
+}
+
+// A lone stroke is shown as a whole line, so the character alone cannot tell a
+// line's end from its middle. The strokes really drawn are remembered per cell
+// while the character there is still the one drawn.
+struct DrawnCells {
+    const Document* doc = nullptr;
+    std::map<std::pair<int32_t, int>, std::pair<Strokes, char>> cells;
+};
+
+DrawnCells& drawn() {
+    static DrawnCells d;
+    return d;
+}
+
+void drawInto(const Document& doc, std::string& line, int32_t lineNo, int col, DrawDir dir) {
     const LineDrawState& st = lineDrawState();
-    const char c = joinStroke(cellAt(line, col), dir, st.style, st.oemCharset);
+    DrawnCells& d = drawn();
+    if (d.doc != &doc) {
+        d.doc = &doc;
+        d.cells.clear();
+    }
+    const char here = cellAt(line, col);
+    Strokes s = decode(here, st.oemCharset);
+    const auto it = d.cells.find({lineNo, col});
+    if (it != d.cells.end() && it->second.second == here) s = it->second.first;
+    s = addStroke(s, dir, st.style);
+    const char c = encode(s, st.oemCharset);
+    d.cells[{lineNo, col}] = {s, c};
     line = spliceColumns(line, col, col + 1, std::string_view(&c, 1));
 }
 
@@ -133,6 +168,7 @@ const char* styleName(LineStyle s) {
 
 int setDrawing(Document& doc, bool on) {
     doc.lineDrawing = on;
+    drawn() = DrawnCells{};
     if (on) clearSelection(doc);
     if (doc.view) doc.view->refreshStatus();
     return 1;
@@ -146,16 +182,7 @@ LineDrawState& lineDrawState() {
 }
 
 char joinStroke(char cell, DrawDir dir, LineStyle style, bool oem) {
-    Strokes s = decode(cell, oem);
-    const bool dbl = dir == DrawDir::Left || dir == DrawDir::Right
-                         ? style == LineStyle::Double || style == LineStyle::DoubleSingleVertical
-                         : style == LineStyle::Double || style == LineStyle::SingleDoubleVertical;
-    s.arms |= armOf(dir);
-    if (dir == DrawDir::Left || dir == DrawDir::Right)
-        s.hDouble = dbl;
-    else
-        s.vDouble = dbl;
-    return encode(s, oem);
+    return encode(addStroke(decode(cell, oem), dir, style), oem);
 }
 
 bool drawLineStep(Document& doc, DrawDir dir) {
@@ -174,8 +201,8 @@ bool drawLineStep(Document& doc, DrawDir dir) {
     const LineBlock b{std::min(from.line, to.line), std::min(std::max(from.line, to.line), lastLine(doc))};
     std::vector<std::string> texts = blockTexts(doc, b);
     if (newLine) texts.emplace_back();
-    drawInto(texts[static_cast<size_t>(from.line - b.first)], from.col, dir);
-    drawInto(texts[static_cast<size_t>(to.line - b.first)], to.col, opposite(dir));
+    drawInto(doc, texts[static_cast<size_t>(from.line - b.first)], from.line, from.col, dir);
+    drawInto(doc, texts[static_cast<size_t>(to.line - b.first)], to.line, to.col, opposite(dir));
     bool ok;
     if (newLine) {
         // The text grows by a line: one replacement of the last line.
