@@ -41,6 +41,8 @@ std::vector<std::string_view> splitLines(std::string_view text) {
 }
 
 bool fits(std::string_view s) {
+    // No character is wider than a tab, so most lines need no counting.
+    if (s.size() * static_cast<size_t>(options().tabSize) <= static_cast<size_t>(kMaxColumns)) return true;
     return s.size() <= static_cast<size_t>(kMaxLineBytes) && lineWidth(s) <= kMaxColumns;
 }
 

@@ -33,32 +33,29 @@ std::vector<std::string> blockTexts(const Document& doc, LineBlock b) {
 
 namespace {
 
-Pos shifted(Pos p, LineBlock b, const std::vector<int>& delta) {
+// Where a position lands once its line took a text of another width: column 0
+// stays, other columns move by the change of width.
+Pos shifted(const Document& doc, Pos p, LineBlock b, const std::vector<std::string>& texts) {
     if (p.line < b.first || p.line > b.last || p.col == 0) return p;
-    const int col = std::max(0, p.col + delta[static_cast<size_t>(p.line - b.first)]);
-    return makePos(std::min(col, kMaxColumns), p.line);
+    const std::string& now = texts[static_cast<size_t>(p.line - b.first)];
+    const int delta = lineWidth(now) - lineWidthAt(doc, p.line);
+    return makePos(std::clamp(p.col + delta, 0, kMaxColumns), p.line);
 }
 
 }  // namespace
 
 int finishLineEdit(Document& doc, LineBlock b, const std::vector<std::string>& texts) {
-    std::vector<int> delta;
-    delta.reserve(texts.size());
-    const LineList& ll = doc.lines;
-    LineRef r = ll.find(b.first);
-    for (const std::string& t : texts) {
-        delta.push_back(lineWidth(t) - lineWidth(ll.text(r)));
-        r = ll.next(r);
-    }
     const bool hadSel = doc.selExists, column = isColumnSelection(doc);
-    const Pos anchor = doc.selAnchor, end = doc.selEnd, cur = doc.cursor;
+    // Worked out before the lines change, from their old widths.
+    const Pos anchor = shifted(doc, doc.selAnchor, b, texts), end = shifted(doc, doc.selEnd, b, texts);
+    const Pos cur = shifted(doc, doc.cursor, b, texts);
     if (!rewriteLines(doc, b.first, texts)) return finishEdit(doc, false);
     doc.desiredCol = -1;
     if (hadSel && !column) {
-        setSelection(doc, shifted(anchor, b, delta), shifted(end, b, delta));
+        setSelection(doc, anchor, end);
         setCursor(doc, doc.selEnd);
-    } else {
-        setCursor(doc, shifted(cur, b, delta));
+    } else if (!column) {
+        setCursor(doc, cur);  // a column block and its cursor stay where they are
     }
     return 1;
 }
