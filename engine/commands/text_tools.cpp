@@ -78,6 +78,52 @@ bool sortBefore(std::string_view a, std::string_view b) {
     return a.size() < b.size();
 }
 
+namespace {
+
+// Eight folded bytes of a line from `depth` on as one number, zeros past its end.
+uint64_t foldedKey(std::string_view line, size_t depth) {
+    uint64_t key = 0;
+    for (size_t k = depth; k < depth + 8; ++k)
+        key = key << 8 | (k < line.size() ? static_cast<unsigned char>(asciiLower(line[k])) : 0u);
+    return key;
+}
+
+}  // namespace
+
+// Lines are ordered eight bytes at a time: the keys of one round sort in a compact
+// array, and only the lines that tie go on to the next eight bytes, so each line is
+// read about once per eight bytes that tell it from its neighbours.
+std::vector<uint32_t> sortOrder(const std::vector<std::string>& lines) {
+    struct Entry {
+        uint64_t key;
+        uint32_t index;
+    };
+    struct Run {
+        size_t lo, hi, depth;
+    };
+    std::vector<Entry> entries(lines.size());
+    for (size_t i = 0; i < lines.size(); ++i) entries[i].index = static_cast<uint32_t>(i);
+    std::vector<Run> work{{0, lines.size(), 0}};
+    while (!work.empty()) {
+        const Run run = work.back();
+        work.pop_back();
+        for (size_t i = run.lo; i < run.hi; ++i) entries[i].key = foldedKey(lines[entries[i].index], run.depth);
+        std::stable_sort(entries.begin() + static_cast<std::ptrdiff_t>(run.lo),
+                         entries.begin() + static_cast<std::ptrdiff_t>(run.hi),
+                         [](const Entry& x, const Entry& y) { return x.key < y.key; });
+        for (size_t i = run.lo; i < run.hi;) {
+            size_t j = i + 1;
+            while (j < run.hi && entries[j].key == entries[i].key) ++j;
+            // Lines hold no NUL: a key ending in zero means the tied lines ended, equal.
+            if (j - i > 1 && (entries[i].key & 0xFF) != 0) work.push_back({i, j, run.depth + 8});
+            i = j;
+        }
+    }
+    std::vector<uint32_t> order(lines.size());
+    for (size_t i = 0; i < lines.size(); ++i) order[i] = entries[i].index;
+    return order;
+}
+
 TextCounts countText(std::string_view text) {
     TextCounts c;
     bool inWord = false;
@@ -159,30 +205,7 @@ int cmdSort(Document& doc, const CommandCall&) {
     const LineBlock b = selectedLinesOrAll(doc);
     if (b.first == b.last) return 0;
     std::vector<std::string> texts = blockTexts(doc, b);
-    // The first eight folded bytes as a number decide most comparisons without
-    // touching the lines themselves, which keeps a large sort in the cache.
-    struct Entry {
-        uint64_t key;
-        uint32_t index;
-    };
-    std::vector<Entry> entries(texts.size());
-    for (size_t i = 0; i < texts.size(); ++i) {
-        uint64_t key = 0;
-        for (size_t k = 0; k < 8; ++k)
-            key = key << 8 | (k < texts[i].size() ? static_cast<unsigned char>(asciiLower(texts[i][k])) : 0u);
-        entries[i] = {key, static_cast<uint32_t>(i)};
-    }
-    std::stable_sort(entries.begin(), entries.end(), [&texts](const Entry& x, const Entry& y) {
-        if (x.key != y.key) return x.key < y.key;
-        const std::string& a = texts[x.index];
-        const std::string& b = texts[y.index];
-        // Lines hold no NUL, so equal keys of a line shorter than eight mean equal lines.
-        if (a.size() < 8 || b.size() < 8) return false;
-        return sortBefore(std::string_view(a).substr(8), std::string_view(b).substr(8));
-    });
-    std::vector<uint32_t> order;
-    order.reserve(entries.size());
-    for (const Entry& e : entries) order.push_back(e.index);
+    const std::vector<uint32_t> order = sortOrder(texts);
     std::vector<std::string> sorted;
     sorted.reserve(texts.size());
     for (uint32_t i : order) sorted.push_back(std::move(texts[i]));

@@ -1,7 +1,9 @@
 // Pure text functions behind the tools group's commands, for their callers and tests.
 #pragma once
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/clock.h"
 
@@ -19,6 +21,8 @@ std::string relayoutLine(std::string_view line, int fromTab, int toTab, bool eve
 // The order of "Sort": bytes compared unsigned with ASCII letters folded to lower
 // case; a shorter line sorts before a longer one it begins.
 bool sortBefore(std::string_view a, std::string_view b);
+// Indexes of `lines` in that order; lines that compare equal keep their order.
+std::vector<uint32_t> sortOrder(const std::vector<std::string>& lines);
 
 struct TextCounts {
     long words = 0;       // runs of characters other than blanks, tabs and line ends

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "engine/columns.h"
 #include "engine/selection.h"
 #include "engine/commands/text_tools.h"
@@ -42,6 +44,24 @@ TEST(Relayout, KeepsEveryCharacterInItsColumn) {
     EXPECT_EQ(relayoutLine("a       b", 8, 8, true), "a\tb");
     EXPECT_EQ(relayoutLine("abcdefg b", 8, 8, true), "abcdefg b");  // a single blank stays
     EXPECT_EQ(relayoutLine("ab      c  d", 4, 4, true), "ab\t\tc  d");
+}
+
+TEST(SortOrder, MatchesAStableSortOverLongSharedPrefixes) {
+    // Lines sharing 8 and 16 byte prefixes, case variants and exact duplicates.
+    const char* stems[] = {"", "a", "A", "abcdefgh", "ABCDEFGH", "abcdefghIJKLMNOP", "abcdefghijklmnop", "abcdefgh\xe9", "zz"};
+    std::vector<std::string> lines;
+    unsigned seed = 7;
+    for (int i = 0; i < 400; ++i) {
+        seed = seed * 1103515245u + 12345u;
+        std::string line = stems[(seed >> 8) % std::size(stems)];
+        if ((seed >> 4) % 3) line += static_cast<char>('a' + (seed >> 12) % 3);
+        lines.push_back(line);
+    }
+    std::vector<uint32_t> expected(lines.size());
+    for (uint32_t i = 0; i < expected.size(); ++i) expected[i] = i;
+    std::stable_sort(expected.begin(), expected.end(),
+                     [&lines](uint32_t x, uint32_t y) { return sortBefore(lines[x], lines[y]); });
+    EXPECT_EQ(sortOrder(lines), expected);
 }
 
 TEST_F(TextTools, TabCommandsWorkOnTheSelectionOrTheWholeDocument) {
