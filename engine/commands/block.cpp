@@ -196,9 +196,10 @@ int alignParagraph(Document& doc, Align align) {
                           : makePos(lineWidth(lines.back()), last);
     std::string text = joinLines(laid);
     if (toNext) text += "\r\n";
-    // An unchanged paragraph makes no record: merged into the one before, it
-    // would break the join.
+    // An unchanged paragraph makes no record, and the next alignment must not
+    // join the record before it: the texts would no longer meet end to start.
     if (text == rangeText(doc, from, to)) {
+        doc.lastCmd = 0;
         setCursor(doc, toNext ? makePos(0, to.line) : to);
         return finishEdit(doc, true);
     }
@@ -244,7 +245,7 @@ int cmdUnindentBlock(Document& doc, const CommandCall&) { return indentBlock(doc
 int cmdFillBlock(Document& doc, const CommandCall&) {
     if (!hasSelection(doc)) return 0;
     const int c = shell().chooseCharacter(kTitleFillBlock);
-    if (c <= 0 || c > 255) return 0;
+    if (c <= 0 || c > 255 || c == '\r' || c == '\n') return 0;
     return fillBlock(doc, static_cast<char>(c));
 }
 

@@ -119,6 +119,14 @@ TEST_F(Block, RepeatedJustifyWalksParagraphsAndUndoesTogether) {
     EXPECT_EQ(undoDepth(), 1u);
     run("Undo");
     EXPECT_EQ(text(), original);
+
+    // A paragraph already in shape between two that change: undo still restores all.
+    const std::string mixed = "aa b cc dd e\n\nff\n\ngg h ii jj";
+    fill(doc, mixed);
+    for (int i = 0; i < 3; ++i) run("JustifyBlockPara");
+    run("Undo");
+    run("Undo");
+    EXPECT_EQ(text(), mixed);
 }
 
 }  // namespace
