@@ -6,6 +6,7 @@
 #include "config/settings.h"
 #include "engine/editor_events.h"
 #include "engine/options.h"
+#include "engine/wordwrap.h"
 #include "files/doc_names.h"
 #include "files/prompts.h"
 #include "files/save.h"
@@ -84,6 +85,7 @@ Document* newDocument(Application& app) {
     auto doc = std::make_unique<Document>();
     doc->fileName = nextNewDocumentName(settings().newFileExtension);
     doc->textFormat = options().defaultFileFormat;
+    applyWrapRule(*doc);
     app.documents.push_back(std::move(doc));
     Document* made = app.documents.back().get();
     sendDocumentEvent(kEventDocumentCreated, *made);

@@ -3,6 +3,7 @@
 #include "config/profile_values.h"
 #include "config/settings.h"
 #include "engine/options.h"
+#include "engine/wordwrap.h"
 #include "platform/paths.h"
 #include "platform/profile.h"
 
@@ -122,6 +123,7 @@ void loadEditorSection(Settings& s) {
     std::string wrapExt = readString(sec, "NewerWordWrapFileExt", "", kWordWrapExtSize);
     wrapExt = readString(sec, "NeverWordWrapFileExt", "", kWordWrapExtSize);
     s.neverWordWrapFileExt = wrapExt;
+    wrapFileRules() = WrapFileRules{s.alwaysWordWrapFileExt, s.neverWordWrapFileExt};
     s.language = readUInt16(sec, "Language", 1);
     if (s.language > 3) s.language = 1;
     s.rightMouseBtn = readUInt16(sec, "RightMouseBtn", 0);

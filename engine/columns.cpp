@@ -9,6 +9,10 @@ int advanceColumn(char c, int col) {
     return c == '\t' ? col + ts - col % ts : col + 1;
 }
 
+int advanceColumn(char c, int col, int tabSize) {
+    return c == '\t' ? col + tabSize - col % tabSize : col + 1;
+}
+
 int lineWidth(std::string_view text) {
     int col = 0;
     for (char c : text) col = advanceColumn(c, col);

@@ -9,6 +9,8 @@ namespace zol {
 
 // Column reached after a character at column `col` (tabs jump to the next stop).
 int advanceColumn(char c, int col);
+// The same for text laid out with another tab size (the tab-width conversions).
+int advanceColumn(char c, int col, int tabSize);
 // Width of a line in columns after tab expansion.
 int lineWidth(std::string_view text);
 // Column at which the byte at `offset` is shown (offset may equal the length).

@@ -21,6 +21,10 @@ void changed(Document& doc, int32_t line, int32_t removed, int32_t added) {
     if (doc.view) doc.view->redraw();
 }
 
+void lineChanged(Document& doc, int32_t line) {
+    for (ChangeListener fn : listeners()) fn(doc, line, 0, 0);
+}
+
 // Splits text at CR LF, LF or CR.
 std::vector<std::string_view> splitLines(std::string_view text) {
     std::vector<std::string_view> parts;
@@ -37,6 +41,8 @@ std::vector<std::string_view> splitLines(std::string_view text) {
 }
 
 bool fits(std::string_view s) {
+    // No character is wider than a tab, so most lines need no counting.
+    if (s.size() * static_cast<size_t>(options().tabSize) <= static_cast<size_t>(kMaxColumns)) return true;
     return s.size() <= static_cast<size_t>(kMaxLineBytes) && lineWidth(s) <= kMaxColumns;
 }
 
@@ -208,6 +214,45 @@ bool replaceRange(Document& doc, Pos from, Pos to, std::string_view text) {
     if (rec.rangeStart == rec.rangeEnd) rec.hasRange = false;
     if (rec.hasRange || rec.text) recordEdit(doc, std::move(rec));
     setCursor(doc, end);
+    return true;
+}
+
+bool rewriteLines(Document& doc, int32_t first, const std::vector<std::string>& texts) {
+    if (doc.readOnly || texts.empty() || first < 0) return false;
+    const int32_t count = static_cast<int32_t>(texts.size());
+    if (first + count - 1 > doc.lines.lastIndex) return false;
+    for (const std::string& t : texts)
+        if (!fits(t) || t.find_first_of("\r\n") != std::string::npos) return false;
+    LineList& ll = doc.lines;
+    // Only the span from the first to the last changed line goes into the record.
+    int32_t lo = -1, hi = -1;
+    LineRef r = ll.find(first);
+    for (int32_t i = 0; i < count; ++i, r = ll.next(r)) {
+        if (ll.text(r) == texts[static_cast<size_t>(i)]) continue;
+        if (lo < 0) lo = i;
+        hi = i;
+    }
+    if (lo < 0) return true;
+    std::string original;
+    r = ll.find(first + lo);
+    for (int32_t i = lo; i <= hi; ++i, r = ll.next(r)) {
+        if (i > lo) original.append("\r\n");
+        original.append(ll.text(r));
+        const std::string& t = texts[static_cast<size_t>(i)];
+        if (ll.text(r) != t) {
+            r = ll.setText(r, t);
+            lineChanged(doc, first + i);
+        }
+    }
+    setModified(doc, true);
+    if (doc.view) doc.view->redraw();
+    EditRecord rec;
+    rec.hasRange = true;
+    rec.rangeStart = makePos(0, first + lo);
+    rec.rangeEnd = makePos(lineWidth(texts[static_cast<size_t>(hi)]), first + hi);
+    rec.at = rec.rangeStart;
+    rec.text = std::move(original);
+    recordEdit(doc, std::move(rec));
     return true;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/document.h"
 
@@ -18,6 +19,11 @@ bool insertText(Document& doc, std::string_view text);
 bool deleteRange(Document& doc, Pos from, Pos to);
 // Replaces a range by text as one undo record; the cursor ends after the text.
 bool replaceRange(Document& doc, Pos from, Pos to, std::string_view text);
+// Gives lines first.. first + texts.size() - 1 new texts (without line ends) as one
+// undo record. Every line keeps its record, so bookmarks and comment states stay with
+// it. Refused (false, nothing changed) on a read-only document, lines past the end or
+// a text that would outgrow the capacity.
+bool rewriteLines(Document& doc, int32_t first, const std::vector<std::string>& texts);
 // The text between two positions, lines joined with CR LF.
 std::string rangeText(const Document& doc, Pos from, Pos to);
 

@@ -90,6 +90,23 @@ std::string columnSlice(std::string_view line, int left, int right) {
     return out;
 }
 
+std::string spliceColumns(std::string_view line, int left, int right, std::string_view text) {
+    const ColumnHit a = locateColumn(line, left);
+    std::string out(line.substr(0, a.offset));
+    out.append(static_cast<size_t>(a.padding), ' ');
+    if (a.insideTab) out.append(static_cast<size_t>(left - a.charColumn), ' ');
+    out.append(text);
+    const ColumnHit b = locateColumn(line, std::max(left, right));
+    if (b.padding > 0) return out;
+    size_t rest = b.offset;
+    if (b.insideTab) {
+        out.append(static_cast<size_t>(advanceColumn('\t', b.charColumn) - right), ' ');
+        ++rest;
+    }
+    out.append(line.substr(rest));
+    return out;
+}
+
 bool selectionRange(const Document& doc, Pos& begin, Pos& end) {
     if (!doc.selExists) {
         begin = end = doc.cursor;

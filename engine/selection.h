@@ -37,6 +37,9 @@ std::string selectedText(const Document& doc);
 // Columns [left, right) of a line as a rectangle: tabs become blanks and a short line
 // is padded, so a column block keeps its shape wherever it is pasted.
 std::string columnSlice(std::string_view line, int left, int right);
+// A line with its columns [left, right) replaced by `text`: a short line is padded to
+// `left` with blanks, and a tab cut by either edge leaves blanks for its part outside.
+std::string spliceColumns(std::string_view line, int left, int right, std::string_view text);
 // Deletes the selected text as one undo record and puts the cursor where it began
 // (top-left corner of a column rectangle). False when there is no selection, the
 // document is read-only or the edit failed.

@@ -51,6 +51,9 @@ public:
     virtual bool readMeDialog(std::string_view /*title*/, std::string_view /*text*/) { return false; }
     // The plug-ins' commands or windows changed: menus and docking bars are rebuilt.
     virtual void plugInsChanged() {}
+    // The symbol table: a character chosen by the user (1..255), or -1 when cancelled.
+    // Without a dialog the choice is cancelled.
+    virtual int chooseCharacter(std::string_view /*title*/) { return -1; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

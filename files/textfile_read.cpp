@@ -11,6 +11,7 @@
 #include "engine/options.h"
 #include "engine/shell.h"
 #include "engine/undo.h"
+#include "engine/wordwrap.h"
 #include "files/messages.h"
 #include "files/textfile.h"
 #include "platform/fileinfo.h"
@@ -201,6 +202,7 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     forgetEditState(doc);
     if (detectFormat && rep.lineEndFormat >= 0) doc.textFormat = rep.lineEndFormat;
     doc.fileName = fullPath(path);
+    applyWrapRule(doc);
     doc.hasFile = true;
     doc.fileTime = fileTime32(path);
     if (rep.binary || isReadOnlyFile(path)) doc.readOnly = true;

@@ -113,4 +113,64 @@ int cmdShowRuler(Document& doc, const CommandCall& call);
 int cmdShowVisibleSpaces(Document& doc, const CommandCall& call);
 int cmdShowLineNumbers(Document& doc, const CommandCall& call);
 
+// block.cpp
+int cmdIndentBlock(Document& doc, const CommandCall& call);
+int cmdUnindentBlock(Document& doc, const CommandCall& call);
+int cmdFillBlock(Document& doc, const CommandCall& call);
+int cmdLeftBlockPara(Document& doc, const CommandCall& call);
+int cmdCenterBlockPara(Document& doc, const CommandCall& call);
+int cmdRightBlockPara(Document& doc, const CommandCall& call);
+int cmdJustifyBlockPara(Document& doc, const CommandCall& call);
+
+// case.cpp
+int cmdUpperCase(Document& doc, const CommandCall& call);
+int cmdLowerCase(Document& doc, const CommandCall& call);
+int cmdFlipCase(Document& doc, const CommandCall& call);
+int cmdUpperCaseWord(Document& doc, const CommandCall& call);
+int cmdLowerCaseWord(Document& doc, const CommandCall& call);
+int cmdFlipCaseWord(Document& doc, const CommandCall& call);
+int cmdCapitalizeWord(Document& doc, const CommandCall& call);
+int cmdTitleCase(Document& doc, const CommandCall& call);
+int cmdSentenceCase(Document& doc, const CommandCall& call);
+
+// transpose.cpp
+int cmdTransposeChar(Document& doc, const CommandCall& call);
+int cmdTransposeWord(Document& doc, const CommandCall& call);
+int cmdTransposeLine(Document& doc, const CommandCall& call);
+
+// text_tools.cpp
+int cmdExpandTabsToSpaces(Document& doc, const CommandCall& call);
+int cmdCompressSpacesToTabs(Document& doc, const CommandCall& call);
+int cmdTab8TextToTab3Text(Document& doc, const CommandCall& call);
+int cmdTab3TextToTab8Text(Document& doc, const CommandCall& call);
+int cmdTab8TextToCurTabText(Document& doc, const CommandCall& call);
+int cmdCurTabTextToTab8Text(Document& doc, const CommandCall& call);
+int cmdSort(Document& doc, const CommandCall& call);
+int cmdWordCount(Document& doc, const CommandCall& call);
+int cmdCommentBlock(Document& doc, const CommandCall& call);
+int cmdUncommentBlock(Document& doc, const CommandCall& call);
+int cmdCommentBlockCpp(Document& doc, const CommandCall& call);
+int cmdUncommentBlockCpp(Document& doc, const CommandCall& call);
+int cmdCommentBlockAsm(Document& doc, const CommandCall& call);
+int cmdUncommentBlockAsm(Document& doc, const CommandCall& call);
+int cmdCommentBlockRem(Document& doc, const CommandCall& call);
+int cmdUncommentBlockRem(Document& doc, const CommandCall& call);
+int cmdCommentBlockTeX(Document& doc, const CommandCall& call);
+int cmdUncommentBlockTeX(Document& doc, const CommandCall& call);
+
+// line_draw.cpp
+int cmdStartLineDraw(Document& doc, const CommandCall& call);
+int cmdEndLineDraw(Document& doc, const CommandCall& call);
+int cmdToggleLineDraw(Document& doc, const CommandCall& call);
+int cmdLineDrawStyle(Document& doc, const CommandCall& call);
+
+// line_commands.cpp
+int cmdDupLine(Document& doc, const CommandCall& call);
+int cmdJoinLine(Document& doc, const CommandCall& call);
+int cmdCenterLine(Document& doc, const CommandCall& call);
+int cmdInsertSymbol(Document& doc, const CommandCall& call);
+int cmdInsertTimeDate(Document& doc, const CommandCall& call);
+int cmdInsertTime(Document& doc, const CommandCall& call);
+int cmdInsertDate(Document& doc, const CommandCall& call);
+
 }  // namespace zol

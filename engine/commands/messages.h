@@ -10,3 +10,24 @@ static_assert(kMaxColumns == 3200, "the message below names the capacity");
 inline constexpr const char* kMsgLineTooLong = "Line too long: a line holds at most 3200 columns.";
 
 }  // namespace zol
+
+namespace zol {
+
+// Titles of the questions the block and typing commands ask.
+inline constexpr const char* kTitleFillBlock = "Fill Block";
+inline constexpr const char* kTitleInsertSymbol = "Insert Symbol";
+
+// "WordCount": words, lines and characters, in that order.
+inline constexpr const char* kMsgWordCount = "Words: %ld\nLines: %ld\nCharacters: %ld";
+
+}  // namespace zol
+
+namespace zol {
+
+// "LineDrawStyle" names the style it switched to.
+inline constexpr const char* kMsgLineStyleSingle = "Line drawing: single lines";
+inline constexpr const char* kMsgLineStyleDouble = "Line drawing: double lines";
+inline constexpr const char* kMsgLineStyleDoubleVertical = "Line drawing: double vertical lines";
+inline constexpr const char* kMsgLineStyleDoubleHorizontal = "Line drawing: double horizontal lines";
+
+}  // namespace zol

@@ -4,6 +4,7 @@
 
 #include "engine/columns.h"
 #include "engine/commands/handlers.h"
+#include "engine/commands/line_draw.h"
 #include "engine/options.h"
 #include "engine/selection.h"
 #include "engine/shell.h"
@@ -273,10 +274,23 @@ int moveCursor(Document& doc, Move move, bool extend) {
     return 0;
 }
 
-int cmdCursorLeft(Document& doc, const CommandCall&) { return moveCursor(doc, Move::Left, false); }
-int cmdCursorRight(Document& doc, const CommandCall&) { return moveCursor(doc, Move::Right, false); }
-int cmdCursorUp(Document& doc, const CommandCall&) { return moveCursor(doc, Move::Up, false); }
-int cmdCursorDown(Document& doc, const CommandCall&) { return moveCursor(doc, Move::Down, false); }
+// While line drawing is on, the cursor keys draw.
+int cmdCursorLeft(Document& doc, const CommandCall&) {
+    if (doc.lineDrawing && drawLineStep(doc, DrawDir::Left)) return 1;
+    return moveCursor(doc, Move::Left, false);
+}
+int cmdCursorRight(Document& doc, const CommandCall&) {
+    if (doc.lineDrawing && drawLineStep(doc, DrawDir::Right)) return 1;
+    return moveCursor(doc, Move::Right, false);
+}
+int cmdCursorUp(Document& doc, const CommandCall&) {
+    if (doc.lineDrawing && drawLineStep(doc, DrawDir::Up)) return 1;
+    return moveCursor(doc, Move::Up, false);
+}
+int cmdCursorDown(Document& doc, const CommandCall&) {
+    if (doc.lineDrawing && drawLineStep(doc, DrawDir::Down)) return 1;
+    return moveCursor(doc, Move::Down, false);
+}
 int cmdPageUp(Document& doc, const CommandCall&) { return moveCursor(doc, Move::PageUp, false); }
 int cmdPageDown(Document& doc, const CommandCall&) { return moveCursor(doc, Move::PageDown, false); }
 int cmdLineStart(Document& doc, const CommandCall&) { return moveCursor(doc, Move::LineStart, false); }
