@@ -2,6 +2,7 @@
 
 #include "engine/editor_events.h"
 #include "engine/options.h"
+#include "engine/wordwrap.h"
 #include "files/textfile.h"
 #include "platform/paths.h"
 
@@ -39,8 +40,9 @@ bool saveDocumentAs(Document& doc, const std::string& path, int format) {
         doc.textFormat = oldFormat;
         return false;
     }
-    if (doc.fileName != oldName)
-        sendDocumentEvent(kEventFileNamed, doc, reinterpret_cast<intptr_t>(doc.fileName.c_str()));
+    if (doc.fileName == oldName) return true;
+    applyWrapRule(doc);
+    sendDocumentEvent(kEventFileNamed, doc, reinterpret_cast<intptr_t>(doc.fileName.c_str()));
     return true;
 }
 
@@ -48,6 +50,7 @@ void renameDocument(Document& doc, const std::string& path) {
     if (path.empty()) return;
     doc.fileName = fullPath(path);
     doc.hasFile = true;
+    applyWrapRule(doc);
     sendDocumentEvent(kEventFileNamed, doc, reinterpret_cast<intptr_t>(doc.fileName.c_str()));
 }
 

@@ -5,6 +5,7 @@
 #include "engine/document_list.h"
 #include "engine/options.h"
 #include "engine/shell.h"
+#include "engine/wordwrap.h"
 #include "plugin/api_guard.h"
 
 using namespace zol;
@@ -101,7 +102,10 @@ void ZOLAPI Zol_SetBlockIndent(int indent) {
 }
 
 BOOL ZOLAPI Zol_CanSoftWordWrap(HDOC h) {
-    return guarded<BOOL>(0, [&] { return docOf(h) != nullptr; });
+    return guarded<BOOL>(0, [&] {
+        Document* doc = docOf(h);
+        return doc && canSoftWordWrap(*doc);
+    });
 }
 
 BOOL ZOLAPI Zol_IsDocWordWrap(HDOC h) {
