@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "config/default_keys.h"
+#include "config/keyfile.h"
+#include "config/keymap_messages.h"
 #include "config/settings.h"
 #include "engine/options.h"
+#include "engine/shell.h"
 #include "files/doc_names.h"
 #include "files/textfile.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
+#include "script/macros.h"
 
 namespace zol {
 namespace {
@@ -35,7 +40,11 @@ std::string shippedDataDir() {
 void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
     seedHome(shippedDataDir());
+    initMacros();
     loadProfile();
+    keyMap() = defaultKeyMap();
+    macros() = MacroTable{};
+    loadKeyFile();
     app.anotherInstance = !acquireInstanceLock();
     for (const std::string& f : opts.files) {
         if (!openDocument(app, f)) ++app.failedOpens;
@@ -44,7 +53,11 @@ void startUp(Application& app, const StartupOptions& opts) {
 }
 
 void shutDown(Application& app) {
-    if (app.started) saveProfile(settings().saveSettings);
+    if (app.started) {
+        saveProfile(settings().saveSettings);
+        if (keyMapChanged() && shell().ask(keymsg::kAskSaveChanges, false) == Answer::Yes) saveKeyFile();
+        setKeyMapChanged(false);
+    }
     app.documents.clear();
     app.active = nullptr;
     releaseInstanceLock();

@@ -30,6 +30,9 @@ public:
     virtual void statusMessage(std::string_view text) = 0;
     virtual ClipboardData getClipboard() = 0;
     virtual void setClipboard(const ClipboardData& data) = 0;
+    // The name of a macro about to be recorded: name comes in with a suggestion and
+    // may be changed; false cancels the recording.
+    virtual bool askMacroName(std::string& /*name*/) { return true; }
 };
 
 // One document window. Every hook has a harmless default so that documents can
