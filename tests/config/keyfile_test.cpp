@@ -78,18 +78,13 @@ TEST(KeyFileBytes, ReadBackGiveTheSameTablesAndMacros) {
     EXPECT_EQ(readMap.tables, map.tables);
     expectSame(readTable, table);
     EXPECT_EQ(keyFileBytes(readMap, readTable), file);
-}
 
-TEST(KeyFileBytes, LongNamesAreCutToTheirFields) {
-    MacroTable table;
-    table.slots[1] = macro("", {});
-    table.slots[1].name = std::string(40, 'n');
-    table.slots[1].description = std::string(90, 'd');
-    KeyMap map;
-    MacroTable read;
-    ASSERT_EQ(parseKeyFile(keyFileBytes(map, table), map, read), KeyFileStatus::Ok);
-    EXPECT_EQ(read.slots[1].name, std::string(31, 'n'));
-    EXPECT_EQ(read.slots[1].description, std::string(79, 'd'));
+    // Names too long for their fields are cut, never spill into the next field.
+    table.slots[7].name = std::string(40, 'n');
+    table.slots[7].description = std::string(90, 'd');
+    ASSERT_EQ(parseKeyFile(keyFileBytes(map, table), readMap, readTable), KeyFileStatus::Ok);
+    EXPECT_EQ(readTable.slots[7].name, std::string(31, 'n'));
+    EXPECT_EQ(readTable.slots[7].description, std::string(79, 'd'));
 }
 
 class BadKeyFile : public ::testing::Test {
@@ -138,27 +133,20 @@ TEST_F(BadKeyFile, EveryTruncationIsAReadErrorThatKeepsTheMap) {
 }
 
 TEST_F(BadKeyFile, CountsAndOffsetsPastTheEndAreReadErrors) {
-    std::string s = file;
-    put16(s, 24, 5000);  // primary count
-    EXPECT_EQ(parse(s), KeyFileStatus::ReadError);
-    s = file;
-    s[16] = static_cast<char>(0xF0);  // macro offset
-    s[19] = 0x7F;
-    EXPECT_EQ(parse(s), KeyFileStatus::ReadError);
-    s = file;
-    s[12] = static_cast<char>(0xFF);  // key-map offset
-    s[13] = static_cast<char>(0xFF);
-    s[14] = static_cast<char>(0xFF);
-    s[15] = static_cast<char>(0xFF);
-    EXPECT_EQ(parse(s), KeyFileStatus::ReadError);
-    s = file;
     const size_t macrosAt = 20 + 18 + 2 * 4;
-    put16(s, macrosAt + 2, 3);  // three macros, two present
-    EXPECT_EQ(parse(s), KeyFileStatus::ReadError);
-    s = file;
-    put16(s, macrosAt + 4 + 114, 60000);  // steps of the first macro
-    EXPECT_EQ(parse(s), KeyFileStatus::ReadError);
-    expectUntouched();
+    const std::pair<size_t, uint16_t> corruptions[] = {
+        {24, 5000},                // primary count
+        {18, 0x7FFF},              // macro offset
+        {14, 0xFFFF},              // key-map offset
+        {macrosAt + 2, 3},         // three macros, two present
+        {macrosAt + 4 + 114, 60000},  // steps of the first macro
+    };
+    for (const auto& [at, value] : corruptions) {
+        std::string s = file;
+        put16(s, at, value);
+        EXPECT_EQ(parse(s), KeyFileStatus::ReadError) << at;
+        expectUntouched();
+    }
 }
 
 TEST_F(BadKeyFile, MacrosOutsideTheSlotRangeAreSkippedWithTheirSteps) {
