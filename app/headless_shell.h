@@ -15,8 +15,7 @@ public:
     void statusMessage(std::string_view text) override;
     ClipboardData getClipboard() override { return clip_; }
     void setClipboard(const ClipboardData& data) override { clip_ = data; }
-    // New macros keep their suggested names, "Macro1", "Macro2", ...
-    bool askMacroName(std::string&) override { return true; }
+    bool askMacroName(std::string& name) override;
 
 private:
     std::FILE* out_;
