@@ -1,4 +1,5 @@
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <new>
 
@@ -125,8 +126,15 @@ KeyFileStatus parseKeyFile(std::string_view bytes, KeyMap& map, MacroTable& tabl
 std::string keyFilePath() { return resolveBareName(keyFileNameFromPath(settings().keyMappingFile)); }
 
 bool loadKeyFile() {
+    const std::string path = keyFilePath();
+    std::error_code ec;
+    const uintmax_t size = std::filesystem::file_size(path, ec);
+    if (!ec && size > keymsg::kMaxKeyFileBytes) {
+        shell().message(keymsg::kReadError);
+        return false;
+    }
     std::string bytes;
-    if (!readWholeFile(keyFilePath(), bytes)) return false;
+    if (!readWholeFile(path, bytes)) return false;
     const KeyFileStatus status = parseKeyFile(bytes, keyMap(), macros());
     report(status);
     if (status != KeyFileStatus::Ok && status != KeyFileStatus::NoMemory) return false;

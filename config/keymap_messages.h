@@ -2,6 +2,7 @@
 // the texts report. "%s" stands for a file name.
 #pragma once
 #include <cstddef>
+#include <cstdint>
 
 namespace zol::keymsg {
 
@@ -9,8 +10,10 @@ inline constexpr char kNotCompatible[] = "Keymap file is not compatible with thi
 inline constexpr char kNoMemoryForMacros[] =
     "Not enought memory to load macros.\n\nSave all modified files and quit Zolder.\n\n"
     "If the problem presist, from the Options menu choose Key Mapping command and click on Reset All button.";
-// Reported for a failed read and, on purpose, for a failed save as well.
+// Reported for a failed read and, on purpose, for a failed save as well. A key file
+// larger than this is not read: the fullest one possible is below 40 MB.
 inline constexpr char kReadError[] = "Read Error !";
+inline constexpr uintmax_t kMaxKeyFileBytes = 64u << 20;
 inline constexpr char kCannotOpenWrite[] = "Cannot open %s file.\n\nMake sure the disk is not full or write-protected.";
 inline constexpr char kCannotOpenDefault[] = "Cannot open DEFKEY.ZOL file.";
 inline constexpr char kResetFailed[] =

@@ -232,7 +232,10 @@ TEST_F(KeyFileOnDisk, LoadFailuresAreReportedAndKeepTheMap) {
     EXPECT_FALSE(loadKeyFile());
     put("ZOL.KEY", keyFileBytes(KeyMap{}, MacroTable{}).substr(0, 30));
     EXPECT_FALSE(loadKeyFile());
-    EXPECT_EQ(shell.messages, (std::vector<std::string>{keymsg::kNotCompatible, keymsg::kReadError}));
+    put("ZOL.KEY", keyFileBytes(KeyMap{}, MacroTable{}));
+    std::filesystem::resize_file(path("ZOL.KEY"), keymsg::kMaxKeyFileBytes + 1);
+    EXPECT_FALSE(loadKeyFile());
+    EXPECT_EQ(shell.messages, (std::vector<std::string>{keymsg::kNotCompatible, keymsg::kReadError, keymsg::kReadError}));
     EXPECT_EQ(keyMap().tables, sentinelMap().tables);
 }
 
