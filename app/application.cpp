@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "config/default_keys.h"
+#include "config/keyfile.h"
+#include "config/keymap_messages.h"
 #include "config/settings.h"
 #include "engine/editor_events.h"
 #include "engine/options.h"
 #include "engine/wordwrap.h"
+#include "engine/shell.h"
 #include "files/doc_names.h"
 #include "files/prompts.h"
 #include "files/save.h"
@@ -14,6 +18,7 @@
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
+#include "script/macros.h"
 
 namespace zol {
 namespace {
@@ -55,7 +60,11 @@ std::string shippedDataDir() {
 void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
     seedHome(opts.dataDir.empty() ? shippedDataDir() : opts.dataDir);
+    initMacros();
     loadProfile();
+    keyMap() = defaultKeyMap();
+    macros() = MacroTable{};
+    loadKeyFile();
     app.anotherInstance = !acquireInstanceLock();
     setDocumentList(&app.list);
     initPlugIns();
@@ -73,6 +82,8 @@ void shutDown(Application& app) {
         sendEvent(kEventFrameClosing, active);
         sendEvent(kEventFrameGroupEnd, active);
         saveProfile(settings().saveSettings);
+        if (keyMapChanged() && shell().ask(keymsg::kAskSaveChanges, false) == Answer::Yes) saveKeyFile();
+        setKeyMapChanged(false);
     }
     while (!app.documents.empty()) destroyDocument(app, app.documents.back().get());
     unloadAllPlugIns(reinterpret_cast<intptr_t>(&app));

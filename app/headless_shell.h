@@ -15,6 +15,7 @@ public:
     void statusMessage(std::string_view text) override;
     ClipboardData getClipboard() override { return clip_; }
     void setClipboard(const ClipboardData& data) override { clip_ = data; }
+    bool askMacroName(std::string& name) override;
 
 private:
     std::FILE* out_;

@@ -54,6 +54,9 @@ public:
     // The symbol table: a character chosen by the user (1..255), or -1 when cancelled.
     // Without a dialog the choice is cancelled.
     virtual int chooseCharacter(std::string_view /*title*/) { return -1; }
+    // The name of a macro about to be recorded: name comes in with a suggestion and
+    // may be changed; false cancels the recording.
+    virtual bool askMacroName(std::string& /*name*/) { return true; }
 };
 
 // One document window. Every hook has a harmless default so that documents can
