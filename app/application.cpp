@@ -1,10 +1,15 @@
 #include "app/application.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 
+#include "config/profile_owners.h"
 #include "config/settings.h"
+#include "engine/bookmarks.h"
 #include "engine/options.h"
+#include "files/autosave.h"
+#include "files/convert_command.h"
 #include "files/doc_names.h"
 #include "files/textfile.h"
 #include "platform/instance_lock.h"
@@ -14,6 +19,35 @@ namespace zol {
 namespace {
 
 const char* const kFormatNames[] = {"DOS/Windows", "UNIX", "Macintosh"};
+constexpr int64_t kMsPerMinute = 60 * 1000;
+
+void registerOwnedLists() {
+    registerProfileOwner(
+        "Bookmarks",
+        [](std::string_view section, std::string_view file) { loadNamedBookmarks(namedBookmarks(), section, file); },
+        [](std::string_view section, std::string_view file) { saveNamedBookmarks(namedBookmarks(), section, file); });
+}
+
+// A document leaves normally: its side file and its ties to named bookmarks go.
+void letGo(Document& doc) {
+    removeAutoSaveFile(doc);
+    detachDocument(namedBookmarks(), doc);
+}
+
+// Only the instance that holds the home's lock alone may take the side files: another
+// running instance may still be writing them.
+void recoverIfAlone(Application& app) {
+    if (app.anotherInstance || processInstanceLock().fd < 0) return;
+    // Recovered documents get their own names, so they take no number of new documents.
+    auto create = [&app] {
+        auto doc = std::make_unique<Document>();
+        doc->textFormat = options().defaultFileFormat;
+        app.documents.push_back(std::move(doc));
+        app.active = app.documents.back().get();
+        return app.active;
+    };
+    app.recovered = recoverAutoSaved(homeDir(), create, [&app](Document* d) { destroyDocument(app, d); });
+}
 
 }  // namespace
 
@@ -35,8 +69,11 @@ std::string shippedDataDir() {
 void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
     seedHome(shippedDataDir());
+    registerOwnedLists();
+    installConvertCommand();
     loadProfile();
     app.anotherInstance = !acquireInstanceLock();
+    recoverIfAlone(app);
     for (const std::string& f : opts.files) {
         if (!openDocument(app, f)) ++app.failedOpens;
     }
@@ -45,6 +82,7 @@ void startUp(Application& app, const StartupOptions& opts) {
 
 void shutDown(Application& app) {
     if (app.started) saveProfile(settings().saveSettings);
+    for (const auto& doc : app.documents) letGo(*doc);
     app.documents.clear();
     app.active = nullptr;
     releaseInstanceLock();
@@ -74,11 +112,27 @@ void destroyDocument(Application& app, Document* doc) {
                            [doc](const auto& d) { return d.get() == doc; });
     if (it == app.documents.end()) return;
     const size_t index = static_cast<size_t>(it - app.documents.begin());
+    letGo(*doc);
     app.documents.erase(it);
     if (app.active == doc) {
         app.active = app.documents.empty() ? nullptr
                                            : app.documents[std::min(index, app.documents.size() - 1)].get();
     }
+}
+
+void autoSaveTick(Application& app, int64_t nowMs) {
+    if (app.lastAutoSaveMs < 0 || !options().autoSave) {
+        app.lastAutoSaveMs = nowMs;
+        return;
+    }
+    if (nowMs - app.lastAutoSaveMs < options().autoSaveEvery * kMsPerMinute) return;
+    app.lastAutoSaveMs = nowMs;
+    for (const auto& doc : app.documents) autoSaveDocument(*doc, homeDir());
+}
+
+void autoSaveTick(Application& app) {
+    using namespace std::chrono;
+    autoSaveTick(app, duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
 void setActiveDocument(Application& app, Document* doc) {

@@ -113,4 +113,19 @@ int cmdShowRuler(Document& doc, const CommandCall& call);
 int cmdShowVisibleSpaces(Document& doc, const CommandCall& call);
 int cmdShowLineNumbers(Document& doc, const CommandCall& call);
 
+// marks.cpp
+int cmdSetMark(Document& doc, const CommandCall& call);   // SetMark0..9 by id
+int cmdGotoMark(Document& doc, const CommandCall& call);  // GotoMark0..9 by id
+int cmdBookmarkToggle(Document& doc, const CommandCall& call);
+int cmdBookmarkSet(Document& doc, const CommandCall& call);
+int cmdBookmarkClearAll(Document& doc, const CommandCall& call);
+int cmdBookmarkNext(Document& doc, const CommandCall& call);
+int cmdBookmarkPrev(Document& doc, const CommandCall& call);
+int cmdBookmarks(Document& doc, const CommandCall& call);
+int cmdSaveCursorPos(Document& doc, const CommandCall& call);
+int cmdRestoreCursorPos(Document& doc, const CommandCall& call);
+int cmdDeleteBookmarkedLines(Document& doc, const CommandCall& call);
+int cmdCutBookmarkedLines(Document& doc, const CommandCall& call);
+int cmdCopyBookmarkedLines(Document& doc, const CommandCall& call);
+
 }  // namespace zol

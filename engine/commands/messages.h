@@ -10,3 +10,13 @@ static_assert(kMaxColumns == 3200, "the message below names the capacity");
 inline constexpr const char* kMsgLineTooLong = "Line too long: a line holds at most 3200 columns.";
 
 }  // namespace zol
+
+namespace zol {
+
+// Named bookmarks are shared by all documents and kept in the settings file.
+inline constexpr int kMaxNamedBookmarks = 32;
+static_assert(kMaxNamedBookmarks == 32, "the message below names the capacity");
+inline constexpr const char* kMsgTooManyBookmarks = "No more bookmarks: the list holds at most 32.";
+inline constexpr const char* kMsgBookmarkExists = "A bookmark of that name already exists.";
+
+}  // namespace zol

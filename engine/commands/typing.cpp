@@ -179,7 +179,8 @@ int indentAbove(const Document& doc, int32_t line) {
 
 // Breaks the line at the cursor, with the auto indent when asked. A cursor beyond
 // the end breaks at the end, so no trailing blanks are made. A break in column 0 of
-// a bookmarked line hands the bookmark to the line that takes the text.
+// a bookmarked line hands the bookmark to the line that takes the text (insertText
+// does that for every insertion in front of a whole line).
 int breakLine(Document& doc, bool withIndent) {
     Pos cur = doc.cursor;
     const std::string_view line = lineText(doc, cur.line);
@@ -203,9 +204,10 @@ int breakLine(Document& doc, bool withIndent) {
     }
     bool ok = insertText(doc, text);
     if (!ok && text.size() > 2) ok = insertText(doc, "\r\n");
-    if (ok && bookmarkMoves) {
-        LineList& ll = doc.lines;
-        const LineRef r = ll.find(cur.line);
+    // The cursor may have moved past the leading blanks first.
+    LineList& ll = doc.lines;
+    const LineRef r = ll.find(cur.line);
+    if (ok && bookmarkMoves && ll.header(r).bookmark) {
         ll.header(ll.next(r)).bookmark = ll.header(r).bookmark;
         ll.header(r).bookmark = 0;
     }
