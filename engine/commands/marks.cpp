@@ -67,7 +67,12 @@ bool removeLines(Document& doc, const std::vector<int32_t>& lines) {
             text += kept[i];
         }
     }
-    if (!replaceRange(doc, from, to, text)) return false;
+    // The marks go with their lines, whichever line record the replacement keeps.
+    for (int32_t l : lines) setBookmark(doc, l, false);
+    if (!replaceRange(doc, from, to, text)) {
+        for (int32_t l : lines) setBookmark(doc, l, true);
+        return false;
+    }
     setCursor(doc, makePos(0, std::min(first, lastLine(doc))));
     return true;
 }
@@ -90,7 +95,8 @@ int cmdSetMark(Document& doc, const CommandCall& call) {
 int cmdGotoMark(Document& doc, const CommandCall& call) {
     const NumberedMark& m = doc.marks.numbered[static_cast<size_t>(call.id - kFirstGotoMark)];
     if (!m.set) return 0;
-    return goTo(doc, m.pos);
+    goTo(doc, m.pos);
+    return 1;
 }
 
 int cmdBookmarkToggle(Document& doc, const CommandCall&) {
@@ -140,7 +146,8 @@ int cmdRestoreCursorPos(Document& doc, const CommandCall&) {
     if (stack.empty()) return 0;
     const Pos p = stack.back();
     stack.pop_back();
-    return goTo(doc, p);
+    goTo(doc, p);
+    return 1;
 }
 
 int cmdDeleteBookmarkedLines(Document& doc, const CommandCall&) { return deleteBookmarked(doc); }
