@@ -5,11 +5,18 @@
 namespace zol {
 
 void HeadlessShell::message(std::string_view text) {
-    std::string line(text);
-    // A message box's blank lines read badly on one terminal line.
-    for (size_t p; (p = line.find("\n\n")) != std::string::npos;) line.replace(p, 2, " ");
-    for (char& c : line)
-        if (c == '\n') c = ' ';
+    // A message box's blank lines read badly on one terminal line: a run of line
+    // ends becomes one blank.
+    std::string line;
+    line.reserve(text.size());
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\n') {
+            line += text[i];
+            continue;
+        }
+        line += ' ';
+        if (i + 1 < text.size() && text[i + 1] == '\n') ++i;
+    }
     std::fprintf(out_, "zolder: %s\n", line.c_str());
 }
 
