@@ -2,20 +2,15 @@
 #include <filesystem>
 #include <memory>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "files/autosave.h"
 #include "files/messages.h"
 #include "files/textfile.h"
 #include "platform/dirsearch.h"
-#include "platform/paths.h"
 #include "tests/files/files_fixture.h"
 
 namespace zol::test {
 namespace {
-
-namespace fs = std::filesystem;
 
 class AutoSave : public FilesTest {
 protected:
@@ -24,95 +19,63 @@ protected:
         for (const FoundFile& f : findFiles(dir_ + kAutoSavePattern, false)) names.push_back(f.name);
         return names;
     }
-    Document* make() {
-        docs.push_back(std::make_unique<Document>());
-        return docs.back().get();
+    std::unique_ptr<Document> modifiedDoc(const std::vector<std::string>& lines) {
+        auto d = std::make_unique<Document>();
+        setLines(*d, lines);
+        d->modified = true;
+        return d;
     }
-    int recover() {
-        return recoverAutoSaved(dir_, [this] { return make(); }, [this](Document* d) {
-            std::erase_if(docs, [d](const auto& p) { return p.get() == d; });
-        });
-    }
-    std::vector<std::unique_ptr<Document>> docs;
 };
 
-TEST_F(AutoSave, OnlyModifiedDocumentsAreWrittenAndStayModified) {
-    Document doc;
-    setLines(doc, {"one", "two", ""});
-    doc.textFormat = 1;
-    EXPECT_FALSE(autoSaveDocument(doc, dir_));
-    EXPECT_TRUE(sideFiles().empty());
+TEST_F(AutoSave, ModifiedDocumentsGoToTheirOwnFreshSideFiles) {
+    auto doc = modifiedDoc({"one", "two", ""});
+    doc->modified = false;
+    EXPECT_FALSE(autoSaveDocument(*doc, dir_));
+    doc->modified = true;
+    doc->textFormat = 1;
+    ASSERT_TRUE(autoSaveDocument(*doc, dir_));
+    EXPECT_EQ(bytesOf(doc->autoSaveFile), "one\ntwo\n");
+    EXPECT_TRUE(doc->modified);
+    const std::string first = doc->autoSaveFile;
+    doc->textFormat = 0;
+    ASSERT_TRUE(autoSaveDocument(*doc, dir_));
+    EXPECT_EQ(doc->autoSaveFile, first);
+    EXPECT_EQ(bytesOf(first), "one\r\ntwo\r\n");
 
-    doc.modified = true;
-    ASSERT_TRUE(autoSaveDocument(doc, dir_));
-    ASSERT_EQ(sideFiles().size(), 1u);
-    EXPECT_EQ(doc.autoSaveFile, dir_ + sideFiles()[0]);
-    EXPECT_EQ(bytesOf(doc.autoSaveFile), "one\ntwo\n");
-    EXPECT_TRUE(doc.modified);
-
-    // Later rounds rewrite the same file in the document's current format.
-    doc.textFormat = 0;
-    setLines(doc, {"a", "b"});
-    const std::string first = doc.autoSaveFile;
-    ASSERT_TRUE(autoSaveDocument(doc, dir_));
-    EXPECT_EQ(doc.autoSaveFile, first);
-    EXPECT_EQ(bytesOf(first), "a\r\nb");
-    EXPECT_EQ(sideFiles().size(), 1u);
-
-    removeAutoSaveFile(doc);
-    EXPECT_TRUE(doc.autoSaveFile.empty());
-    EXPECT_TRUE(sideFiles().empty());
-}
-
-TEST_F(AutoSave, EachDocumentGetsItsOwnFreshName) {
     const std::string someoneElse = put("~zol0000.asd", "not ours");
-    std::vector<std::unique_ptr<Document>> many;
-    std::set<std::string> names;
-    for (int i = 0; i < 200; ++i) {
-        many.push_back(std::make_unique<Document>());
-        setLines(*many.back(), {std::to_string(i)});
-        many.back()->modified = true;
-        ASSERT_TRUE(autoSaveDocument(*many.back(), dir_));
-        names.insert(many.back()->autoSaveFile);
+    std::set<std::string> names = {first};
+    for (int i = 0; i < 100; ++i) {
+        auto other = modifiedDoc({std::to_string(i)});
+        ASSERT_TRUE(autoSaveDocument(*other, dir_));
+        names.insert(other->autoSaveFile);
+        other->autoSaveFile.clear();  // keep the file, forget it
     }
-    EXPECT_EQ(names.size(), 200u);
+    EXPECT_EQ(names.size(), 101u);
     EXPECT_EQ(bytesOf(someoneElse), "not ours");
-    EXPECT_EQ(bytesOf(many[17]->autoSaveFile), "17");
 }
 
-TEST_F(AutoSave, UnwritableFolderKeepsTheDocumentModifiedAndSilent) {
-    Document doc;
-    setLines(doc, {"precious"});
-    doc.modified = true;
+TEST_F(AutoSave, FailuresAreSilentAndKeepTheDocumentModified) {
+    auto doc = modifiedDoc({"precious"});
     const std::string notAFolder = put("plainfile", "x") + "/";
-    EXPECT_FALSE(autoSaveDocument(doc, notAFolder));
-    EXPECT_TRUE(doc.modified);
-    EXPECT_TRUE(doc.autoSaveFile.empty());
-    EXPECT_TRUE(shell_.messages.empty());
-
+    EXPECT_FALSE(autoSaveDocument(*doc, notAFolder));
+    EXPECT_TRUE(doc->autoSaveFile.empty());
     // A side file that can no longer be written is dropped; the next round starts over.
-    ASSERT_TRUE(autoSaveDocument(doc, dir_));
-    const std::string side = doc.autoSaveFile;
-    doc.autoSaveFile = notAFolder + "~zol0001.asd";
-    EXPECT_FALSE(autoSaveDocument(doc, dir_));
-    EXPECT_TRUE(doc.autoSaveFile.empty());
-    EXPECT_TRUE(doc.modified);
-    fs::remove(side);
+    doc->autoSaveFile = notAFolder + "~zol0001.asd";
+    EXPECT_FALSE(autoSaveDocument(*doc, dir_));
+    EXPECT_TRUE(doc->autoSaveFile.empty());
+    EXPECT_TRUE(doc->modified);
+    EXPECT_TRUE(shell_.messages.empty());
 }
 
-TEST_F(AutoSave, SavingTheDocumentRemovesItsSideFile) {
-    Document doc;
-    setLines(doc, {"text"});
-    doc.fileName = path("real.txt");
-    doc.hasFile = true;
-    doc.modified = true;
-    ASSERT_TRUE(autoSaveDocument(doc, dir_));
-    // Writing a copy that keeps the document modified keeps the side file too.
-    ASSERT_TRUE(writeFile(doc, path("copy.txt"), 0, -1, false, true));
+TEST_F(AutoSave, OnlyASaveThatClearsModifiedRemovesTheSideFile) {
+    auto doc = modifiedDoc({"text"});
+    doc->fileName = path("real.txt");
+    doc->hasFile = true;
+    ASSERT_TRUE(autoSaveDocument(*doc, dir_));
+    ASSERT_TRUE(writeFile(*doc, path("copy.txt"), 0, -1, false, true));
     EXPECT_EQ(sideFiles().size(), 1u);
-    ASSERT_TRUE(writeFile(doc, doc.fileName, 0, -1, false, false));
+    ASSERT_TRUE(writeFile(*doc, doc->fileName, 0, -1, false, false));
     EXPECT_TRUE(sideFiles().empty());
-    EXPECT_TRUE(doc.autoSaveFile.empty());
 }
 
 TEST_F(AutoSave, RecoveryNamesDocumentsInOrderAndRemovesSideFiles) {
@@ -122,27 +85,22 @@ TEST_F(AutoSave, RecoveryNamesDocumentsInOrderAndRemovesSideFiles) {
         put(name, "doc " + std::to_string(i) + "\r\nend");
     }
     put("~zolnote.txt", "not a side file");
-    fs::create_directory(path("~zol0001.asd"));
+    std::filesystem::create_directory(path("~zol0001.asd"));
+    std::vector<std::unique_ptr<Document>> docs;
+    auto recover = [&] {
+        return recoverAutoSaved(dir_, [&] { return docs.emplace_back(std::make_unique<Document>()).get(); },
+                                [&](Document*) { docs.pop_back(); });
+    };
     EXPECT_EQ(recover(), 11);
     ASSERT_EQ(docs.size(), 11u);
-    EXPECT_EQ(docs[0]->fileName, "Recover1");
     EXPECT_EQ(docs[8]->fileName, "Recover9");
-    EXPECT_EQ(docs[9]->fileName, "Recov10");
     EXPECT_EQ(docs[10]->fileName, "Recov11");
     EXPECT_EQ(linesOf(*docs[9]), (std::vector<std::string>{"doc 10", "end"}));
-    for (const auto& d : docs) {
-        EXPECT_TRUE(d->modified);
-        EXPECT_FALSE(d->hasFile);
-        EXPECT_EQ(d->textFormat, 0);
-    }
-    EXPECT_TRUE(sideFiles().size() == 1 && sideFiles()[0] == "~zol0001.asd");
-    ASSERT_EQ(shell_.messages.size(), 1u);
-    EXPECT_EQ(shell_.messages[0], filemsg::kRecovered);
-
-    docs.clear();
-    shell_.messages.clear();
+    EXPECT_TRUE(docs[9]->modified && !docs[9]->hasFile);
+    EXPECT_EQ(sideFiles(), (std::vector<std::string>{"~zol0001.asd"}));
+    EXPECT_EQ(shell_.messages, (std::vector<std::string>{filemsg::kRecovered}));
     EXPECT_EQ(recover(), 0);
-    EXPECT_TRUE(shell_.messages.empty());
+    EXPECT_EQ(shell_.messages.size(), 1u);
 }
 
 }  // namespace
