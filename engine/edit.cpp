@@ -85,8 +85,8 @@ bool rawInsert(Document& doc, Pos at, std::string_view text, Pos* end) {
     }
 
     // Text put in front of a whole line pushes that line down: its bookmark goes
-    // with it to the line that now holds its text.
-    const bool markMoves = parts.size() > 1 && hit.offset == 0 && hit.padding == 0;
+    // with it to the line that now holds its text. An empty line keeps its mark.
+    const bool markMoves = parts.size() > 1 && hit.offset == 0 && hit.padding == 0 && !suffix.empty();
     const uint8_t mark = ll.header(r).bookmark;
     r = ll.setText(r, head);
     int32_t index = at.line;
@@ -133,10 +133,10 @@ bool rawDelete(Document& doc, Pos from, Pos to, std::string* removed) {
         removed->append(l2.substr(0, off2));
     }
     const int32_t count = to.line - from.line;
-    // When all of the first line goes and the last line's text stays, the joined line
+    // When all of the first line goes and text of the last line stays, the joined line
     // is the last line moved up: it keeps that line's bookmark. This is the reverse of
     // the move in rawInsert.
-    const bool lastSurvives = off1 == 0 && (off2 < l2.size() || off2 == 0);
+    const bool lastSurvives = off1 == 0 && off2 < l2.size();
     const uint8_t mark = ll.header(lastSurvives ? r2 : r1).bookmark;
     // Removing the lines after r1 first keeps r1 valid; its text changes last.
     for (int32_t i = 0; i < count; ++i) ll.erase(ll.next(r1), from.line + 1);

@@ -202,12 +202,14 @@ int breakLine(Document& doc, bool withIndent) {
         }
         text += indentText(indent);
     }
+    // Past the leading blanks the break is no longer in front of the whole line, so
+    // insertText leaves the mark where it was.
+    const bool skippedBlanks = doc.cursor.col != 0;
     bool ok = insertText(doc, text);
     if (!ok && text.size() > 2) ok = insertText(doc, "\r\n");
-    // The cursor may have moved past the leading blanks first.
     LineList& ll = doc.lines;
     const LineRef r = ll.find(cur.line);
-    if (ok && bookmarkMoves && ll.header(r).bookmark) {
+    if (ok && bookmarkMoves && skippedBlanks) {
         ll.header(ll.next(r)).bookmark = ll.header(r).bookmark;
         ll.header(r).bookmark = 0;
     }

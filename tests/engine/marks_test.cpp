@@ -37,6 +37,15 @@ TEST_F(Marks, BookmarksTravelWithTheirLinesThroughEditAndUndo) {
     EXPECT_EQ(marked(), (std::vector<int32_t>{2}));
     run("Redo");
     EXPECT_EQ(marked(), (std::vector<int32_t>{3}));
+    // An empty line keeps its mark; deleting the empty line below it leaves it there.
+    fill(doc, "\n\n");
+    mark({0});
+    run("NewLine");
+    EXPECT_EQ(marked(), (std::vector<int32_t>{0}));
+    run("DeleteLine");
+    EXPECT_EQ(marked(), (std::vector<int32_t>{0}));
+    run("Undo");
+    EXPECT_EQ(marked(), (std::vector<int32_t>{0}));
     // With auto indent the cursor first skips the leading blanks; the mark still moves.
     options().autoIndent = true;
     fill(doc, "  text");
