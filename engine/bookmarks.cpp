@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 #include <string>
 
 #include "engine/edit.h"
@@ -170,7 +171,7 @@ bool parseNamedBookmark(std::string_view value, NamedBookmark& out) {
     out.name = std::move(name);
     out.file = std::move(file);
     out.pos = makePos(static_cast<int>(std::clamp<long>(col, 0, kMaxColumns)),
-                      static_cast<int32_t>(std::max<long>(line, 0)));
+                      static_cast<int32_t>(std::clamp<long>(line, 0, INT32_MAX)));
     return true;
 }
 
