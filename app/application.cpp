@@ -1,6 +1,7 @@
 #include "app/application.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 
 #include "config/default_keys.h"
@@ -11,6 +12,12 @@
 #include "engine/options.h"
 #include "engine/wordwrap.h"
 #include "engine/shell.h"
+#include "config/profile_owners.h"
+#include "config/settings.h"
+#include "engine/bookmarks.h"
+#include "engine/options.h"
+#include "files/autosave.h"
+#include "files/convert_command.h"
 #include "files/doc_names.h"
 #include "files/prompts.h"
 #include "files/save.h"
@@ -24,6 +31,37 @@ namespace zol {
 namespace {
 
 const char* const kFormatNames[] = {"DOS/Windows", "UNIX", "Macintosh"};
+constexpr int64_t kMsPerMinute = 60 * 1000;
+
+void registerOwnedLists() {
+    registerProfileOwner(
+        "Bookmarks",
+        [](std::string_view section, std::string_view file) { loadNamedBookmarks(namedBookmarks(), section, file); },
+        [](std::string_view section, std::string_view file) { saveNamedBookmarks(namedBookmarks(), section, file); });
+}
+
+// A document leaves normally: its side file and its ties to named bookmarks go.
+void letGo(Document& doc) {
+    removeAutoSaveFile(doc);
+    detachDocument(namedBookmarks(), doc);
+}
+
+// Only the instance that holds the home's lock alone may take the side files: another
+// running instance may still be writing them.
+void recoverIfAlone(Application& app) {
+    if (app.anotherInstance || processInstanceLock().fd < 0) return;
+    // Recovered documents get their own names, so they take no number of new documents.
+    auto create = [&app] {
+        auto doc = std::make_unique<Document>();
+        doc->textFormat = options().defaultFileFormat;
+        app.documents.push_back(std::move(doc));
+        Document* made = app.documents.back().get();
+        sendDocumentEvent(kEventDocumentCreated, *made);
+        setActiveDocument(app, made);
+        return made;
+    };
+    app.recovered = recoverAutoSaved(homeDir(), create, [&app](Document* d) { destroyDocument(app, d); });
+}
 
 }  // namespace
 
@@ -61,6 +99,8 @@ void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
     seedHome(opts.dataDir.empty() ? shippedDataDir() : opts.dataDir);
     initMacros();
+    registerOwnedLists();
+    installConvertCommand();
     loadProfile();
     keyMap() = defaultKeyMap();
     macros() = MacroTable{};
@@ -69,6 +109,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     setDocumentList(&app.list);
     initPlugIns();
     loadAllPlugIns(app.mainWindow);
+    recoverIfAlone(app);
     for (const std::string& f : opts.files) {
         if (!openDocument(app, f)) ++app.failedOpens;
     }
@@ -146,12 +187,28 @@ void destroyDocument(Application& app, Document* doc) {
     if (it == app.documents.end()) return;
     const size_t index = static_cast<size_t>(it - app.documents.begin());
     if (app.active == doc) sendDocumentEvent(kEventDeactivated, *doc);
+    letGo(*doc);
     app.documents.erase(it);
     if (app.active == doc) {
         app.active = nullptr;
         if (!app.documents.empty())
             setActiveDocument(app, app.documents[std::min(index, app.documents.size() - 1)].get());
     }
+}
+
+void autoSaveTick(Application& app, int64_t nowMs) {
+    if (app.lastAutoSaveMs < 0 || !options().autoSave) {
+        app.lastAutoSaveMs = nowMs;
+        return;
+    }
+    if (nowMs - app.lastAutoSaveMs < options().autoSaveEvery * kMsPerMinute) return;
+    app.lastAutoSaveMs = nowMs;
+    for (const auto& doc : app.documents) autoSaveDocument(*doc, homeDir());
+}
+
+void autoSaveTick(Application& app) {
+    using namespace std::chrono;
+    autoSaveTick(app, duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
 void setActiveDocument(Application& app, Document* doc) {

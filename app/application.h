@@ -1,6 +1,7 @@
 // The application object: the document list, the active document, and the start-up
 // and exit order shared by both front ends.
 #pragma once
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,7 +14,7 @@ namespace zol {
 struct StartupOptions {
     std::string home;                 // --home, empty for the default
     std::vector<std::string> files;   // opened in order; the last becomes active
-    std::string dataDir;              // seeds the home; empty for the shipped data folder
+    std::string dataDir = {};         // seeds the home; empty for the shipped data folder
 };
 
 struct Application;
@@ -44,6 +45,8 @@ struct Application {
     int failedOpens = 0;                               // files of the command line that did not open
     intptr_t mainWindow = 0;                           // the desktop frame, 0 headless
     ApplicationDocuments list{*this};
+    int recovered = 0;                                 // documents brought back from side files
+    int64_t lastAutoSaveMs = -1;                       // clock of the last auto-save round, -1 before the first tick
 
     Application() = default;
     Application(const Application&) = delete;
@@ -69,6 +72,13 @@ bool closeDocument(Application& app, Document* doc);
 void destroyDocument(Application& app, Document* doc);
 void setActiveDocument(Application& app, Document* doc);
 bool isDocument(const Application& app, const Document* doc);
+
+// The front ends call this from their timer, every few seconds; it auto-saves the
+// modified documents once "AutoSaveEvery" minutes have passed since the last round
+// (or since the first tick). nowMs is any clock that only moves forward.
+void autoSaveTick(Application& app, int64_t nowMs);
+// The same on the steady clock.
+void autoSaveTick(Application& app);
 
 // The folder whose files are copied into a new home.
 std::string shippedDataDir();

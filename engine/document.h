@@ -4,6 +4,7 @@
 #include <string>
 
 #include "engine/line_list.h"
+#include "engine/marks.h"
 #include "engine/position.h"
 #include "engine/undo.h"
 
@@ -40,6 +41,8 @@ struct Document {
     bool macroRunning = false;
     int recorder = 0;               // 0 idle, 1 recording
     uint16_t stateWord = 0;         // reset by cursor placement from outside
+    DocMarks marks;
+    std::string autoSaveFile;       // side file in the home, empty until the first auto-save
 
     EditorView* view = nullptr;     // window showing the document, if any
 };

@@ -56,6 +56,8 @@ size_t offsetOf(std::string_view line, int col) {
 
 void addChangeListener(ChangeListener fn) { listeners().push_back(fn); }
 
+void textChanged(Document& doc, int32_t line, int32_t removed, int32_t added) { changed(doc, line, removed, added); }
+
 Pos normalize(const Document& doc, Pos p) {
     p.line = std::clamp<int32_t>(p.line, 0, doc.lines.lastIndex);
     if (p.col < 0) p.col = 0;
@@ -88,10 +90,18 @@ bool rawInsert(Document& doc, Pos at, std::string_view text, Pos* end) {
             if (!fits(parts[i])) return false;
     }
 
+    // Text put in front of a whole line pushes that line down: its bookmark goes
+    // with it to the line that now holds its text. An empty line keeps its mark.
+    const bool markMoves = parts.size() > 1 && hit.offset == 0 && hit.padding == 0 && !suffix.empty();
+    const uint8_t mark = ll.header(r).bookmark;
     r = ll.setText(r, head);
     int32_t index = at.line;
     for (size_t i = 1; i < parts.size(); ++i) {
         r = ll.insertAfter(r, ++index, i + 1 == parts.size() ? std::string_view(tail) : parts[i]);
+    }
+    if (markMoves) {
+        ll.header(r).bookmark = mark;
+        ll.header(ll.find(at.line)).bookmark = 0;
     }
     if (end) *end = makePos(endCol, index);
     changed(doc, at.line, 0, static_cast<int32_t>(parts.size() - 1));
@@ -129,9 +139,15 @@ bool rawDelete(Document& doc, Pos from, Pos to, std::string* removed) {
         removed->append(l2.substr(0, off2));
     }
     const int32_t count = to.line - from.line;
+    // When all of the first line goes and text of the last line stays, the joined line
+    // is the last line moved up: it keeps that line's bookmark. This is the reverse of
+    // the move in rawInsert.
+    const bool lastSurvives = off1 == 0 && off2 < l2.size();
+    const uint8_t mark = ll.header(lastSurvives ? r2 : r1).bookmark;
     // Removing the lines after r1 first keeps r1 valid; its text changes last.
     for (int32_t i = 0; i < count; ++i) ll.erase(ll.next(r1), from.line + 1);
-    ll.setText(r1, joined);
+    r1 = ll.setText(r1, joined);
+    ll.header(r1).bookmark = mark;
     changed(doc, from.line, count, 0);
     return true;
 }

@@ -38,5 +38,8 @@ Pos normalize(const Document& doc, Pos p);
 // gone after it and `added` lines new after it.
 using ChangeListener = void (*)(Document& doc, int32_t line, int32_t removed, int32_t added);
 void addChangeListener(ChangeListener fn);
+// For code that rewrote lines in place: marks the document modified, tells the
+// listeners and redraws, as the primitive edits do.
+void textChanged(Document& doc, int32_t line, int32_t removed, int32_t added);
 
 }  // namespace zol

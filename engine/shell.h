@@ -79,6 +79,8 @@ public:
     // "Macro" and "ExecScript" hand over to the window.
     virtual void macroCommand() {}
     virtual void scriptCommand() {}
+    // "Bookmarks" opens the list of named bookmarks.
+    virtual void namedBookmarksDialog() {}
 };
 
 // The application's shell. Until one is installed a silent one answers every

@@ -30,6 +30,13 @@ inline constexpr char kCannotOpenWrite[] =
     "Cannot open %s file.\n\nMake sure the disk is not full or write-protected.";
 inline constexpr char kWriteError[] = "Write error !\n\nMake sure the disk is not full.";
 
+// Code-page conversion: "TEXT.CNV" missing or unreadable.
+inline constexpr char kCannotOpenTables[] =
+    "Cannot open %s file.\n\nMake sure the disk is not full or write-protected.";
+
+// Auto-save and recovery.
+inline constexpr char kRecovered[] = "Your last session failed! Zolder will recover automatic saved files.";
+
 // Questions.
 inline constexpr char kReloadUnchanged[] = "Another application has updated file %s\nReload it?";
 inline constexpr char kReloadModified[] =

@@ -8,8 +8,11 @@
 
 #include "engine/columns.h"
 #include "engine/shell.h"
+#include "files/autosave.h"
 #include "files/messages.h"
 #include "files/textfile.h"
+
+#include "files/autosave.h"
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
 
@@ -227,6 +230,8 @@ bool writeFile(Document& doc, const std::string& path, int format, int backupSty
         setModified(doc, false);
         if (keepModified) setModified(doc, wasModified);
         if (doc.hasFile && fullPath(doc.fileName) == fullPath(path)) doc.fileTime = fileTime32(path);
+        // Saved text needs no side file any more.
+        if (!doc.modified) removeAutoSaveFile(doc);
     }
     return true;
 }

@@ -172,5 +172,19 @@ int cmdInsertSymbol(Document& doc, const CommandCall& call);
 int cmdInsertTimeDate(Document& doc, const CommandCall& call);
 int cmdInsertTime(Document& doc, const CommandCall& call);
 int cmdInsertDate(Document& doc, const CommandCall& call);
+// marks.cpp
+int cmdSetMark(Document& doc, const CommandCall& call);   // SetMark0..9 by id
+int cmdGotoMark(Document& doc, const CommandCall& call);  // GotoMark0..9 by id
+int cmdBookmarkToggle(Document& doc, const CommandCall& call);
+int cmdBookmarkSet(Document& doc, const CommandCall& call);
+int cmdBookmarkClearAll(Document& doc, const CommandCall& call);
+int cmdBookmarkNext(Document& doc, const CommandCall& call);
+int cmdBookmarkPrev(Document& doc, const CommandCall& call);
+int cmdBookmarks(Document& doc, const CommandCall& call);
+int cmdSaveCursorPos(Document& doc, const CommandCall& call);
+int cmdRestoreCursorPos(Document& doc, const CommandCall& call);
+int cmdDeleteBookmarkedLines(Document& doc, const CommandCall& call);
+int cmdCutBookmarkedLines(Document& doc, const CommandCall& call);
+int cmdCopyBookmarkedLines(Document& doc, const CommandCall& call);
 
 }  // namespace zol

@@ -29,5 +29,10 @@ inline constexpr const char* kMsgLineStyleSingle = "Line drawing: single lines";
 inline constexpr const char* kMsgLineStyleDouble = "Line drawing: double lines";
 inline constexpr const char* kMsgLineStyleDoubleVertical = "Line drawing: double vertical lines";
 inline constexpr const char* kMsgLineStyleDoubleHorizontal = "Line drawing: double horizontal lines";
+// Named bookmarks are shared by all documents and kept in the settings file.
+inline constexpr int kMaxNamedBookmarks = 32;
+static_assert(kMaxNamedBookmarks == 32, "the message below names the capacity");
+inline constexpr const char* kMsgTooManyBookmarks = "No more bookmarks: the list holds at most 32.";
+inline constexpr const char* kMsgBookmarkExists = "A bookmark of that name already exists.";
 
 }  // namespace zol

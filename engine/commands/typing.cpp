@@ -179,7 +179,8 @@ int indentAbove(const Document& doc, int32_t line) {
 
 // Breaks the line at the cursor, with the auto indent when asked. A cursor beyond
 // the end breaks at the end, so no trailing blanks are made. A break in column 0 of
-// a bookmarked line hands the bookmark to the line that takes the text.
+// a bookmarked line hands the bookmark to the line that takes the text (insertText
+// does that for every insertion in front of a whole line).
 int breakLine(Document& doc, bool withIndent) {
     Pos cur = doc.cursor;
     const std::string_view line = lineText(doc, cur.line);
@@ -201,11 +202,14 @@ int breakLine(Document& doc, bool withIndent) {
         }
         text += indentText(indent);
     }
+    // Past the leading blanks the break is no longer in front of the whole line, so
+    // insertText leaves the mark where it was.
+    const bool skippedBlanks = doc.cursor.col != 0;
     bool ok = insertText(doc, text);
     if (!ok && text.size() > 2) ok = insertText(doc, "\r\n");
-    if (ok && bookmarkMoves) {
-        LineList& ll = doc.lines;
-        const LineRef r = ll.find(cur.line);
+    LineList& ll = doc.lines;
+    const LineRef r = ll.find(cur.line);
+    if (ok && bookmarkMoves && skippedBlanks) {
         ll.header(ll.next(r)).bookmark = ll.header(r).bookmark;
         ll.header(r).bookmark = 0;
     }
