@@ -7,8 +7,10 @@ namespace zol {
 namespace {
 
 MacroStore* store = nullptr;
+ExternalCommandRunner external = nullptr;
 
 constexpr uint16_t kInsertChar = 2, kNullCmd = 1, kUndo = 120;
+constexpr uint16_t kPlugInCommandId = 311;
 constexpr uint16_t kRecordMacro = 230, kStopRecorder = 231, kMacro = 232, kExecScript = 235;
 
 bool takesParameter(uint16_t id) {
@@ -23,6 +25,7 @@ bool isMacroId(uint16_t id) { return id >= kFirstMacroId && id <= kLastMacroId; 
 }  // namespace
 
 void setMacroStore(MacroStore* s) { store = s; }
+void setExternalCommandRunner(ExternalCommandRunner runner) { external = runner; }
 MacroStore* macroStore() { return store; }
 
 int execute(Document& doc, uint16_t id, uint32_t param, uint32_t flags) {
@@ -41,6 +44,10 @@ int execute(Document& doc, uint16_t id, uint32_t param, uint32_t flags) {
             store->play(doc, id);
             doc.macroRunning = wasRunning;
             return 1;
+        }
+        if (id >= kFirstExternalCommand && external) {
+            if (doc.recorder == 1 && store) store->recordStep(doc, kPlugInCommandId, id);
+            return external(doc, id);
         }
         return 0;
     }

@@ -32,6 +32,14 @@ public:
 void setMacroStore(MacroStore* store);
 MacroStore* macroStore();
 
+// Commands registered from outside the table (plug-ins) have ids from
+// kFirstExternalCommand on. Keys bind them by id; the runner answers 0 when no one
+// took the command. While a macro records, such a command is kept as the step
+// "PlugInCommandID" with its id as parameter.
+constexpr uint16_t kFirstExternalCommand = 2000;
+using ExternalCommandRunner = int (*)(Document& doc, uint16_t id);
+void setExternalCommandRunner(ExternalCommandRunner runner);
+
 // Runs one command on a document. Returns the handler's result (0 when nothing ran).
 int execute(Document& doc, uint16_t id, uint32_t param = 0, uint32_t flags = 0);
 

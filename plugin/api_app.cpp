@@ -12,6 +12,7 @@
 #include "platform/tempfile.h"
 #include "plugin/api_guard.h"
 #include "plugin/api_version.h"
+#include "script/macros.h"
 
 using namespace zol;
 
@@ -80,10 +81,7 @@ BOOL ZOLAPI Zol_ExecuteTool(const char* program, const char* arguments, int /*fl
 
 BOOL ZOLAPI Zol_ExecuteMacro(HDOC h, const char* macro) {
     return guarded<BOOL>(0, [&]() -> BOOL {
-        Document* doc = docOf(h);
-        if (!doc || !macro) return 0;
-        if (const uint16_t id = commandId(macro, true)) execute(*doc, id, 0, kInterfaceCall);
-        return 1;
+        return executeMacro(docOf(h), macro);
     });
 }
 

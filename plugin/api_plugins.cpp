@@ -1,6 +1,7 @@
 // Services for plug-ins (XPZ_): commands, keys, scripts, windows and the modules.
 #include <string>
 
+#include "config/keymap.h"
 #include "engine/document_list.h"
 #include "platform/paths.h"
 #include "plugin/api_guard.h"
@@ -14,6 +15,19 @@ constexpr int kMaxDockPosition = 4;
 constexpr const char* kPlugInFolder = "PlugIns";
 
 std::string orEmpty(const char* s) { return s ? s : ""; }
+
+// Modifier bits of the shortcut functions.
+constexpr int kModShift = 1, kModCtrl = 2, kModAlt = 4;
+
+// The key word of a virtual key with modifiers; 0 when either is out of range.
+uint16_t keyWordOf(int virtualKey, int modifiers) {
+    if (virtualKey < 1 || virtualKey > 0xFF || modifiers < 0 || modifiers > (kModShift | kModCtrl | kModAlt)) return 0;
+    uint16_t key = static_cast<uint16_t>(kVirtualKey | virtualKey);
+    if (modifiers & kModShift) key |= kShiftKey;
+    if (modifiers & kModCtrl) key |= kCtrlKey;
+    if (modifiers & kModAlt) key |= kAltKey;
+    return key;
+}
 
 }  // namespace
 
@@ -97,7 +111,55 @@ BOOL ZOLAPI XPZ_UnloadPlugIn(ZOL_MODULE module) {
 
 BOOL ZOLAPI XPZ_EntryPoint(int reason, ZOL_PARAM /*reserved*/) { return reason == 1 || reason == 2; }
 
-BOOL ZOLAPI XPZ_CanAddShortcutKey(int, int, int, int) { return 0; }
-int ZOLAPI XPZ_IsShortcutKeyAlreadyMapped(void*, int, int, int) { return 0; }
-BOOL ZOLAPI XPZ_AddShortcutKey(ZOL_MODULE, int, int, int, int, int) { return 0; }
-BOOL ZOLAPI XPZ_RemoveShortcutKey(int, int) { return 0; }
+BOOL ZOLAPI XPZ_CanAddShortcutKey(int virtualKey, int modifiers, int prefixTable, int /*reserved*/) {
+    return guarded<BOOL>(0, [&]() -> BOOL {
+        const uint16_t key = keyWordOf(virtualKey, modifiers);
+        if (!key || prefixTable < 0 || prefixTable >= kKeyTables) return 0;
+        const auto& table = keyMap().tables[static_cast<size_t>(prefixTable)];
+        uint16_t bound = 0;
+        for (const KeyMapEntry& e : table)
+            if (e.key == key) {
+                bound = e.command;
+                break;
+            }
+        // A prefix key stays a prefix key.
+        if (prefixTableOf(bound)) return 0;
+        return bound || table.size() < keyTableCapacity(prefixTable);
+    });
+}
+
+int ZOLAPI XPZ_IsShortcutKeyAlreadyMapped(void* map, int virtualKey, int modifiers, int prefixTable) {
+    return guarded<int>(0, [&]() -> int {
+        const uint16_t key = keyWordOf(virtualKey, modifiers);
+        if (!map || !key || prefixTable < 0 || prefixTable >= kKeyTables) return 0;
+        for (const KeyMapEntry& e : keyMap().tables[static_cast<size_t>(prefixTable)])
+            if (e.key == key) return e.command;
+        return 0;
+    });
+}
+
+BOOL ZOLAPI XPZ_AddShortcutKey(ZOL_MODULE module, int command, int virtualKey, int modifiers, int prefixTable,
+                               int reserved) {
+    return guarded<BOOL>(0, [&]() -> BOOL {
+        const PlugInCommand* c = findPlugInCommand(command);
+        if (!c || c->module != module || !XPZ_CanAddShortcutKey(virtualKey, modifiers, prefixTable, reserved))
+            return 0;
+        // A plug-in's keys come back with it on every start; they are no change to save.
+        const bool changed = keyMapChanged();
+        const bool ok = bindKey(keyMap(), prefixTable, keyWordOf(virtualKey, modifiers), static_cast<uint16_t>(command));
+        setKeyMapChanged(changed);
+        return ok;
+    });
+}
+
+BOOL ZOLAPI XPZ_RemoveShortcutKey(int virtualKey, int modifiers) {
+    return guarded<BOOL>(0, [&]() -> BOOL {
+        const uint16_t key = keyWordOf(virtualKey, modifiers);
+        const int bound = key ? XPZ_IsShortcutKeyAlreadyMapped(&keyMap(), virtualKey, modifiers, 0) : 0;
+        if (bound < kFirstPlugInCommand) return 0;  // only plug-in bindings
+        const bool changed = keyMapChanged();
+        const bool ok = unbindKey(keyMap(), 0, key);
+        setKeyMapChanged(changed);
+        return ok;
+    });
+}

@@ -4,6 +4,7 @@
 
 #include "engine/command_table.h"
 #include "engine/editor_events.h"
+#include "engine/executor.h"
 #include "engine/shell.h"
 #include "engine/text_util.h"
 #include "platform/dirsearch.h"
@@ -48,6 +49,8 @@ intptr_t onEvent(int event, intptr_t p1, intptr_t p2, intptr_t p3, bool stopOnNo
 int cmdPlugInCommandId(Document& doc, const CommandCall& call) {
     return runPlugInCommand(static_cast<int>(call.param), &doc) != 0;
 }
+
+int runExternal(Document& doc, uint16_t id) { return runPlugInCommand(id, &doc) != 0; }
 
 }  // namespace
 
@@ -243,6 +246,7 @@ bool removePlugInWindow(intptr_t handle) {
 void initPlugIns() {
     setEventListener(onEvent);
     setCommandHandler(kPlugInCommandIdCommand, cmdPlugInCommandId);
+    setExternalCommandRunner(runExternal);
 }
 
 }  // namespace zol

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/executor.h"
 #include "platform/dynlib.h"
 
 namespace zol {
@@ -22,8 +23,9 @@ using XppOnEditorCommand = intptr_t (*)(int command, void* doc, intptr_t p1, int
 constexpr size_t kMaxPlugIns = 60;
 constexpr size_t kPlugInNameLength = 31;
 constexpr size_t kPlugInInfoSize = 256;
-// Plug-in command numbers start here, clear of editor commands and macro slots.
-constexpr int kFirstPlugInCommand = 2000;
+// Plug-in command numbers start here, clear of editor commands and macro slots; they
+// are the ids the executor hands to outside runners.
+constexpr int kFirstPlugInCommand = kFirstExternalCommand;
 
 struct PlugInRecord {
     LibraryHandle module = nullptr;

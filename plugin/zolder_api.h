@@ -271,6 +271,8 @@ ZOL_EXPORT int ZOLAPI XPZ_AddCommand(ZOL_MODULE module, int itemId, const char *
 /* modifiers: 1 Shift, 2 Ctrl, 4 Alt; virtualKey is a Windows virtual-key code */
 ZOL_EXPORT BOOL ZOLAPI XPZ_CanAddShortcutKey(int virtualKey, int modifiers, int prefixTable,
                                              int reserved);
+/* keyMap: any non-null value stands for the program's key map; prefixTable 0 is the
+ * primary table, 1..6 the tables of the prefix keys */
 ZOL_EXPORT int ZOLAPI XPZ_IsShortcutKeyAlreadyMapped(void *keyMap, int virtualKey, int modifiers,
                                                     int prefixTable);
 ZOL_EXPORT BOOL ZOLAPI XPZ_AddShortcutKey(ZOL_MODULE module, int command, int virtualKey,

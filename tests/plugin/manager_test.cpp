@@ -1,7 +1,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "config/keymap.h"
 #include "engine/executor.h"
+#include "tests/engine/command_fixture.h"
 #include "engine/editor_events.h"
 #include "files/save.h"
 #include "platform/paths.h"
@@ -13,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::PlugInTest;
+using test::fill;
 
 std::vector<std::string> loadedFiles() {
     std::vector<std::string> names;
@@ -122,6 +125,29 @@ TEST_F(PlugInTest, CommandsAndMenuItemsReachTheirModule) {
 
     EXPECT_TRUE(runPlugInMenuItem(number));
     EXPECT_NE(logOf(rec).find("menu7"), std::string::npos);
+
+    // A shortcut key runs the command through the key map, and a macro keeps it.
+    ZOL_MODULE module = XPZ_GetPlugInInstance("recorder.zop", 0);
+    const int ctrlAlt = 2 | 4, ctrl = 2;
+    EXPECT_FALSE(XPZ_CanAddShortcutKey('K', ctrl, 0, 0));  // a prefix key stays one
+    EXPECT_FALSE(XPZ_AddShortcutKey(module, 1999, 'L', ctrlAlt, 0, 0));
+    ASSERT_TRUE(XPZ_AddShortcutKey(module, number, 'L', ctrlAlt, 0, 0));
+    EXPECT_FALSE(keyMapChanged());
+    EXPECT_EQ(XPZ_IsShortcutKeyAlreadyMapped(&plugInManager(), 'L', ctrlAlt, 0), number);
+    uint16_t pending = 0;
+    const uint16_t key = static_cast<uint16_t>(kVirtualKey | kCtrlKey | kAltKey | 'L');
+    EXPECT_EQ(translateKey(keyMap(), key, pending), number);
+    fill(*doc, "");
+    execute(*doc, commandId("RecordMacro", false));
+    execute(*doc, translateKey(keyMap(), key, pending));
+    execute(*doc, commandId("MacroStopRecorder", false));
+    EXPECT_EQ(lineText(*doc, 0), "<mark>");
+    const uint16_t macro = commandId("Macro1", true);
+    ASSERT_NE(macro, 0);
+    execute(*doc, macro);
+    EXPECT_EQ(lineText(*doc, 0), "<mark><mark>");
+    EXPECT_TRUE(XPZ_RemoveShortcutKey('L', ctrlAlt));
+    EXPECT_EQ(translateKey(keyMap(), key, pending), 0);
 
     // Once its module is unloaded on request the command reaches nobody.
     EXPECT_EQ(XPZ_UnloadPlugIn(nullptr), 0);
