@@ -9,6 +9,7 @@
 #include "files/textfile.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
+#include "search/commands.h"
 
 namespace zol {
 namespace {
@@ -36,6 +37,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
     seedHome(shippedDataDir());
     loadProfile();
+    initSearch(&settings().findHistory, &settings().replaceHistory);
     app.anotherInstance = !acquireInstanceLock();
     for (const std::string& f : opts.files) {
         if (!openDocument(app, f)) ++app.failedOpens;

@@ -15,6 +15,9 @@ public:
     void statusMessage(std::string_view text) override;
     ClipboardData getClipboard() override { return clip_; }
     void setClipboard(const ClipboardData& data) override { clip_ = data; }
+    // No windows: every dialog is cancelled.
+    FindDialogResult findDialog(FindDialogData&, bool) override { return FindDialogResult::Cancel; }
+    bool askNumber(std::string_view, int&) override { return false; }
 
 private:
     std::FILE* out_;

@@ -19,6 +19,17 @@ struct ClipboardData {
     uint32_t blockHeight = 0;  // |line difference| + 1
 };
 
+// What the Find and Replace dialogs edit: the texts and the search options.
+struct FindDialogData {
+    std::string findText;
+    std::string replaceText;
+    bool wholeWord = false;
+    bool matchCase = false;
+    bool regex = false;
+    bool forward = true;
+};
+enum class FindDialogResult { Cancel, Find, ReplaceOne, ReplaceAll };
+
 class Shell {
 public:
     virtual ~Shell() = default;
@@ -30,6 +41,11 @@ public:
     virtual void statusMessage(std::string_view text) = 0;
     virtual ClipboardData getClipboard() = 0;
     virtual void setClipboard(const ClipboardData& data) = 0;
+    // The Find dialog (replace false) or the Replace dialog, filled from `data` and
+    // writing the user's choices back into it unless cancelled.
+    virtual FindDialogResult findDialog(FindDialogData& /*data*/, bool /*replace*/) { return FindDialogResult::Cancel; }
+    // Asks for a number (the go-to dialogs); false when cancelled.
+    virtual bool askNumber(std::string_view /*prompt*/, int& /*value*/) { return false; }
 };
 
 // One document window. Every hook has a harmless default so that documents can
