@@ -58,10 +58,11 @@ void reportFailure(const Searcher& s, int32_t line, std::string_view text, bool 
 SearchOptions optionsOf(const FindDialogData& d) { return {d.wholeWord, d.matchCase, d.regex, d.forward}; }
 
 // Forwards a search goes on from the selection's end, backwards from its start, so
-// that repeating it never finds the same hit again.
+// that repeating it never finds the same hit again; a cursor moved away from the
+// selection starts from itself.
 Pos searchStart(const Document& doc, bool forward) {
     Pos b, e;
-    if (selectionRange(doc, b, e)) return forward ? e : b;
+    if (selectionRange(doc, b, e) && (doc.cursor == b || doc.cursor == e)) return forward ? e : b;
     return doc.cursor;
 }
 
