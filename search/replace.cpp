@@ -87,6 +87,7 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
     if (doc.readOnly || (!s.prog && s.pattern.empty())) return kSearchError;
     LineList& ll = doc.lines;
     int32_t first = -1, last = -1;
+    LineRef lastRef = kNoLine;  // record of line `last`
     std::string rebuilt;  // the new text of lines first..last, CR LF between lines
     std::string current;
     LineRef r = ll.first;
@@ -118,8 +119,7 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
             first = i;
         } else {
             // Unchanged lines between two changed ones join the span as they are.
-            LineRef g = ll.find(last + 1);
-            for (int32_t k = last + 1; k < i; ++k, g = ll.next(g)) {
+            for (LineRef g = ll.next(lastRef); g != r; g = ll.next(g)) {
                 rebuilt += "\r\n";
                 rebuilt.append(ll.text(g));
             }
@@ -127,6 +127,7 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
         }
         rebuilt += current;
         last = i;
+        lastRef = r;
         result.replaced += hits;
     }
     if (first < 0) return kSearchNotFound;
