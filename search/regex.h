@@ -38,7 +38,7 @@ constexpr size_t kNodeHeader = 3;       // kind byte and two offset bytes
 // exhaust the stack: the matcher keeps its choice points on the heap, and gives up
 // (reporting no match and setting `gaveUp`) after this many steps or choice points
 // in one Execute.
-constexpr uint64_t kRegexStepBudget = 20'000'000;
+constexpr uint64_t kRegexStepBudget = 5'000'000;
 constexpr size_t kRegexMaxChoicePoints = 1u << 20;
 
 // Compile errors; the user sees kRegexErrorPrefix followed by the message of the code.

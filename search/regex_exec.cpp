@@ -158,6 +158,10 @@ bool Matcher::tryAt(const char* s) {
         // Backtrack to the latest choice point that still has something to offer.
         for (;;) {
             if (choices.empty()) return false;
+            if (++steps > kRegexStepBudget) {
+                gaveUp = true;
+                return false;
+            }
             Choice ch = choices.back();
             choices.pop_back();
             while (trail.size() > ch.trail) {
@@ -220,10 +224,17 @@ int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool b
     if (prog->literalOnly && !backward) {
         const char* lit = reinterpret_cast<const char*>(prog->code.data() + 1 + 2 * kNodeHeader);
         const size_t litLen = std::strlen(lit);
-        const size_t span = static_cast<size_t>(last - text) + litLen;
-        const void* hit = memmem(text, span < len ? span : len, lit, litLen);
+        const char* hit = nullptr;
+        for (const char* p = text; p <= last; ++p) {
+            p = static_cast<const char*>(std::memchr(p, *lit, static_cast<size_t>(last - p) + 1));
+            if (!p || p + litLen > end) break;
+            if (std::memcmp(p, lit, litLen) == 0) {
+                hit = p;
+                break;
+            }
+        }
         if (!hit) return 0;
-        m.slots[0] = static_cast<const char*>(hit);
+        m.slots[0] = hit;
         m.slots[kRegexGroups] = m.slots[0] + litLen;
         return found();
     }

@@ -12,7 +12,10 @@ namespace zol {
 namespace {
 
 bool fitsLine(std::string_view s) {
-    return s.size() <= static_cast<size_t>(kMaxLineBytes) && lineWidth(s) <= kMaxColumns;
+    if (s.size() > static_cast<size_t>(kMaxLineBytes)) return false;
+    // Without tabs every byte is one column.
+    if (s.find('\t') == std::string_view::npos) return s.size() <= static_cast<size_t>(kMaxColumns);
+    return lineWidth(s) <= kMaxColumns;
 }
 
 // Every piece between line ends fits a line.
