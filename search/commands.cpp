@@ -154,7 +154,7 @@ int cmdReplace(Document& doc, const CommandCall&) {
     }
     const int res = replaceAll(doc, s, d.replaceText.c_str(), result);
     if (res == kSearchError) {
-        reportFailure(s, 0, d.findText, false);
+        reportFailure(s, result.stoppedAt, d.findText, false);
         return 0;
     }
     shell().message(fill(searchmsg::kReplacedCount, std::to_string(result.replaced)));

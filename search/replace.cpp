@@ -101,7 +101,10 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
         current.clear();
         for (LineHit h; pos <= line.size();) {
             const int res = searchLine(s, line, pos, h);
-            if (res == kSearchError) return kSearchError;
+            if (res == kSearchError) {
+                result.stoppedAt = i;
+                return kSearchError;
+            }
             if (res != kSearchFound) break;
             current.append(line.substr(pos, h.offset - pos));
             current += replacementFor(s, replacement);

@@ -1,6 +1,7 @@
 // Replacing found text in a document: one hit at a time (one undo step each) or every
 // hit of the document at once (one undo step for all of them).
 #pragma once
+#include <cstdint>
 #include <string>
 
 #include "search/find.h"
@@ -18,6 +19,7 @@ int replaceHit(Document& doc, const Searcher& s, const DocumentHit& hit, const c
 struct ReplaceAllResult {
     int replaced = 0;      // hits replaced
     int skippedLines = 0;  // lines left alone because the result would not fit a line
+    int32_t stoppedAt = -1; // line where a regular expression gave up, -1 when none
 };
 
 // Replaces every hit from the start of the document on. Returns kSearchFound when

@@ -239,6 +239,17 @@ TEST_F(DocSearch, ParameterCommandsFindAndReplace) {
     EXPECT_EQ(shell_.messages[0], "Regular expression error:  umatched {}");
 }
 
+TEST_F(DocSearch, RunawayExpressionStopsTheSearchWithAMessage) {
+    test::fill(doc, "x\n" + std::string(3000, 'a') + "\nab");
+    params("{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]");
+    EXPECT_EQ(run("FindParamR"), 0);
+    ASSERT_EQ(shell_.messages.size(), 1u);
+    EXPECT_EQ(shell_.messages[0],
+              "Regular expression error:  the expression takes too long on line 2; the search was stopped.");
+    EXPECT_EQ(findText(&doc, "{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", 1, 2, false, true, true, true), kSearchError);
+    EXPECT_EQ(findText(&doc, "{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", 1, 3, false, true, true, true), kSearchFound);
+}
+
 TEST_F(DocSearch, WordAtCursorSearches) {
     test::fill(doc, "foo food foo\nfoo");
     moveTo(1, 0);
