@@ -1,6 +1,7 @@
 #include "search/replace.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "engine/columns.h"
 #include "engine/document.h"
@@ -89,16 +90,20 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
     result = {};
     if (doc.readOnly || (!s.prog && s.pattern.empty())) return kSearchError;
     LineList& ll = doc.lines;
+    struct Change {
+        LineRef ref;
+        std::string text;
+    };
+    std::vector<Change> changes;
     int32_t first = -1, last = -1;
-    LineRef lastRef = kNoLine;  // record of line `last`
-    std::string rebuilt;  // the new text of lines first..last, CR LF between lines
-    std::string current;
+    bool breaksLines = false;  // some new text holds a line end
+    const std::string fixed = s.prog ? std::string() : replacementFor(s, replacement);
     LineRef r = ll.first;
     for (int32_t i = 0; i <= ll.lastIndex; ++i, r = ll.next(r)) {
         const std::string_view line = ll.text(r);
         size_t pos = 0;
         int hits = 0;
-        current.clear();
+        std::string current;
         for (LineHit h; pos <= line.size();) {
             const int res = searchLine(s, line, pos, h);
             if (res == kSearchError) {
@@ -107,7 +112,7 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
             }
             if (res != kSearchFound) break;
             current.append(line.substr(pos, h.offset - pos));
-            current += replacementFor(s, replacement);
+            current += s.prog ? replacementFor(s, replacement) : fixed;
             ++hits;
             pos = h.offset + h.length;
             if (h.length == 0) {
@@ -121,38 +126,49 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
             ++result.skippedLines;
             continue;
         }
-        if (first < 0) {
-            first = i;
-        } else {
-            // Unchanged lines between two changed ones join the span as they are.
-            for (LineRef g = ll.next(lastRef); g != r; g = ll.next(g)) {
-                rebuilt += "\r\n";
-                rebuilt.append(ll.text(g));
-            }
-            rebuilt += "\r\n";
-        }
-        rebuilt += current;
+        if (first < 0) first = i;
         last = i;
-        lastRef = r;
+        breaksLines = breaksLines || current.find_first_of("\r\n") != std::string::npos;
+        changes.push_back({r, std::move(current)});
         result.replaced += hits;
     }
     if (first < 0) return kSearchNotFound;
 
+    // The old text of lines first..last is what the one undo record puts back.
+    std::string removed;
+    LineRef firstRef = changes.front().ref;
+    for (LineRef g = firstRef;; g = ll.next(g)) {
+        removed.append(ll.text(g));
+        if (g == changes.back().ref) break;
+        removed += "\r\n";
+    }
     const Pos cursor = doc.cursor;
     const Pos from = makePos(0, first);
-    const Pos to = makePos(lineWidthAt(doc, last), last);
-    std::string removed;
-    Pos end;
-    if (!rawDelete(doc, from, to, &removed)) return kSearchError;
-    if (!rawInsert(doc, from, rebuilt, &end)) {
-        rawInsert(doc, from, removed, nullptr);
-        return kSearchError;
-    }
     EditRecord rec;
     rec.hasRange = true;
     rec.rangeStart = from;
-    rec.rangeEnd = end;
     rec.at = from;
+    if (!breaksLines) {
+        // Same line count: rewrite the changed lines where they are.
+        for (Change& c : changes) ll.setText(c.ref, c.text);
+        notifyChanged(doc, first, last - first, last - first);
+        rec.rangeEnd = makePos(lineWidthAt(doc, last), last);
+    } else {
+        std::string rebuilt;
+        size_t next = 0;
+        for (LineRef g = firstRef;; g = ll.next(g)) {
+            if (next < changes.size() && changes[next].ref == g) rebuilt += changes[next++].text;
+            else rebuilt.append(ll.text(g));
+            if (g == changes.back().ref) break;
+            rebuilt += "\r\n";
+        }
+        const Pos to = makePos(lineWidthAt(doc, last), last);
+        if (!rawDelete(doc, from, to, nullptr)) return kSearchError;
+        if (!rawInsert(doc, from, rebuilt, &rec.rangeEnd)) {
+            rawInsert(doc, from, removed, nullptr);
+            return kSearchError;
+        }
+    }
     rec.text = std::move(removed);
     recordEdit(doc, std::move(rec));
     clearSelection(doc);
