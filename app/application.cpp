@@ -26,6 +26,7 @@
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
 #include "script/macros.h"
+#include "search/commands.h"
 
 namespace zol {
 namespace {
@@ -105,6 +106,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     keyMap() = defaultKeyMap();
     macros() = MacroTable{};
     loadKeyFile();
+    initSearch(&settings().findHistory, &settings().replaceHistory);
     app.anotherInstance = !acquireInstanceLock();
     setDocumentList(&app.list);
     initPlugIns();

@@ -16,6 +16,9 @@ public:
     ClipboardData getClipboard() override { return clip_; }
     void setClipboard(const ClipboardData& data) override { clip_ = data; }
     bool askMacroName(std::string& name) override;
+    // No windows: every dialog is cancelled.
+    FindDialogResult findDialog(FindDialogData&, bool) override { return FindDialogResult::Cancel; }
+    bool askNumber(std::string_view, int&) override { return false; }
 
 private:
     std::FILE* out_;

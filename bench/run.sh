@@ -38,3 +38,24 @@ awk -v z="$z" -v v="$v" -v s="$size" 'BEGIN{
   printf "vim:    %.2f s, peak %.0f MiB = %.2f x file size\n", b[1], b[2]/1024, b[2]*1024/s;
   printf "time ratio zolder/vim: %.2f\n", a[1]/b[1];
 }'
+
+echo
+echo "== whole process: search big.c beside grep and sed"
+out=$home/replaced.c
+zc=$(measure "$root/$build/bench/zolder_search_run" count int "$data/big.c")
+# grep stops at the first match when its output is /dev/null, so it writes a file.
+gc=$(measure sh -c "grep -c int '$data/big.c' > '$home/grep.out'")
+zx=$(measure "$root/$build/bench/zolder_search_run" count 'x[0-9]+y' "$data/big.c")
+gx=$(measure sh -c "grep -cE 'x[0-9]+y' '$data/big.c' > '$home/grep.out'")
+zr=$(measure "$root/$build/bench/zolder_search_run" replace int long "$data/big.c" "$out")
+sr=$(measure sh -c "sed 's/int/long/g' \"$data/big.c\" > \"$out\"")
+for pair in "count int|$zc|grep -c int|$gc" "count x[0-9]+y|$zx|grep -cE x[0-9]+y|$gx" \
+            "replace int by long|$zr|sed s/int/long/g > file|$sr"; do
+  IFS='|' read -r zl z ol o <<<"$pair"
+  awk -v zl="$zl" -v z="$z" -v ol="$ol" -v o="$o" 'BEGIN{
+    split(z, a, " "); split(o, b, " ");
+    printf "zolder %-22s %.2f s, peak %.0f MiB\n", zl, a[1], a[2]/1024;
+    printf "%-29s %.2f s, peak %.0f MiB\n", ol, b[1], b[2]/1024;
+    printf "time ratio: %.2f\n", (b[1] > 0 ? a[1]/b[1] : 0);
+  }'
+done

@@ -9,6 +9,7 @@
 #include <array>
 #include "engine/text_util.h"
 
+#include "engine/command_params.h"
 #include "engine/commands/handlers.h"
 
 namespace zol {
@@ -116,7 +117,7 @@ const CommandRecord kTable[] = {
     {97, "FindPrevWord", N, 4, Vw, "Finds the previous occurrence of the word at the cursor", nullptr},
     {98, "MatchPreprocNext", N, 4, Vw, "Moves to the next matching preprocessor conditional", nullptr},
     {99, "MatchPreprocPrev", N, 4, Vw, "Moves to the previous matching preprocessor conditional", nullptr},
-    {410, "FindParam", N, 4, Vw, "Finds the text given by the parameter commands", nullptr},
+    {410, "FindParam", N, 4, Vw, "Finds the next occurrence of the text specified with Param1 command", nullptr},
     {411, "FindParamC", N, 4, Vw, "Finds the parameter text, matching case", nullptr},
     {412, "FindParamR", N, 4, Vw, "Finds the parameter regular expression", nullptr},
     {413, "FindInLineParam", N, 4, Vw, "Finds the parameter text in the current line", nullptr},
@@ -287,8 +288,8 @@ const CommandRecord kTable[] = {
     {301, "HelpContents", N, 12, Vw, nullptr, nullptr},
     {305, "ApiAssistanceOn", N, 12, Vw, nullptr, nullptr},
 
-    {236, "Param1", C, 13, Vw, "Adds a character to the first string parameter", nullptr},
-    {237, "Param2", C, 13, Vw, "Adds a character to the second string parameter", nullptr},
+    {236, "Param1", C, 13, Vw, "Adds a character to the first string parameter", cmdParam1},
+    {237, "Param2", C, 13, Vw, "Adds a character to the second string parameter", cmdParam2},
     {270, "CodeCompletion", N, 13, Ed, "Completes the word at the cursor", nullptr},
     {310, "PlugInCommand", N, 13, Vw, "Runs a plug-in command", nullptr},
     {311, "PlugInCommandID", U, 13, Vw, "Runs the plug-in command given by number", nullptr},

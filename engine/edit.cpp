@@ -56,7 +56,9 @@ size_t offsetOf(std::string_view line, int col) {
 
 void addChangeListener(ChangeListener fn) { listeners().push_back(fn); }
 
-void textChanged(Document& doc, int32_t line, int32_t removed, int32_t added) { changed(doc, line, removed, added); }
+void notifyChanged(Document& doc, int32_t line, int32_t removed, int32_t added) {
+    changed(doc, line, removed, added);
+}
 
 Pos normalize(const Document& doc, Pos p) {
     p.line = std::clamp<int32_t>(p.line, 0, doc.lines.lastIndex);

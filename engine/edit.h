@@ -34,12 +34,14 @@ bool rawDelete(Document& doc, Pos from, Pos to, std::string* removed);
 // Pulls a position onto a character boundary inside the text.
 Pos normalize(const Document& doc, Pos p);
 
+// For a change made directly on the line list (a replace-all rewriting many lines in
+// place): sets the modified flag and tells the listeners and the view, as the edits
+// above do. Arguments as for ChangeListener.
+void notifyChanged(Document& doc, int32_t line, int32_t removed, int32_t added);
+
 // Called after every change: `line` is the first line touched, `removed` lines
 // gone after it and `added` lines new after it.
 using ChangeListener = void (*)(Document& doc, int32_t line, int32_t removed, int32_t added);
 void addChangeListener(ChangeListener fn);
-// For code that rewrote lines in place: marks the document modified, tells the
-// listeners and redraws, as the primitive edits do.
-void textChanged(Document& doc, int32_t line, int32_t removed, int32_t added);
 
 }  // namespace zol

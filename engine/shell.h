@@ -20,6 +20,17 @@ struct ClipboardData {
     uint32_t blockHeight = 0;  // |line difference| + 1
 };
 
+// What the Find and Replace dialogs edit: the texts and the search options.
+struct FindDialogData {
+    std::string findText;
+    std::string replaceText;
+    bool wholeWord = false;
+    bool matchCase = false;
+    bool regex = false;
+    bool forward = true;
+};
+enum class FindDialogResult { Cancel, Find, ReplaceOne, ReplaceAll };
+
 class Shell {
 public:
     virtual ~Shell() = default;
@@ -57,6 +68,11 @@ public:
     // The name of a macro about to be recorded: name comes in with a suggestion and
     // may be changed; false cancels the recording.
     virtual bool askMacroName(std::string& /*name*/) { return true; }
+    // The Find dialog (replace false) or the Replace dialog, filled from `data` and
+    // writing the user's choices back into it unless cancelled.
+    virtual FindDialogResult findDialog(FindDialogData& /*data*/, bool /*replace*/) { return FindDialogResult::Cancel; }
+    // Asks for a number (the go-to dialogs); false when cancelled.
+    virtual bool askNumber(std::string_view /*prompt*/, int& /*value*/) { return false; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

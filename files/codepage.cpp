@@ -96,7 +96,7 @@ bool convertDocument(Document& doc, ConvertTable table, bool selectedOnly) {
         r = ll.setText(r, line);
     }
     recordEdit(doc, std::move(rec));
-    textChanged(doc, first.line, 0, 0);
+    notifyChanged(doc, first.line, 0, 0);
     return true;
 }
 

@@ -1,0 +1,22 @@
+// Every text the user sees from searching and replacing. The engine's own error
+// messages are in search/regex.h, shown after kRegexErrorPrefix.
+#pragma once
+
+#include "search/regex.h"
+
+namespace zol::searchmsg {
+
+// "%s" stands for the search text.
+inline constexpr char kNotFound[] = "Cannot find \"%s\".";
+// A regular expression that needed more than kRegexStepBudget steps on one line.
+inline constexpr char kGaveUp[] =
+    "Regular expression error:  the expression takes too long on line %d; the search was stopped.";
+inline constexpr char kReplacedCount[] = "%d occurrence(s) replaced.";
+inline constexpr char kLinesSkipped[] =
+    "%d line(s) were left unchanged: the replacement would make them longer than 3200 columns.";
+inline constexpr char kReplaceTooLong[] =
+    "Line too long: the replacement would make the line longer than 3200 columns.";
+inline constexpr char kGoToLinePrompt[] = "Line number:";
+inline constexpr char kGoToColumnPrompt[] = "Column number:";
+
+}  // namespace zol::searchmsg

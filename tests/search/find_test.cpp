@@ -1,0 +1,343 @@
+// Searching lines, documents and strings, the entry points behind the interfaces,
+// replacing with undo, and the find and replace commands through the executor.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "engine/command_params.h"
+#include "engine/edit.h"
+#include "engine/selection.h"
+#include "engine/undo.h"
+#include "search/commands.h"
+#include "search/find.h"
+#include "search/history.h"
+#include "search/replace.h"
+#include "tests/engine/command_fixture.h"
+
+namespace zol {
+namespace {
+
+// First hit in a line: offset, or -1 when none, -2 on error.
+int lineHit(const char* text, std::string_view line, size_t start, SearchOptions opt) {
+    Searcher s;
+    if (prepareSearch(s, text, opt) != kSearchFound) return -2;
+    LineHit h;
+    const int res = searchLine(s, line, start, h);
+    return res == kSearchFound ? static_cast<int>(h.offset) : res == kSearchNotFound ? -1 : -2;
+}
+
+TEST(LineSearch, DirectionsCaseAndWholeWords) {
+    const std::string line = "ab Ab ab_x ab";
+    const SearchOptions fwd{}, back{false, false, false, false};
+    EXPECT_EQ(lineHit("ab", line, 0, fwd), 0);
+    EXPECT_EQ(lineHit("ab", line, 1, fwd), 3);                               // "Ab" without regard to case
+    EXPECT_EQ(lineHit("ab", line, 1, {false, true, false, true}), 6);        // with it
+    EXPECT_EQ(lineHit("ab", line, 1, {true, false, false, true}), 3);        // "Ab" is a word
+    EXPECT_EQ(lineHit("ab", line, 4, {true, false, false, true}), 11);       // "ab_x" is not
+    EXPECT_EQ(lineHit("AB", line, 3199, back), 11);
+    EXPECT_EQ(lineHit("ab", line, 11, back), 6);                             // must end by the start
+    EXPECT_EQ(lineHit("ab", line, 11, {true, false, false, false}), 3);
+    EXPECT_EQ(lineHit("ab", line, 1, back), -1);
+    EXPECT_EQ(lineHit("ab", "ab ab ab", 3199, back), 6);
+    EXPECT_EQ(lineHit("\xC4", "x\xE4y", 0, fwd), 1);                         // the code page's letters fold
+    const std::string cut(200, 'q');
+    EXPECT_EQ(lineHit(cut.c_str(), std::string(127, 'q'), 0, fwd), 0);       // the text is cut to 127
+}
+
+TEST(LineSearch, RegularExpressions) {
+    const SearchOptions re{false, false, true, true}, reBack{false, false, true, false};
+    EXPECT_EQ(lineHit("[0-9]+", "ab 12 34", 0, re), 3);
+    EXPECT_EQ(lineHit("[0-9]+", "ab 12 34", 5, re), 6);
+    EXPECT_EQ(lineHit("^ab", "ab ab", 1, re), -1);       // a search from inside the line is not at its start
+    EXPECT_EQ(lineHit("b$", "ab ab", 0, re), 4);
+    EXPECT_EQ(lineHit("[0-9]+", "ab 12 34", 6, reBack), 4);  // the nearest start, not the longest match
+    EXPECT_EQ(lineHit("$", "abc", 3199, reBack), 3);     // from past the end the end itself counts
+    EXPECT_EQ(lineHit("[A-Z]", "xyz", 0, re), 0);        // pattern and line are lower-cased alike
+    EXPECT_EQ(lineHit("X", "xyz", 0, {false, true, true, true}), -1);
+    EXPECT_EQ(lineHit("a+", "aaxa a", 0, {true, false, true, true}), 5);
+    EXPECT_EQ(lineHit("a+", "a aax", 5, {true, false, true, false}), 0);
+    EXPECT_EQ(lineHit("{a", "a", 0, re), -2);
+}
+
+TEST(LineSearch, WordCharacterModes) {
+    setWordCharMode(0);
+    EXPECT_FALSE(isSearchWordChar('\xE9'));
+    EXPECT_TRUE(isSearchWordChar('7'));
+    setWordCharMode(1);
+    EXPECT_TRUE(isSearchWordChar('\xE9'));
+    EXPECT_TRUE(isSearchWordChar('7'));
+    setWordCharMode(2);
+    EXPECT_TRUE(isSearchWordChar('\xE9'));
+    EXPECT_FALSE(isSearchWordChar('7'));
+    EXPECT_TRUE(isSearchWordChar('_'));
+    setWordCharMode(9);
+    EXPECT_EQ(wordCharMode(), 2);
+    setWordCharMode(0);
+}
+
+TEST(StringSearch, PlainAndRegularExpression) {
+    int pos = 9, len = 9;
+    EXPECT_EQ(findInString("concat cat", "cat", true, false, false, &pos, &len), kSearchFound);
+    EXPECT_EQ(pos, 7);
+    EXPECT_EQ(len, 3);
+    EXPECT_EQ(findInString("concat cat", "cat", false, false, false, &pos, &len), kSearchFound);
+    EXPECT_EQ(pos, 3);
+    EXPECT_EQ(findInString("cat", "CAT", true, false, false, &pos, &len), kSearchFound);
+    EXPECT_EQ(pos, 0);  // the text start is a word boundary
+    EXPECT_EQ(findInString("cat", "CAT", false, true, false, &pos, &len), kSearchNotFound);
+    EXPECT_EQ(findInString("xx cat", "c.t", false, false, true, &pos, &len), kSearchFound);
+    EXPECT_EQ(pos, 0);  // a regular-expression hit leaves the outputs cleared
+    EXPECT_EQ(len, 0);
+    EXPECT_EQ(findInString("xx cat", "c{t", false, false, true, &pos, &len), kSearchError);
+    EXPECT_EQ(findInString(nullptr, "a", false, false, false, &pos, &len), kSearchError);
+    EXPECT_EQ(findInString("a", "a", false, false, false, nullptr, &len), kSearchError);
+}
+
+class DocSearch : public test::CommandTest {
+protected:
+    void SetUp() override {
+        CommandTest::SetUp();
+        initSearch(nullptr, nullptr);
+        forgetLastSearch();
+    }
+    Pos sel(Pos& end) {
+        Pos b;
+        selectionRange(doc, b, end);
+        return b;
+    }
+    void params(std::string_view p1, std::string_view p2 = {}) {
+        for (char c : p1) run("Param1", static_cast<unsigned char>(c));
+        for (char c : p2) run("Param2", static_cast<unsigned char>(c));
+    }
+};
+
+TEST_F(DocSearch, EntryPointsCheckArgumentsAndWalkLines) {
+    test::fill(doc, "one\ntwo one\nthree");
+    EXPECT_EQ(findText(nullptr, "one", 1, 1, false, false, false, true), kSearchError);
+    EXPECT_EQ(findText(&doc, "one", 0, 1, false, false, false, true), kSearchError);
+    EXPECT_EQ(findText(&doc, "", 1, 1, false, false, false, true), kSearchError);
+    EXPECT_EQ(findText(&doc, "one", 1, 4, false, false, false, true), kSearchError);
+    EXPECT_EQ(findText(&doc, "{", 1, 1, false, false, true, true), kSearchError);
+
+    EXPECT_EQ(findText(&doc, "one", 2, 1, false, false, false, true), kSearchFound);
+    Pos end;
+    EXPECT_EQ(sel(end), makePos(4, 1));
+    EXPECT_EQ(end, makePos(7, 1));
+    EXPECT_EQ(doc.cursor, end);
+    EXPECT_EQ(findText(&doc, "one", 1, 2, false, false, false, false), kSearchFound);  // back to line 1
+    EXPECT_EQ(sel(end), makePos(0, 0));
+    EXPECT_EQ(findText(&doc, "one", 1, 1, false, false, false, false), kSearchNotFound);
+    EXPECT_EQ(findText(&doc, "three", 1, 1, false, false, false, true), kSearchFound);
+    EXPECT_EQ(findTextInLine(&doc, "three", 1, 1, false, false, false, true), kSearchNotFound);
+    EXPECT_EQ(findText(&doc, "^t", 1, 3, false, false, true, false), kSearchFound);
+    EXPECT_EQ(sel(end), makePos(0, 1));
+}
+
+TEST_F(DocSearch, HitsAtLineEdgesTabsAndTheLastColumn) {
+    std::string wide(3199, 'x');
+    wide += 'Z';
+    test::fill(doc, "\tab\n" + wide + "\nZ");
+    EXPECT_EQ(findText(&doc, "ab", 1, 1, false, true, false, true), kSearchFound);
+    Pos end;
+    EXPECT_EQ(sel(end), makePos(8, 0));  // columns, after the tab
+    EXPECT_EQ(findText(&doc, "Z", 1, 2, false, true, false, true), kSearchFound);
+    EXPECT_EQ(sel(end), makePos(3199, 1));
+    EXPECT_EQ(end, makePos(3200, 1));
+    EXPECT_EQ(findText(&doc, "Z", 2, 3, false, true, false, false), kSearchFound);
+    EXPECT_EQ(sel(end), makePos(0, 2));
+    // Backwards, earlier lines are searched from column 3199, so a hit in the last
+    // column of a full line lies beyond the start.
+    EXPECT_EQ(findText(&doc, "Z", 1, 3, false, true, false, false), kSearchNotFound);
+    EXPECT_EQ(findText(&doc, "Z", 1, 3, false, true, true, false), kSearchNotFound);
+    EXPECT_EQ(findText(&doc, "x", 1, 3, false, true, true, false), kSearchFound);
+    EXPECT_EQ(sel(end), makePos(3198, 1));
+}
+
+TEST_F(DocSearch, ReplacingIsOneUndoStepEach) {
+    test::fill(doc, "cat cat\ncat");
+    EXPECT_EQ(replaceText(&doc, "cat", "dog", 1, 1, false, false, false, true), kSearchFound);
+    EXPECT_EQ(text(), "dog cat\ncat");
+    Pos end;
+    EXPECT_EQ(sel(end), makePos(0, 0));
+    EXPECT_EQ(end, makePos(3, 0));
+    EXPECT_EQ(replaceText(&doc, "{c}at", "\\U\\1-&", 4, 1, false, false, true, true), kSearchFound);
+    EXPECT_EQ(text(), "dog C-cat\ncat");
+    EXPECT_EQ(replaceTextInLine(&doc, "cat", "", 1, 2, false, false, false, true), kSearchFound);
+    EXPECT_EQ(text(), "dog C-cat\n");
+    EXPECT_EQ(undoDepth(), 3u);
+    undo(doc);
+    undo(doc);
+    undo(doc);
+    EXPECT_EQ(text(), "cat cat\ncat");
+    doc.readOnly = true;
+    EXPECT_EQ(replaceText(&doc, "cat", "x", 1, 1, false, false, false, true), kSearchError);
+    doc.readOnly = false;
+    EXPECT_EQ(replaceText(&doc, "cat", std::string(3300, 'w').c_str(), 1, 1, false, false, false, true),
+              kSearchError);
+    EXPECT_EQ(text(), "cat cat\ncat");
+}
+
+TEST_F(DocSearch, ReplaceAllIsOneUndoStepAndCounts) {
+    test::fill(doc, "int a;\nchar b;\nint c; int d;\nlong e;");
+    Searcher s;
+    ASSERT_EQ(prepareSearch(s, "int", {true, true, false, true}), kSearchFound);
+    ReplaceAllResult r;
+    doc.lastCmd = 91;
+    EXPECT_EQ(replaceAll(doc, s, "long", r), kSearchFound);
+    EXPECT_EQ(r.replaced, 3);
+    EXPECT_EQ(text(), "long a;\nchar b;\nlong c; long d;\nlong e;");
+    EXPECT_EQ(undoDepth(), 1u);
+    EXPECT_STREQ(undoLabel(doc.undo), "&Undo Replace");
+    undo(doc);
+    EXPECT_EQ(text(), "int a;\nchar b;\nint c; int d;\nlong e;");
+
+    ASSERT_EQ(prepareSearch(s, "{[a-e]};", {false, true, true, true}), kSearchFound);
+    EXPECT_EQ(replaceAll(doc, s, "\\1\\n", r), kSearchFound);  // a template may break lines
+    EXPECT_EQ(text(), "int a\n\nchar b\n\nint c\n int d\n\nlong e\n");
+    undo(doc);
+    ASSERT_EQ(prepareSearch(s, "x*", {false, true, true, true}), kSearchFound);
+    EXPECT_EQ(replaceAll(doc, s, "-", r), kSearchFound);        // empty matches still advance
+    EXPECT_EQ(lineText(doc, 1), "-c-h-a-r- -b-;-");
+    undo(doc);
+    ASSERT_EQ(prepareSearch(s, "zzz", {}), kSearchFound);
+    EXPECT_EQ(replaceAll(doc, s, "y", r), kSearchNotFound);
+    EXPECT_EQ(undoDepth(), 0u);
+    EXPECT_EQ(text(), "int a;\nchar b;\nint c; int d;\nlong e;");
+}
+
+TEST_F(DocSearch, ParameterCommandsFindAndReplace) {
+    test::fill(doc, "Alpha beta alpha\nalphabet");
+    params("ALPHA");
+    EXPECT_EQ(run("FindParam"), 1);
+    Pos end;
+    EXPECT_EQ(sel(end), makePos(0, 0));
+    EXPECT_EQ(run("FindParam"), 1);  // the parameter stays until the next Param1
+    EXPECT_EQ(sel(end), makePos(11, 0));
+    params("Alpha");
+    EXPECT_EQ(run("FindParamC"), 0);
+    params("alpha");
+    moveTo(0, 0);
+    EXPECT_EQ(run("FindParamC"), 1);
+    EXPECT_EQ(sel(end), makePos(11, 0));
+    EXPECT_EQ(run("FindNext"), 1);
+    EXPECT_EQ(sel(end), makePos(0, 1));
+    params("alpha");
+    EXPECT_EQ(run("FindParamCW"), 0);  // only "alphabet" is left
+    moveTo(0, 0);
+    params("alpha", "Omega");
+    EXPECT_EQ(run("ReplaceInLineParamCW"), 1);
+    EXPECT_EQ(text(), "Alpha beta Omega\nalphabet");
+    moveTo(0, 1);
+    params("al{p}ha", "[\\1]");
+    EXPECT_EQ(run("ReplaceParamR"), 1);
+    EXPECT_EQ(text(), "Alpha beta Omega\n[p]bet");
+    EXPECT_STREQ(undoLabel(doc.undo), "&Undo");
+    params("x{");
+    EXPECT_EQ(run("FindParamR"), 0);
+    ASSERT_EQ(shell_.messages.size(), 1u);
+    EXPECT_EQ(shell_.messages[0], "Regular expression error:  umatched {}");
+}
+
+TEST_F(DocSearch, RunawayExpressionStopsTheSearchWithAMessage) {
+    test::fill(doc, "x\n" + std::string(3000, 'a') + "\nab");
+    params("{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]");
+    EXPECT_EQ(run("FindParamR"), 0);
+    ASSERT_EQ(shell_.messages.size(), 1u);
+    EXPECT_EQ(shell_.messages[0],
+              "Regular expression error:  the expression takes too long on line 2; the search was stopped.");
+    EXPECT_EQ(findText(&doc, "{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", 1, 2, false, true, true, true), kSearchError);
+    EXPECT_EQ(findText(&doc, "{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", 1, 3, false, true, true, true), kSearchFound);
+}
+
+TEST_F(DocSearch, WordAtCursorSearches) {
+    test::fill(doc, "foo food foo\nfoo");
+    moveTo(1, 0);
+    EXPECT_EQ(run("FindNextWord"), 1);
+    Pos end;
+    EXPECT_EQ(sel(end), makePos(9, 0));  // "food" is not the word
+    EXPECT_EQ(run("FindNextWord"), 1);   // the selection is searched for now
+    EXPECT_EQ(sel(end), makePos(0, 1));
+    EXPECT_EQ(run("FindPrevWord"), 1);
+    EXPECT_EQ(sel(end), makePos(9, 0));
+    EXPECT_EQ(run("FindPrevWord"), 1);
+    EXPECT_EQ(sel(end), makePos(4, 0));  // a selection is plain text, "food" holds it
+}
+
+// A shell whose dialogs answer with prepared choices.
+class DialogShell final : public Shell {
+public:
+    void message(std::string_view text) override { messages.emplace_back(text); }
+    Answer ask(std::string_view, bool) override { return Answer::Cancel; }
+    void statusMessage(std::string_view text) override { status.emplace_back(text); }
+    ClipboardData getClipboard() override { return {}; }
+    void setClipboard(const ClipboardData&) override {}
+    FindDialogResult findDialog(FindDialogData& data, bool replace) override {
+        seen = data;
+        sawReplace = replace;
+        data = answer;
+        return result;
+    }
+    bool askNumber(std::string_view, int& value) override {
+        value = number;
+        return number > 0;
+    }
+    FindDialogData seen, answer;
+    bool sawReplace = false;
+    FindDialogResult result = FindDialogResult::Cancel;
+    int number = 0;
+    std::vector<std::string> messages, status;
+};
+
+TEST_F(DocSearch, DialogsHistoriesAndGoTo) {
+    DialogShell dlg;
+    setShell(&dlg);
+    std::vector<std::string> finds{"old"}, replaces;
+    initSearch(&finds, &replaces);
+    test::fill(doc, "word x\nx word");
+    EXPECT_EQ(run("Find"), 0);  // cancelled
+    EXPECT_EQ(dlg.seen.findText, "word");
+    EXPECT_FALSE(lastSearch().valid);
+
+    dlg.result = FindDialogResult::ReplaceAll;
+    dlg.answer.findText = "x";
+    dlg.answer.replaceText = "yy";
+    EXPECT_EQ(run("Replace"), 1);
+    EXPECT_TRUE(dlg.sawReplace);
+    EXPECT_EQ(text(), "word yy\nyy word");
+    ASSERT_FALSE(dlg.messages.empty());
+    EXPECT_EQ(dlg.messages.back(), "2 occurrence(s) replaced.");
+    EXPECT_EQ(finds, (std::vector<std::string>{"x", "old"}));
+    EXPECT_EQ(replaces, (std::vector<std::string>{"yy"}));
+    EXPECT_EQ(undoDepth(), 1u);
+
+    dlg.result = FindDialogResult::Find;
+    dlg.answer.findText = "nothing";
+    EXPECT_EQ(run("Find"), 0);
+    EXPECT_EQ(dlg.status.back(), "Cannot find \"nothing\".");
+
+    dlg.number = 2;
+    EXPECT_EQ(run("GoToLine"), 1);
+    EXPECT_EQ(doc.cursor.line, 1);
+    dlg.number = 3;
+    run("GoToColumn");
+    EXPECT_EQ(doc.cursor.col, 2);
+    initSearch(nullptr, nullptr);
+}
+
+TEST(SearchHistory, NewestFirstWithoutDuplicates) {
+    std::vector<std::string> list;
+    for (const char* s : {"a", "b", "c", "d", "e", "f", "g", "h", "i"}) pushHistory(list, s);
+    EXPECT_EQ(list.size(), kSearchHistorySize);
+    EXPECT_EQ(list.front(), "i");
+    EXPECT_EQ(list.back(), "b");
+    pushHistory(list, "e");
+    EXPECT_EQ(list.front(), "e");
+    EXPECT_EQ(std::count(list.begin(), list.end(), "e"), 1);
+    pushHistory(list, "");
+    pushHistory(list, std::string(80, 'x'));
+    EXPECT_EQ(list.front(), "e");
+}
+
+}  // namespace
+}  // namespace zol

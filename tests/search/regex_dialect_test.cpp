@@ -1,0 +1,220 @@
+// The pattern dialect, one table per family of rules: what compiles to what error,
+// what matches where, which groups are set, and what templates expand to.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "search/regex.h"
+
+namespace zol {
+namespace {
+
+struct Match {
+    bool found;
+    int start = -1, end = -1;
+    int g1s = -1, g1e = -1;  // group 1, -1 when unset
+};
+
+Match run(const char* pattern, const char* text, bool backward = false, int limit = -1, bool lineStart = true) {
+    int err = -1;
+    auto prog = regexCompile(pattern, &err);
+    EXPECT_TRUE(prog) << pattern << ": " << regexErrorMessage(err);
+    if (!prog) return {false};
+    const char* lim = limit < 0 ? nullptr : text + limit;
+    if (!regexExecute(prog.get(), text, lim, backward, lineStart)) return {false};
+    Match m{true, static_cast<int>(prog->groupStart[0] - text), static_cast<int>(prog->groupEnd[0] - text)};
+    if (prog->groupStart[1]) {
+        m.g1s = static_cast<int>(prog->groupStart[1] - text);
+        m.g1e = static_cast<int>(prog->groupEnd[1] - text);
+    }
+    return m;
+}
+
+TEST(RegexDialect, MalformedPatternsGiveTheirErrorCode) {
+    const struct {
+        const char* pattern;
+        int code;
+    } cases[] = {
+        {"x**", kReNested},          {"a+?", kReNested},         {"{a}*+", kReNested},
+        {"*x", kReFollowsNothing},   {"a|*b", kReFollowsNothing}, {"{+a}", kReFollowsNothing},
+        {"{}*", kReEmptyOperand},    {"{a*}+", kReEmptyOperand}, {"^*", kReEmptyOperand},
+        {"{a|}*", kReEmptyOperand},  {"[z-a]", kReBadRange},     {"[a-c-b]", kReBadRange},
+        {"[abc", kReUnmatchedBracket}, {"[]", kReUnmatchedBracket}, {"[^", kReUnmatchedBracket},
+        {"{a", kReUnmatchedBraces},  {"a}", kReUnmatchedBraces}, {"{{a}", kReUnmatchedBraces},
+        {"\\d", kReBadEscape},       {"\\(", kReBadEscape},      {"a\\", kReBadEscape},
+        {"[\\d]", kReBadEscape},     {"{1}{2}{3}{4}{5}{6}{7}{8}{9}{10}", kReTooManyGroups},
+    };
+    for (const auto& c : cases) {
+        int err = 0;
+        EXPECT_EQ(regexCompile(c.pattern, &err), nullptr) << c.pattern;
+        EXPECT_EQ(err, c.code) << c.pattern;
+    }
+    int err = 0;
+    EXPECT_EQ(regexCompile(nullptr, &err), nullptr);
+    EXPECT_EQ(err, kReNullArgument);
+    EXPECT_STREQ(regexErrorMessage(kReUnmatchedBraces), "umatched {}");
+    EXPECT_STREQ(regexErrorMessage(kReBadEscape), "invalid escape (\\) sequence");
+    EXPECT_STREQ(regexErrorMessage(99), "unknown error");
+}
+
+TEST(RegexDialect, SizeLimitIsMeasuredBeforeEmitting) {
+    // Each "a." pair is an EXACTLY node (5 bytes) and an ANY node (3 bytes).
+    std::string near(4000 * 2, 'a');
+    for (size_t i = 1; i < near.size(); i += 2) near[i] = '.';
+    int err = -1;
+    EXPECT_NE(regexCompile(near.c_str(), &err), nullptr);
+    EXPECT_EQ(err, kReOk);
+    std::string over(5000 * 2, 'a');
+    for (size_t i = 1; i < over.size(); i += 2) over[i] = '.';
+    EXPECT_EQ(regexCompile(over.c_str(), &err), nullptr);
+    EXPECT_EQ(err, kReTooBig);
+    const std::string literal(40000, 'x');
+    EXPECT_EQ(regexCompile(literal.c_str(), &err), nullptr);
+    EXPECT_EQ(err, kReTooBig);
+}
+
+TEST(RegexDialect, LiteralsSetsAndEscapes) {
+    const struct {
+        const char* pattern;
+        const char* text;
+        int start, end;  // -1: no match
+    } cases[] = {
+        {"(a)", "x(a)", 1, 4},       {"abc*", "abccc", 0, 5},     {"abc*", "ab", 0, 2},
+        {"abc+", "abcabc", 0, 3},    {"ab?c", "ac", 0, 2},        {"a.c", "a\nc", -1, -1},
+        {"[a-c]+", "xxbcaz", 2, 5},  {"[^x]+", "ab\ncd", 0, 2},   {"[]a]+", "]a]", 0, 3},
+        {"[-a]+", "a-", 0, 2},       {"[a-]+", "-a", 0, 2},       {"[^]x]", "]xy", 2, 3},
+        {"\\{\\}", "{}", 0, 2},      {"\\*\\+\\?", "*+?", 0, 3},  {"a\\nb", "a\nb", 0, 3},
+        {"[\\n]", "a\n", 1, 2},      {"\\t", "x\ty", 1, 2},       {"[\\]]", "]", 0, 1},
+        {"\\&\\|\\.\\$\\^\\\\", "&|.$^\\", 0, 6},                  {"a|ab", "ab", 0, 1},
+        {"x|ab|a", "ab", 0, 2},      {"", "abc", 0, 0},           {"[\xe0-\xe9]", "a\xe5", 1, 2},
+    };
+    for (const auto& c : cases) {
+        Match m = run(c.pattern, c.text);
+        if (c.start < 0) {
+            EXPECT_FALSE(m.found) << c.pattern;
+            continue;
+        }
+        EXPECT_TRUE(m.found) << c.pattern;
+        EXPECT_EQ(m.start, c.start) << c.pattern;
+        EXPECT_EQ(m.end, c.end) << c.pattern;
+    }
+}
+
+TEST(RegexDialect, LineAnchorsAndNewlines) {
+    EXPECT_EQ(run("^b", "a\nb").start, 2);
+    EXPECT_FALSE(run("^a", "a", false, -1, false).found);  // text start is not a line start
+    EXPECT_EQ(run("a$", "ab\na").start, 3);
+    EXPECT_EQ(run("b$", "ab\na").end, 2);
+    EXPECT_EQ(run("x^y", "x^y").found, false);             // "^" is an anchor anywhere
+    EXPECT_EQ(run(".*", "ab\ncd").end, 2);                 // never crosses a newline
+    EXPECT_EQ(run("^$", "").found, true);
+    EXPECT_EQ(run("$", "abc").start, 3);                   // the end is a candidate without a limit
+    EXPECT_FALSE(run("$", "abc", false, 3).found);         // but not beyond a limit
+}
+
+TEST(RegexDialect, GroupsReportTheLastRepetition) {
+    Match m = run("{ab}+c", "ababc");
+    EXPECT_EQ(m.start, 0);
+    EXPECT_EQ(m.end, 5);
+    EXPECT_EQ(m.g1s, 2);
+    EXPECT_EQ(m.g1e, 4);
+    m = run("{a|b}*c", "abbac");
+    EXPECT_EQ(m.g1s, 3);
+    m = run("x{a}?y", "xy");
+    EXPECT_TRUE(m.found);
+    EXPECT_EQ(m.g1s, -1);
+    m = run("{a*}b", "aab");
+    EXPECT_EQ(m.g1e, 2);
+}
+
+TEST(RegexDialect, BackwardFindsTheStartNearestBeforeTheLimit) {
+    const char* text = "ab ab ab";
+    EXPECT_EQ(run("ab", text, true, 6).start, 3);
+    EXPECT_EQ(run("ab", text, true, 7).start, 6);
+    EXPECT_EQ(run("ab", text, true).start, 6);
+    EXPECT_EQ(run("a*b", "aaab", true, 3).start, 2);  // a match may reach past the limit
+    EXPECT_EQ(run("^x", "x\nx\ny", true).start, 2);
+    EXPECT_FALSE(run("ab", text, true, 0).found);
+}
+
+TEST(RegexDialect, SubstitutionTemplates) {
+    const struct {
+        const char* pattern;
+        const char* text;
+        const char* tmpl;
+        const char* out;
+    } cases[] = {
+        {"abc", "abc", "\\U&", "ABC"},        {"{ab}{c}", "abc", "\\u\\1-\\2", "Ab-c"},
+        {"abc", "abc", "\\ux", "x"},          {"ABC", "ABC", "\\l&\\L&", "aBCabc"},
+        {"b", "abc", "[&]", "[b]"},           {"b", "abc", "\\&\\\\\\n", "&\\\n"},
+        {"{x}?b", "b", "<\\1\\9>", "<>"},     {"b", "b", "\\q\\t", "q\t"},
+        {"b", "b", "\\u\\U&", "B"},
+    };
+    for (const auto& c : cases) {
+        auto prog = regexCompile(c.pattern, nullptr);
+        ASSERT_TRUE(prog);
+        ASSERT_TRUE(regexExecute(prog.get(), c.text, nullptr, false, true)) << c.pattern;
+        char out[64];
+        regexSubstitute(prog.get(), c.tmpl, out, sizeof out);
+        EXPECT_STREQ(out, c.out) << c.tmpl;
+    }
+}
+
+TEST(RegexDialect, SubstitutionIsCutToTheBuffer) {
+    auto prog = regexCompile("a+", nullptr);
+    ASSERT_TRUE(prog);
+    ASSERT_TRUE(regexExecute(prog.get(), "aaaaaa", nullptr, false, true));
+    char out[5] = "zzzz";
+    regexSubstitute(prog.get(), "x&", out, sizeof out);
+    EXPECT_STREQ(out, "xaaa");
+    regexSubstitute(prog.get(), "&", out, 1);
+    EXPECT_STREQ(out, "");
+}
+
+TEST(RegexDialect, DamagedProgramsAndNullTextsDoNothing) {
+    auto prog = regexCompile("a", nullptr);
+    ASSERT_TRUE(prog);
+    EXPECT_EQ(regexExecute(prog.get(), nullptr, nullptr, false, true), 0);
+    EXPECT_EQ(regexExecute(nullptr, "a", nullptr, false, true), 0);
+    prog->code[0] = 0;
+    EXPECT_EQ(regexExecute(prog.get(), "a", nullptr, false, true), 0);
+    char out[8] = "keep";
+    regexSubstitute(prog.get(), "&", out, sizeof out);
+    EXPECT_STREQ(out, "keep");
+}
+
+TEST(RegexDialect, ShortcutsOnlyWithoutTopLevelAlternation) {
+    auto p = regexCompile("x[0-9]+y", nullptr);
+    EXPECT_EQ(p->firstChar, 'x');
+    p = regexCompile("^abc", nullptr);
+    EXPECT_TRUE(p->anchored);
+    p = regexCompile("a*bcd+ef", nullptr);
+    ASSERT_TRUE(p->mustText);
+    EXPECT_EQ(std::string(p->mustText, static_cast<size_t>(p->mustLength)), "ef");  // the later of equally long
+    p = regexCompile("x|y", nullptr);
+    EXPECT_EQ(p->firstChar, 0);
+    EXPECT_EQ(p->mustText, nullptr);
+}
+
+TEST(RegexDialect, PathologicalPatternsGiveUpInsteadOfHanging) {
+    // Exponential backtracking over a line the width of the editor's capacity.
+    std::string text(3200, 'a');
+    auto prog = regexCompile("{a|aa}*{a|aa}*{a|aa}*{a|aa}*b", nullptr);
+    ASSERT_TRUE(prog);
+    // "b" is the literal every match needs, so the quick pre-check answers.
+    EXPECT_EQ(regexExecute(prog.get(), text.c_str(), nullptr, false, true), 0);
+    EXPECT_FALSE(prog->gaveUp);
+    prog = regexCompile("{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", nullptr);
+    ASSERT_TRUE(prog);
+    EXPECT_EQ(regexExecute(prog.get(), text.c_str(), nullptr, false, true), 0);
+    EXPECT_TRUE(prog->gaveUp);
+    // A deep but linear loop on a long subject needs no call stack.
+    std::string long_(200000, 'a');
+    prog = regexCompile("{a}*$", nullptr);
+    ASSERT_TRUE(prog);
+    EXPECT_EQ(regexExecute(prog.get(), long_.c_str(), nullptr, false, true), 1);
+    EXPECT_EQ(prog->groupEnd[0] - long_.c_str(), 200000);
+}
+
+}  // namespace
+}  // namespace zol
