@@ -9,6 +9,9 @@
 #include "files/textfile.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
+#include "syntax/commands.h"
+#include "syntax/doc_syntax.h"
+#include "syntax/table.h"
 
 namespace zol {
 namespace {
@@ -36,6 +39,9 @@ void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
     seedHome(shippedDataDir());
     loadProfile();
+    loadDefinitions(syntaxTable(), homeDir() + "syntax.hgl");
+    initSyntax([] { return settings().includeDirs; });
+    addFileNameListener(&followFileName);
     app.anotherInstance = !acquireInstanceLock();
     for (const std::string& f : opts.files) {
         if (!openDocument(app, f)) ++app.failedOpens;

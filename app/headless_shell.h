@@ -7,6 +7,8 @@
 
 namespace zol {
 
+struct Application;
+
 class HeadlessShell final : public Shell {
 public:
     explicit HeadlessShell(std::FILE* out = stderr) : out_(out) {}
@@ -15,10 +17,14 @@ public:
     void statusMessage(std::string_view text) override;
     ClipboardData getClipboard() override { return clip_; }
     void setClipboard(const ClipboardData& data) override { clip_ = data; }
+    bool openFile(const std::string& path) override;
+    // The application whose document list openFile adds to; none: opening fails.
+    void attach(Application* app) { app_ = app; }
 
 private:
     std::FILE* out_;
     ClipboardData clip_;
+    Application* app_ = nullptr;
 };
 
 }  // namespace zol

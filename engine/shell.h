@@ -30,6 +30,9 @@ public:
     virtual void statusMessage(std::string_view text) = 0;
     virtual ClipboardData getClipboard() = 0;
     virtual void setClipboard(const ClipboardData& data) = 0;
+    // Opens a file as a document (or activates it when it is open) and makes it the
+    // active one. False when it could not be opened; the reason is already shown.
+    virtual bool openFile(const std::string& /*path*/) { return false; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

@@ -41,6 +41,14 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
 bool writeFile(Document& doc, const std::string& path, int format, int backupStyle, bool blockOnly,
                bool keepModified);
 
+// Told after reading a file into a document (textReplaced true) and after the whole
+// text was written to the document's own file name, which is how saving under a new
+// name ends (textReplaced false). Code that renames a document calls
+// fileNameChanged(doc, false) itself.
+using FileNameListener = void (*)(Document& doc, bool textReplaced);
+void addFileNameListener(FileNameListener fn);
+void fileNameChanged(Document& doc, bool textReplaced);
+
 // Style 1 ("NAME.EXT.BAK") appends ".bak"; style 0 ("NAME.BAK") replaces the extension,
 // the text from the last "." of the file part, or appends when there is none. A dot
 // that starts the file part (".profile") does not begin an extension.

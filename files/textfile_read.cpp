@@ -204,6 +204,7 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     doc.fileTime = fileTime32(path);
     if (rep.binary || isReadOnlyFile(path)) doc.readOnly = true;
     setModified(doc, false);
+    fileNameChanged(doc, true);
     if (doc.view) {
         doc.view->refreshCaption();
         doc.view->refreshStatus();

@@ -226,7 +226,10 @@ bool writeFile(Document& doc, const std::string& path, int format, int backupSty
         const bool wasModified = doc.modified;
         setModified(doc, false);
         if (keepModified) setModified(doc, wasModified);
-        if (doc.hasFile && fullPath(doc.fileName) == fullPath(path)) doc.fileTime = fileTime32(path);
+        if (doc.hasFile && fullPath(doc.fileName) == fullPath(path)) {
+            doc.fileTime = fileTime32(path);
+            fileNameChanged(doc, false);
+        }
     }
     return true;
 }

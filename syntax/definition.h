@@ -1,0 +1,79 @@
+// One language definition as loaded from a section of "syntax.hgl".
+#pragma once
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace zol {
+
+constexpr size_t kPatternSize = 64;       // pattern keeps at most kPatternSize - 1 characters
+constexpr int kMaxKeywordLen = 28;        // keyword lists exist for lengths 1..28
+constexpr int kLineCommentMax = 4;        // characters of a line-comment introducer
+constexpr int kColourSlots = 10;
+
+// Definition flags.
+constexpr uint16_t kIgnoreCase = 0x01;
+constexpr uint16_t kFortranComments = 0x02;
+constexpr uint16_t kUnixTexKeywords = 0x04;
+constexpr uint16_t kLineNumbers = 0x08;
+constexpr uint16_t kCobol = 0x10;
+
+// Character class bits.
+constexpr uint16_t kClsWord = 0x001;
+constexpr uint16_t kClsNumber = 0x002;
+constexpr uint16_t kClsDelim = 0x004;
+constexpr uint16_t kClsQuote = 0x008;
+constexpr uint16_t kClsString = 0x010;
+constexpr uint16_t kClsOpen = 0x020;
+constexpr uint16_t kClsClose = 0x040;
+constexpr uint16_t kClsMultiComment = 0x080;
+constexpr uint16_t kClsLineComment = 0x100;
+constexpr uint16_t kClsOperator = 0x200;
+constexpr uint16_t kClsTagOpen = 0x400;
+constexpr uint16_t kClsTagClose = 0x800;
+
+// Colour slots, 1-based as in the file.
+enum ColourSlot : int {
+    kColComment = 1,
+    kColPreproc = 2,
+    kColString = 3,
+    kColNumber = 4,
+    kColDelim = 5,
+    kColOperator = 6,
+    kColKeyword = 7,
+    kColText = 8,
+    kColBackground = 9,
+    kColLineNumbers = 10,
+};
+constexpr int kMaxColourIndex = 16;  // palette indices are 0..16; anything else is stored as 0
+
+struct SyntaxHighlight {
+    std::string name;             // section name
+    std::string pattern;          // ";"-separated wildcards, lower case, < kPatternSize chars
+    char stringDelim = 0;         // 0 = none
+    char charDelim = 0;
+    uint16_t flags = 0;           // kIgnoreCase ...
+    int16_t cobolCommentPos = 0;  // 0..999, 0 = off
+    char cobolCommentChar = 0;
+    char multiOpen[2] = {0, 0};   // second may be 0; first 0 = no multi-line comments
+    char multiClose[2] = {0, 0};
+    char lineComment1[kLineCommentMax + 1] = {};  // NUL-terminated, empty = none
+    char lineComment2[kLineCommentMax + 1] = {};
+    char firstComment = 0;
+    int16_t maxLineLen = 0;       // >= 0, 0 = none
+    char quoteChar = 0;
+    char preprocessChar = 0;
+    std::array<uint16_t, 256> charClass{};  // by unsigned character code
+    std::array<char, 256> pairOf{};         // partner of an opening or closing delimiter
+    // keywords[n] holds every keyword of exactly n characters, concatenated; its length
+    // is a multiple of n. Empty when there are none (index 0 unused).
+    std::array<std::string, kMaxKeywordLen + 1> keywords;
+    // colour[s] for slot s = 1..10, each 0..16 (index 0 unused).
+    std::array<uint8_t, kColourSlots + 1> colour{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 8};
+
+    uint16_t cls(char c) const { return charClass[static_cast<unsigned char>(c)]; }
+    bool ignoreCase() const { return flags & kIgnoreCase; }
+    friend bool operator==(const SyntaxHighlight&, const SyntaxHighlight&) = default;
+};
+
+}  // namespace zol

@@ -1,0 +1,73 @@
+// Small text tests shared by the scanner and the comment-state routine.
+#pragma once
+#include <cctype>
+#include <cstring>
+#include <string_view>
+
+#include "syntax/definition.h"
+
+namespace zol::scan {
+
+constexpr size_t kNotFound = static_cast<size_t>(-1);
+
+inline bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)); }
+inline bool isDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)); }
+inline bool isAlpha(char c) { return std::isalpha(static_cast<unsigned char>(c)); }
+inline char lower(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+
+// Index just past the first c1 (followed by c2 when c2 is not 0) at or after i.
+inline size_t findCloser(std::string_view s, size_t i, char c1, char c2) {
+    while (i < s.size()) {
+        const void* hit = std::memchr(s.data() + i, c1, s.size() - i);
+        if (!hit) return kNotFound;
+        const size_t k = static_cast<size_t>(static_cast<const char*>(hit) - s.data());
+        if (!c2) return k + 1;
+        if (k + 1 < s.size() && s[k + 1] == c2) return k + 2;
+        i = k + 1;
+    }
+    return kNotFound;
+}
+
+// Where a multi-line comment opened at i ends: just past its closer, kNotFound when the
+// line ends first, or i when no opener stands at i.
+inline size_t skipMultiComment(const SyntaxHighlight& d, std::string_view s, size_t i) {
+    if (s[i] != d.multiOpen[0]) return i;
+    if (!d.multiOpen[1]) return findCloser(s, i + 1, d.multiClose[0], 0);
+    if (i + 1 >= s.size() || s[i + 1] != d.multiOpen[1]) return i;
+    return findCloser(s, i + 2, d.multiClose[0], d.multiClose[1]);
+}
+
+// Whether a line-comment introducer stands at i and counts. Without wordTest a
+// non-letter introducer always counts; with it, only when the character at i is not a
+// word character. Otherwise it needs white space or the end of the line after it.
+inline bool lineCommentAt(const SyntaxHighlight& d, std::string_view s, size_t i, const char* intro, bool wordTest) {
+    const size_t n = std::strlen(intro);
+    if (n == 0 || s.size() - i < n) return false;
+    if (d.ignoreCase()) {
+        for (size_t k = 0; k < n; ++k)
+            if (lower(s[i + k]) != lower(intro[k])) return false;
+    } else if (std::memcmp(s.data() + i, intro, n) != 0) {
+        return false;
+    }
+    if (!isAlpha(intro[0]) && (!wordTest || !(d.cls(s[i]) & kClsWord))) return true;
+    return i + n == s.size() || isSpace(s[i + n]);
+}
+
+// Just past a string that opens at i, honouring the escape character; the end of the
+// line when it is not closed.
+inline size_t skipString(const SyntaxHighlight& d, std::string_view s, size_t i) {
+    const char delim = s[i];
+    size_t j = i + 1;
+    while (j < s.size()) {
+        const char c = s[j];
+        if (d.quoteChar && c == d.quoteChar) {
+            j += 2;
+            continue;
+        }
+        ++j;
+        if (c == delim) return j;
+    }
+    return s.size();
+}
+
+}  // namespace zol::scan
