@@ -1,10 +1,15 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <new>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/profile.h"
+#include "platform/profile_doc.h"
 #include "syntax/table.h"
 
 namespace zol {
@@ -62,10 +67,70 @@ void setSet(SyntaxHighlight& d, std::string_view items, uint16_t bit) {
     for (char c : items) d.charClass[static_cast<unsigned char>(c)] |= bit;
 }
 
+// Every key of every section, read in one pass so that a huge file costs one parse
+// rather than one walk per key. Names compare without regard to case; the first
+// section of a name and the first line of a key count, as for any profile lookup.
+class HglIndex {
+public:
+    explicit HglIndex(const std::string& path) {
+        const std::string file = profilePath(path);
+        std::error_code ec;
+        if (!std::filesystem::is_regular_file(file, ec)) return;
+        std::ifstream in(file, std::ios::binary);
+        std::string data;
+        char buf[65536];
+        while (in.read(buf, sizeof buf) || in.gcount() > 0) data.append(buf, static_cast<size_t>(in.gcount()));
+        const ProfileDoc doc = parseProfile(data);
+        Keys* keys = nullptr;
+        for (const ProfileLine& line : doc.lines) {
+            if (line.kind == ProfileLineKind::Section) {
+                sections_.emplace_back(line.name());
+                auto [it, fresh] = index_.try_emplace(lowerCopy(line.name()));
+                keys = fresh ? &it->second : nullptr;
+            } else if (line.kind == ProfileLineKind::Key && keys) {
+                std::string value;
+                if (line.valueAt != std::string::npos)
+                    value = unquoteProfileValue(std::string_view(line.text).substr(line.valueAt));
+                keys->try_emplace(lowerCopy(line.name()), std::move(value));
+            }
+        }
+    }
+    // Section names in file order, each once.
+    std::vector<std::string> sectionNames() const {
+        std::vector<std::string> out;
+        std::unordered_set<std::string> seen;
+        for (const std::string& s : sections_)
+            if (seen.insert(lowerCopy(s)).second) out.push_back(s);
+        return out;
+    }
+    const std::unordered_map<std::string, std::string>* keys(std::string_view section) const {
+        auto it = index_.find(lowerCopy(section));
+        return it == index_.end() ? nullptr : &it->second;
+    }
+
+private:
+    using Keys = std::unordered_map<std::string, std::string>;
+    static std::string lowerCopy(std::string_view s) {
+        std::string out(s);
+        for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        return out;
+    }
+    std::vector<std::string> sections_;
+    std::unordered_map<std::string, Keys> index_;
+};
+
 class SectionReader {
 public:
-    SectionReader(std::string_view section, const std::string& path) : section_(section), path_(path) {}
-    std::string str(std::string_view key) const { return getProfileString(section_, key, "", path_, kValueBuffer); }
+    SectionReader(const HglIndex& index, std::string_view section) : keys_(index.keys(section)) {}
+    // The value as a buffer of kValueBuffer characters holds it; missing keys read as "".
+    std::string str(std::string_view key) const {
+        if (!keys_) return {};
+        std::string k(key);
+        for (char& c : k) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        auto it = keys_->find(k);
+        if (it == keys_->end()) return {};
+        return it->second.substr(0, kValueBuffer - 1);
+    }
     bool boolean(std::string_view key) const {
         const std::string v = str(key);
         return v == "yes" || v == "1";
@@ -78,8 +143,7 @@ public:
     }
 
 private:
-    std::string section_;
-    const std::string& path_;
+    const std::unordered_map<std::string, std::string>* keys_;
 };
 
 void applyLineComment(SyntaxHighlight& d, std::string v, char* field) {
@@ -99,8 +163,10 @@ void applyLineComment(SyntaxHighlight& d, std::string v, char* field) {
 
 }  // namespace
 
-SyntaxHighlight loadDefinition(std::string_view section, const std::string& path) {
-    SectionReader in(section, path);
+namespace {
+
+SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) {
+    SectionReader in(index, section);
     SyntaxHighlight d;
     d.name = section;
 
@@ -195,15 +261,27 @@ SyntaxHighlight loadDefinition(std::string_view section, const std::string& path
     return d;
 }
 
+}  // namespace
+
+SyntaxHighlight loadDefinition(std::string_view section, const std::string& path) {
+    return definitionFrom(HglIndex(path), section);
+}
+
 int loadDefinitions(SyntaxHighlightTable& table, const std::string& path) {
     for (auto& s : table.slots) s.reset();
     int loaded = 0;
-    for (const std::string& section : getProfileSectionNames(path)) {
+    std::unique_ptr<HglIndex> index;
+    try {
+        index = std::make_unique<HglIndex>(path);
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
+    for (const std::string& section : index->sectionNames()) {
         if (loaded == kSyntaxSlots) break;
         auto d = std::unique_ptr<SyntaxHighlight>(new (std::nothrow) SyntaxHighlight);
         if (!d) continue;
         try {
-            *d = loadDefinition(section, path);
+            *d = definitionFrom(*index, section);
         } catch (const std::bad_alloc&) {
             continue;
         }
