@@ -105,7 +105,7 @@ std::vector<std::string> partnerFileNames(std::string_view fileName) {
         return false;
     };
     std::vector<std::string> out;
-    if (ext.empty() || base.empty()) return out;
+    if (ext.empty() || base.size() < 2) return out;  // base ends in the dot
     const bool header = in(kHeaders);
     if (!header && !in(kSources)) return out;
     for (const char* e : header ? kSources : kHeaders) out.push_back(std::string(base) + e);

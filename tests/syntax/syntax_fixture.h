@@ -60,10 +60,10 @@ inline std::vector<int> docBits(const Document& doc) {
     return out;
 }
 
-// A document holding text, filled through the edit primitives.
+// A document holding only text, filled through the edit primitives.
 inline void fill(Document& doc, std::string_view text) {
     doc.readOnly = false;
-    setCursor(doc, Pos{});
+    resetText(doc);
     insertText(doc, text);
 }
 
