@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -14,6 +15,7 @@ using scan::kNotFound;
 // for them eight bytes at a time.
 class StopSet {
 public:
+    StopSet() = default;
     explicit StopSet(const SyntaxHighlight& d) {
         add(d.multiOpen[0]);
         addIntroducer(d, d.lineComment1[0]);
@@ -61,14 +63,20 @@ private:
     size_t find(std::string_view s, size_t i) const {
         if constexpr (std::endian::native == std::endian::little) {
             const char* p = s.data();
-            while (s.size() - i >= 8) {
-                uint64_t w;
-                std::memcpy(&w, p + i, 8);
+            while (i < s.size()) {
+                uint64_t w = 0;
+                if (s.size() - i >= 8) {
+                    std::memcpy(&w, p + i, 8);
+                } else {
+                    // The short tail, padded with zero bytes, which no stop character is.
+                    for (size_t k = s.size(); k-- > i;) w = (w << 8) | static_cast<unsigned char>(p[k]);
+                }
                 uint64_t hit = 0;
                 for (int k = 0; k < N; ++k) hit |= zeroBytes(w ^ words_[k]);
-                if (hit) return i + static_cast<size_t>(std::countr_zero(hit) >> 3);
+                if (hit) return std::min(s.size(), i + static_cast<size_t>(std::countr_zero(hit) >> 3));
                 i += 8;
             }
+            return s.size();
         }
         for (; i < s.size(); ++i)
             for (int k = 0; k < count_; ++k)
@@ -80,6 +88,24 @@ private:
     uint64_t words_[kMax] = {};
     int count_ = 0;
 };
+
+// The routine runs once per line, so the set of the definition last asked for is kept.
+const StopSet& stopSetFor(const SyntaxHighlight& d) {
+    struct Cached {
+        const SyntaxHighlight* def = nullptr;
+        char key[6] = {};
+        StopSet set;
+    };
+    static Cached cache;
+    const char key[6] = {d.multiOpen[0], d.lineComment1[0], d.lineComment2[0], d.stringDelim, d.charDelim,
+                         static_cast<char>(d.flags & kIgnoreCase)};
+    if (cache.def != &d || std::memcmp(cache.key, key, sizeof key) != 0) {
+        cache.def = &d;
+        std::memcpy(cache.key, key, sizeof key);
+        cache.set = StopSet(d);
+    }
+    return cache.set;
+}
 
 }  // namespace
 
@@ -94,7 +120,7 @@ int commentState(const SyntaxHighlight& d, std::string_view s, int inComment) {
         while (k < s.size() && scan::isSpace(s[k])) ++k;
         if (k < s.size() && s[k] == d.firstComment) return 0;
     }
-    const StopSet stops(d);
+    const StopSet& stops = stopSetFor(d);
     while ((i = stops.next(s, i)) < s.size()) {
         const char c = s[i];
         if (c == d.multiOpen[0]) {
@@ -105,7 +131,9 @@ int commentState(const SyntaxHighlight& d, std::string_view s, int inComment) {
                 continue;
             }
         }
-        if (scan::lineCommentAt(d, s, i, d.lineComment1, false) || scan::lineCommentAt(d, s, i, d.lineComment2, false))
+        const char lc = scan::lower(c);
+        if ((lc == scan::lower(d.lineComment1[0]) && scan::lineCommentAt(d, s, i, d.lineComment1, false)) ||
+            (lc == scan::lower(d.lineComment2[0]) && scan::lineCommentAt(d, s, i, d.lineComment2, false)))
             return 0;
         if ((d.stringDelim && c == d.stringDelim) || (d.charDelim && c == d.charDelim)) {
             i = scan::skipString(d, s, i);

@@ -68,6 +68,9 @@ struct SyntaxHighlight {
     // keywords[n] holds every keyword of exactly n characters, concatenated; its length
     // is a multiple of n. Empty when there are none (index 0 unused).
     std::array<std::string, kMaxKeywordLen + 1> keywords;
+    // Derived from keywords by indexKeywords: bit keywordHash(w) of keywordFilter[n] is
+    // set for every n-character keyword w, so most words are refused without a compare.
+    std::array<uint64_t, kMaxKeywordLen + 1> keywordFilter{};
     // colour[s] for slot s = 1..10, each 0..16 (index 0 unused).
     std::array<uint8_t, kColourSlots + 1> colour{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 8};
 
@@ -75,5 +78,20 @@ struct SyntaxHighlight {
     bool ignoreCase() const { return flags & kIgnoreCase; }
     friend bool operator==(const SyntaxHighlight&, const SyntaxHighlight&) = default;
 };
+
+// Hash of a word for keywordFilter; the same for both letter cases.
+inline unsigned keywordHash(const char* w, size_t n) {
+    auto low = [](char c) { return static_cast<unsigned>(static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + 32 : c)); };
+    return (low(w[0]) * 7 + low(w[n - 1]) * 3 + low(w[n / 2])) & 63;
+}
+// Fills keywordFilter from keywords; the loader calls it, as must anyone who changes
+// keywords afterwards.
+inline void indexKeywords(SyntaxHighlight& d) {
+    for (size_t n = 1; n < d.keywords.size(); ++n) {
+        d.keywordFilter[n] = 0;
+        for (size_t k = 0; k + n <= d.keywords[n].size(); k += n)
+            d.keywordFilter[n] |= uint64_t{1} << keywordHash(d.keywords[n].data() + k, n);
+    }
+}
 
 }  // namespace zol

@@ -254,6 +254,7 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
         std::string v = in.str("Keyword" + std::to_string(n));
         if (v.size() % static_cast<size_t>(n) == 0) d.keywords[n] = std::move(v);
     }
+    indexKeywords(d);
     for (int s = 1; s <= kColourSlots; ++s) {
         const int v = in.integer(kColourKeys[s], s == kColLineNumbers ? 8 : 0);
         d.colour[s] = static_cast<uint8_t>(v >= 0 && v <= kMaxColourIndex ? v : 0);

@@ -23,11 +23,12 @@ inline constexpr char kIncludesNotFound[] = "Cannot find these include files: %s
 
 // The text with its one "%s" or "%d" replaced by value.
 inline std::string fill(std::string_view text, std::string_view value) {
-    std::string out(text);
-    for (const char* mark : {"%s", "%d"}) {
-        const size_t at = out.find(mark);
-        if (at != std::string::npos) return out.replace(at, 2, value);
-    }
+    size_t at = text.find("%s");
+    if (at == std::string_view::npos) at = text.find("%d");
+    if (at == std::string_view::npos) return std::string(text);
+    std::string out;
+    out.reserve(text.size() + value.size());
+    out.append(text.substr(0, at)).append(value).append(text.substr(at + 2));
     return out;
 }
 

@@ -10,10 +10,11 @@ namespace zol::scan {
 
 constexpr size_t kNotFound = static_cast<size_t>(-1);
 
-inline bool isSpace(char c) { return std::isspace(static_cast<unsigned char>(c)); }
-inline bool isDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)); }
-inline bool isAlpha(char c) { return std::isalpha(static_cast<unsigned char>(c)); }
-inline char lower(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+// The C locale's classes, inline: the scanner asks them for nearly every character.
+inline bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
+inline bool isAlpha(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+inline char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 // Index just past the first c1 (followed by c2 when c2 is not 0) at or after i.
 inline size_t findCloser(std::string_view s, size_t i, char c1, char c2) {

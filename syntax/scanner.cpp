@@ -50,7 +50,13 @@ public:
 
 private:
     void paint(size_t from, size_t to, int slot) {
-        if (to > from) std::memset(out_ + from, d_.colour[static_cast<size_t>(slot)], to - from);
+        if (to <= from) return;
+        const uint8_t c = d_.colour[static_cast<size_t>(slot)];
+        if (to - from > 16) {
+            std::memset(out_ + from, c, to - from);
+            return;
+        }
+        for (size_t i = from; i < to; ++i) out_[i] = c;
     }
     int restAs(size_t from, int slot, int result) {
         paint(from, s_.size(), slot);
@@ -89,8 +95,9 @@ private:
     }
 
     bool isKeyword(size_t i, size_t len) const {
-        const std::string& list = d_.keywords[len];
         const char* w = s_.data() + i;
+        if (!((d_.keywordFilter[len] >> keywordHash(w, len)) & 1)) return false;
+        const std::string& list = d_.keywords[len];
         if (d_.ignoreCase()) {
             for (size_t k = 0; k < list.size(); k += len) {
                 size_t m = 0;
@@ -104,16 +111,38 @@ private:
         return false;
     }
 
+    // Locals rather than members in the hot loop: the colour bytes written to out may
+    // alias anything, which would make the compiler reload every member after a write.
     int mainLoop(size_t i) {
+        const char* const s = s_.data();
         const size_t end = s_.size();
+        const uint16_t* const cls = d_.charClass.data();
+        const uint8_t* const colour = d_.colour.data();
+        uint8_t* const out = out_;
+        auto clsAt = [cls, s](size_t k) { return cls[static_cast<unsigned char>(s[k])]; };
+        auto fill = [out, colour](size_t from, size_t to, int slot) {
+            const uint8_t c = colour[slot];
+            if (to - from > 16) {
+                std::memset(out + from, c, to - from);
+                return;
+            }
+            for (size_t k = from; k < to; ++k) out[k] = c;
+        };
         while (i < end) {
-            const char c = s_[i];
-            const uint16_t f = d_.cls(c);
+            const char c = s[i];
+            const uint16_t f = clsAt(i);
+            if (f == 0) {  // blanks and other plain text: nothing below applies
+                size_t j = i + 1;
+                while (j < end && clsAt(j) == 0) ++j;
+                fill(i, j, kColText);
+                i = j;
+                continue;
+            }
             if (f & kClsMultiComment) {
                 const size_t k = scan::skipMultiComment(d_, s_, i);
                 if (k == kNotFound) return restAs(i, kColComment, 1);
                 if (k != i) {
-                    paint(i, k, kColComment);
+                    fill(i, k, kColComment);
                     i = k;
                     continue;
                 }
@@ -121,10 +150,10 @@ private:
             if ((f & kClsLineComment) && lineComment(i)) return restAs(i, kColComment, 0);
             if ((f & kClsWord) && !((f & kClsNumber) && static_cast<unsigned char>(c) <= '9')) {
                 size_t j = i + 1;
-                while (j < end && (d_.cls(s_[j]) & kClsWord)) ++j;
+                while (j < end && (clsAt(j) & kClsWord)) ++j;
                 const size_t len = j - i;
                 const bool kw = len <= static_cast<size_t>(kMaxKeywordLen) && isKeyword(i, len);
-                paint(i, j, kw ? kColKeyword : kColText);
+                fill(i, j, kw ? kColKeyword : kColText);
                 i = j;
                 continue;
             }
@@ -138,32 +167,32 @@ private:
             } else if (f & kClsOperator) {
                 slot = kColOperator;
             } else if (f & kClsNumber) {
-                if (c == '-' && !(j < end && (d_.cls(s_[j]) & kClsNumber))) {
+                if (c == '-' && !(j < end && (clsAt(j) & kClsNumber))) {
                     slot = kColOperator;
                 } else {
-                    while (j < end && (d_.cls(s_[j]) & kClsNumber)) ++j;
+                    while (j < end && (clsAt(j) & kClsNumber)) ++j;
                     slot = kColNumber;
                 }
             } else if (f & kClsTagOpen) {
-                while (j < end && !(d_.cls(s_[j]) & kClsTagClose)) ++j;
+                while (j < end && !(clsAt(j) & kClsTagClose)) ++j;
                 if (j < end) ++j;
                 slot = kColKeyword;
             } else if (f & kClsTagClose) {
                 // The tail of a tag opened on an earlier line.
-                paint(0, j, kColKeyword);
+                fill(0, j, kColKeyword);
                 i = j;
                 continue;
             } else if (f & (kClsOpen | kClsClose)) {
                 slot = kColDelim;
             } else if ((f & kClsQuote) && (d_.flags & kUnixTexKeywords)) {
-                if (j < end && (d_.cls(s_[j]) & kClsWord)) {
-                    while (j < end && (d_.cls(s_[j]) & kClsWord)) ++j;
+                if (j < end && (clsAt(j) & kClsWord)) {
+                    while (j < end && (clsAt(j) & kClsWord)) ++j;
                 } else if (j < end) {
                     ++j;
                 }
                 slot = kColKeyword;
             }
-            paint(i, j, slot);
+            fill(i, j, slot);
             i = j;
         }
         return 0;
