@@ -70,7 +70,7 @@ struct SyntaxHighlight {
     std::array<std::string, kMaxKeywordLen + 1> keywords;
     // Derived from keywords by indexKeywords: bit keywordHash(w) of keywordFilter[n] is
     // set for every n-character keyword w, so most words are refused without a compare.
-    std::array<uint64_t, kMaxKeywordLen + 1> keywordFilter{};
+    std::array<std::array<uint64_t, 4>, kMaxKeywordLen + 1> keywordFilter{};
     // colour[s] for slot s = 1..10, each 0..16 (index 0 unused).
     std::array<uint8_t, kColourSlots + 1> colour{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 8};
 
@@ -79,18 +79,27 @@ struct SyntaxHighlight {
     friend bool operator==(const SyntaxHighlight&, const SyntaxHighlight&) = default;
 };
 
-// Hash of a word for keywordFilter; the same for both letter cases.
-inline unsigned keywordHash(const char* w, size_t n) {
-    auto low = [](char c) { return static_cast<unsigned>(static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + 32 : c)); };
-    return (low(w[0]) * 7 + low(w[n - 1]) * 3 + low(w[n / 2])) & 63;
+// Hash of a word for keywordFilter, 0..255; with fold the same for both letter cases.
+inline unsigned keywordHash(const char* w, size_t n, bool fold) {
+    auto at = [w, fold](size_t k) {
+        const char c = w[k];
+        return static_cast<unsigned>(static_cast<unsigned char>(fold && c >= 'A' && c <= 'Z' ? c + 32 : c));
+    };
+    return (at(0) * 7 + at(n - 1) * 3 + at(n / 2)) & 255;
 }
-// Fills keywordFilter from keywords; the loader calls it, as must anyone who changes
-// keywords afterwards.
+inline bool mayBeKeyword(const SyntaxHighlight& d, const char* w, size_t n) {
+    const unsigned h = keywordHash(w, n, d.flags & kIgnoreCase);
+    return (d.keywordFilter[n][h >> 6] >> (h & 63)) & 1;
+}
+// Fills keywordFilter from keywords and the ignore-case flag; the loader calls it, as
+// must anyone who changes either afterwards.
 inline void indexKeywords(SyntaxHighlight& d) {
     for (size_t n = 1; n < d.keywords.size(); ++n) {
-        d.keywordFilter[n] = 0;
-        for (size_t k = 0; k + n <= d.keywords[n].size(); k += n)
-            d.keywordFilter[n] |= uint64_t{1} << keywordHash(d.keywords[n].data() + k, n);
+        d.keywordFilter[n] = {};
+        for (size_t k = 0; k + n <= d.keywords[n].size(); k += n) {
+            const unsigned h = keywordHash(d.keywords[n].data() + k, n, d.flags & kIgnoreCase);
+            d.keywordFilter[n][h >> 6] |= uint64_t{1} << (h & 63);
+        }
     }
 }
 

@@ -13,7 +13,9 @@ class LineScan {
 public:
     LineScan(const SyntaxHighlight& d, std::string_view text, uint8_t* out) : d_(d), s_(text), out_(out) {}
 
+    // The whole line starts as text; the steps below paint only what is not text.
     int run(int inComment) {
+        std::memset(out_, d_.colour[kColText], s_.size());
         size_t i = 0;
         if (!d_.multiOpen[0]) inComment = 0;
         if (inComment) {
@@ -24,7 +26,7 @@ public:
         }
         if ((d_.flags & kFortranComments) && s_[0] != ' ' && !scan::isDigit(s_[0])) return restAs(0, kColComment, 0);
         if (d_.flags & kLineNumbers) i = paintRun(i, kColLineNumbers, [](char c) { return scan::isDigit(c); });
-        i = paintRun(i, kColText, [](char c) { return scan::isSpace(c); });
+        while (i < s_.size() && scan::isSpace(s_[i])) ++i;
         if (d_.cobolCommentPos > 0) {
             const auto col = static_cast<size_t>(d_.cobolCommentPos);
             if (i < s_.size() && s_[i] == d_.cobolCommentChar && i + 1 == col) return restAs(i, kColComment, 0);
@@ -37,7 +39,7 @@ public:
             s_ = s_.substr(0, cut);
         }
         if ((d_.flags & kCobol) && s_.size() >= 8 && scan::isAlpha(s_[7])) {
-            paint(0, 7, kColText);
+            std::memset(out_, d_.colour[kColText], 7);
             size_t j = 7;
             while (j < s_.size() && (d_.cls(s_[j]) == kClsWord || scan::isDigit(s_[j]))) ++j;
             paint(7, j, kColPreproc);
@@ -96,7 +98,7 @@ private:
 
     bool isKeyword(size_t i, size_t len) const {
         const char* w = s_.data() + i;
-        if (!((d_.keywordFilter[len] >> keywordHash(w, len)) & 1)) return false;
+        if (!mayBeKeyword(d_, w, len)) return false;
         const std::string& list = d_.keywords[len];
         if (d_.ignoreCase()) {
             for (size_t k = 0; k < list.size(); k += len) {
@@ -132,10 +134,8 @@ private:
             const char c = s[i];
             const uint16_t f = clsAt(i);
             if (f == 0) {  // blanks and other plain text: nothing below applies
-                size_t j = i + 1;
-                while (j < end && clsAt(j) == 0) ++j;
-                fill(i, j, kColText);
-                i = j;
+                ++i;
+                while (i < end && clsAt(i) == 0) ++i;
                 continue;
             }
             if (f & kClsMultiComment) {
@@ -150,10 +150,10 @@ private:
             if ((f & kClsLineComment) && lineComment(i)) return restAs(i, kColComment, 0);
             if ((f & kClsWord) && !((f & kClsNumber) && static_cast<unsigned char>(c) <= '9')) {
                 size_t j = i + 1;
+                while (j + 4 <= end && (clsAt(j) & clsAt(j + 1) & clsAt(j + 2) & clsAt(j + 3) & kClsWord)) j += 4;
                 while (j < end && (clsAt(j) & kClsWord)) ++j;
                 const size_t len = j - i;
-                const bool kw = len <= static_cast<size_t>(kMaxKeywordLen) && isKeyword(i, len);
-                fill(i, j, kw ? kColKeyword : kColText);
+                if (len <= static_cast<size_t>(kMaxKeywordLen) && isKeyword(i, len)) fill(i, j, kColKeyword);
                 i = j;
                 continue;
             }
@@ -192,7 +192,7 @@ private:
                 }
                 slot = kColKeyword;
             }
-            fill(i, j, slot);
+            if (slot != kColText) fill(i, j, slot);
             i = j;
         }
         return 0;
