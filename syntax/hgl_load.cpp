@@ -172,7 +172,8 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
 
     std::string pattern = in.str("FilePattern");
     if (pattern.empty()) {
-        for (std::string_view w : words(in.str("Extensions"))) {
+        const std::string extensions = in.str("Extensions");
+        for (std::string_view w : words(extensions)) {
             if (!pattern.empty()) pattern += ';';
             pattern += "*.";
             pattern += w;
