@@ -1,6 +1,8 @@
 // Small text tests shared by the scanner and the comment-state routine.
 #pragma once
+#include <bit>
 #include <cctype>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -54,19 +56,39 @@ inline bool lineCommentAt(const SyntaxHighlight& d, std::string_view s, size_t i
     return i + n == s.size() || isSpace(s[i + n]);
 }
 
+// Index of the first byte at or after i equal to a or b, or the end. Eight bytes at a
+// time: strings and comments are long enough for that to pay.
+inline size_t findEither(std::string_view s, size_t i, char a, char b) {
+    if (i >= s.size()) return s.size();
+    if constexpr (std::endian::native == std::endian::little) {
+        constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = 0x8080808080808080ull;
+        const uint64_t pa = kOnes * static_cast<unsigned char>(a), pb = kOnes * static_cast<unsigned char>(b);
+        auto zero = [](uint64_t x) { return (x - kOnes) & ~x & kHighs; };
+        while (s.size() - i >= 8) {
+            uint64_t w;
+            std::memcpy(&w, s.data() + i, 8);
+            // Only the lowest hit is used; false hits can only lie above a true one.
+            const uint64_t hit = zero(w ^ pa) | zero(w ^ pb);
+            if (hit) return i + static_cast<size_t>(std::countr_zero(hit) >> 3);
+            i += 8;
+        }
+    }
+    while (i < s.size() && s[i] != a && s[i] != b) ++i;
+    return i;
+}
+
 // Just past a string that opens at i, honouring the escape character; the end of the
 // line when it is not closed.
 inline size_t skipString(const SyntaxHighlight& d, std::string_view s, size_t i) {
     const char delim = s[i];
+    const char quote = d.quoteChar ? d.quoteChar : delim;
     size_t j = i + 1;
-    while (j < s.size()) {
-        const char c = s[j];
-        if (d.quoteChar && c == d.quoteChar) {
+    while ((j = findEither(s, j, delim, quote)) < s.size()) {
+        if (d.quoteChar && s[j] == d.quoteChar) {
             j += 2;
             continue;
         }
-        ++j;
-        if (c == delim) return j;
+        return j + 1;
     }
     return s.size();
 }
