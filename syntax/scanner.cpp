@@ -109,8 +109,12 @@ private:
             }
             return false;
         }
-        for (size_t k = 0; k < list.size(); k += len)
-            if (list[k] == w[0] && std::memcmp(list.data() + k, w, len) == 0) return true;
+        for (size_t k = 0; k < list.size(); k += len) {
+            if (list[k] != w[0]) continue;
+            size_t m = 1;
+            while (m < len && list[k + m] == w[m]) ++m;
+            if (m == len) return true;
+        }
         return false;
     }
 
