@@ -173,6 +173,8 @@ private:
                 const size_t len = j - i;
                 if (len <= static_cast<size_t>(kMaxKeywordLen) && isKeyword(i, len)) fill(i, j, kColKeyword);
                 i = j;
+                // A blank usually follows; taking it here saves a turn of the loop.
+                while (i < end && clsAt(i) == 0) ++i;
                 continue;
             }
             size_t j = i + 1;
@@ -212,6 +214,7 @@ private:
             }
             if (slot != kColText) fill(i, j, slot);
             i = j;
+            while (i < end && clsAt(i) == 0) ++i;
         }
         return 0;
     }
