@@ -1,6 +1,9 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "syntax/scan_util.h"
 #include "syntax/scanner.h"
@@ -63,6 +66,17 @@ private:
     size_t find(std::string_view s, size_t i) const {
         if constexpr (std::endian::native == std::endian::little) {
             const char* p = s.data();
+#if defined(__SSE2__)
+            while (s.size() - i >= 16) {
+                const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i));
+                __m128i eq = _mm_cmpeq_epi8(v, _mm_set1_epi64x(static_cast<long long>(words_[0])));
+                for (int k = 1; k < N; ++k)
+                    eq = _mm_or_si128(eq, _mm_cmpeq_epi8(v, _mm_set1_epi64x(static_cast<long long>(words_[k]))));
+                const auto mask = static_cast<unsigned>(_mm_movemask_epi8(eq));
+                if (mask) return i + static_cast<size_t>(std::countr_zero(mask));
+                i += 16;
+            }
+#endif
             while (i < s.size()) {
                 uint64_t w = 0;
                 if (s.size() - i >= 8) {
