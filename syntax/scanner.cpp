@@ -158,16 +158,18 @@ private:
                 while (i < end && clsAt(i) == 0) ++i;
                 continue;
             }
-            if (f & kClsMultiComment) {
-                const size_t k = scan::skipMultiComment(d_, s_, i);
-                if (k == kNotFound) return restAs(i, kColComment, 1);
-                if (k != i) {
-                    fill(i, k, kColComment);
-                    i = k;
-                    continue;
+            if (f & (kClsMultiComment | kClsLineComment)) {
+                if (f & kClsMultiComment) {
+                    const size_t k = scan::skipMultiComment(d_, s_, i);
+                    if (k == kNotFound) return restAs(i, kColComment, 1);
+                    if (k != i) {
+                        fill(i, k, kColComment);
+                        i = k;
+                        continue;
+                    }
                 }
+                if ((f & kClsLineComment) && lineComment(i)) return restAs(i, kColComment, 0);
             }
-            if ((f & kClsLineComment) && lineComment(i)) return restAs(i, kColComment, 0);
             if ((f & kClsWord) && !((f & kClsNumber) && static_cast<unsigned char>(c) <= '9')) {
                 const size_t j = runEnd(i + 1, end, [&](size_t k) { return (clsAt(k) & kClsWord) != 0; });
                 const size_t len = j - i;
