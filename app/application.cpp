@@ -27,6 +27,9 @@
 #include "plugin/plugin_manager.h"
 #include "script/macros.h"
 #include "search/commands.h"
+#include "syntax/commands.h"
+#include "syntax/doc_syntax.h"
+#include "syntax/table.h"
 
 namespace zol {
 namespace {
@@ -107,6 +110,9 @@ void startUp(Application& app, const StartupOptions& opts) {
     macros() = MacroTable{};
     loadKeyFile();
     initSearch(&settings().findHistory, &settings().replaceHistory);
+    loadDefinitions(syntaxTable(), homeDir() + "syntax.hgl");
+    initSyntax([] { return settings().includeDirs; });
+    addFileNameListener(&followFileName);
     app.anotherInstance = !acquireInstanceLock();
     setDocumentList(&app.list);
     initPlugIns();

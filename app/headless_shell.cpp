@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "app/application.h"
+#include "platform/paths.h"
+
 namespace zol {
 
 void HeadlessShell::message(std::string_view text) {
@@ -28,5 +31,16 @@ Answer HeadlessShell::ask(std::string_view text, bool withCancel) {
 void HeadlessShell::statusMessage(std::string_view) {}
 
 bool HeadlessShell::askMacroName(std::string&) { return true; }
+bool HeadlessShell::openFile(const std::string& path) {
+    if (!app_) return false;
+    const std::string full = fullPath(path);
+    for (const auto& doc : app_->documents) {
+        if (doc->hasFile && doc->fileName == full) {
+            setActiveDocument(*app_, doc.get());
+            return true;
+        }
+    }
+    return openDocument(*app_, path) != nullptr;
+}
 
 }  // namespace zol

@@ -7,6 +7,8 @@
 
 namespace zol {
 
+struct Application;
+
 class HeadlessShell final : public Shell {
 public:
     explicit HeadlessShell(std::FILE* out = stderr) : out_(out) {}
@@ -19,10 +21,14 @@ public:
     // No windows: every dialog is cancelled.
     FindDialogResult findDialog(FindDialogData&, bool) override { return FindDialogResult::Cancel; }
     bool askNumber(std::string_view, int&) override { return false; }
+    bool openFile(const std::string& path) override;
+    // The application whose document list openFile adds to; none: opening fails.
+    void attach(Application* app) { app_ = app; }
 
 private:
     std::FILE* out_;
     ClipboardData clip_;
+    Application* app_ = nullptr;
 };
 
 }  // namespace zol

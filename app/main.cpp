@@ -15,6 +15,7 @@ int runHeadless(const zol::CommandLine& cl) {
     zol::HeadlessShell shell;
     zol::setShell(&shell);
     zol::Application app;
+    shell.attach(&app);
     zol::startUp(app, zol::StartupOptions{cl.home, cl.files, {}});
     int status = app.failedOpens ? 1 : 0;
     if (!cl.script.empty()) {

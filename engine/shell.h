@@ -73,6 +73,9 @@ public:
     virtual FindDialogResult findDialog(FindDialogData& /*data*/, bool /*replace*/) { return FindDialogResult::Cancel; }
     // Asks for a number (the go-to dialogs); false when cancelled.
     virtual bool askNumber(std::string_view /*prompt*/, int& /*value*/) { return false; }
+    // Opens a file as a document (or activates it when it is open) and makes it the
+    // active one. False when it could not be opened; the reason is already shown.
+    virtual bool openFile(const std::string& /*path*/) { return false; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

@@ -2,7 +2,6 @@
 
 #include "engine/editor_events.h"
 #include "engine/options.h"
-#include "engine/wordwrap.h"
 #include "files/textfile.h"
 #include "platform/paths.h"
 
@@ -41,8 +40,7 @@ bool saveDocumentAs(Document& doc, const std::string& path, int format) {
         return false;
     }
     if (doc.fileName == oldName) return true;
-    applyWrapRule(doc);
-    sendDocumentEvent(kEventFileNamed, doc, reinterpret_cast<intptr_t>(doc.fileName.c_str()));
+    fileNameChanged(doc, false);
     return true;
 }
 
@@ -50,8 +48,7 @@ void renameDocument(Document& doc, const std::string& path) {
     if (path.empty()) return;
     doc.fileName = fullPath(path);
     doc.hasFile = true;
-    applyWrapRule(doc);
-    sendDocumentEvent(kEventFileNamed, doc, reinterpret_cast<intptr_t>(doc.fileName.c_str()));
+    fileNameChanged(doc, false);
 }
 
 }  // namespace zol

@@ -41,6 +41,14 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
 bool writeFile(Document& doc, const std::string& path, int format, int backupStyle, bool blockOnly,
                bool keepModified);
 
+// A document took a new file name: after reading a file into it (textReplaced true),
+// and after saving under a new name or renaming (files/save.h; textReplaced false).
+// Applies the word-wrap rules of the name, tells the listeners (the colouring follows
+// the name), then sends the file-named editor event.
+using FileNameListener = void (*)(Document& doc, bool textReplaced);
+void addFileNameListener(FileNameListener fn);
+void fileNameChanged(Document& doc, bool textReplaced);
+
 // Style 1 ("NAME.EXT.BAK") appends ".bak"; style 0 ("NAME.BAK") replaces the extension,
 // the text from the last "." of the file part, or appends when there is none. A dot
 // that starts the file part (".profile") does not begin an extension.

@@ -202,11 +202,11 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     forgetEditState(doc);
     if (detectFormat && rep.lineEndFormat >= 0) doc.textFormat = rep.lineEndFormat;
     doc.fileName = fullPath(path);
-    applyWrapRule(doc);
     doc.hasFile = true;
     doc.fileTime = fileTime32(path);
     if (rep.binary || isReadOnlyFile(path)) doc.readOnly = true;
     setModified(doc, false);
+    fileNameChanged(doc, true);
     if (doc.view) {
         doc.view->refreshCaption();
         doc.view->refreshStatus();
@@ -215,7 +215,6 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
 
     if (rep.binary) shell().message(filemsg::kBinaryFile);
     if (rep.split) shell().message(filemsg::kLongLinesSplit);
-    sendDocumentEvent(kEventFileNamed, doc, reinterpret_cast<intptr_t>(doc.fileName.c_str()));
     return true;
 }
 

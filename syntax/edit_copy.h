@@ -1,0 +1,47 @@
+// The editing copy of "syntax.hgl" that the definition dialog works on, and writing it
+// back. Each field keeps what its dialog control holds (the sizes below, one less
+// character than the buffer).
+#pragma once
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "syntax/definition.h"
+#include "syntax/table.h"
+
+namespace zol {
+
+constexpr size_t kEditNameSize = 64;
+constexpr size_t kEditMultiCommentSize = 8;
+constexpr size_t kEditLineCommentSize = 5;
+constexpr size_t kEditSetSize = 24;  // "OpenCloseDelim", "Delimiters", "Operators", "Words", "Numbers", "HTML"
+
+struct SyntaxEditLanguage {
+    std::string name;                   // section name, < kEditNameSize characters
+    std::string pattern;                // "FilePattern", or the converted "Extensions"
+    bool caseSensitive = false, unixTexKeywords = false, fortranComment = false, lineNumbers = false, cobol = false;
+    int16_t cobolCommentPos = 0, maxLineLen = 0;
+    char cobolCommentChar = 0, firstComment = 0, stringDelim = 0, charDelim = 0, quoteChar = 0, preprocess = 0;
+    std::string multiComment;           // as typed, e.g. "/* */"
+    std::string lineComment1, lineComment2;  // blanks as blanks
+    std::string openCloseDelim, delimiters, operators, words, numbers, html;
+    std::array<std::string, kMaxKeywordLen + 1> keywords;  // [n]: length a multiple of n
+    std::array<int, kColourSlots + 1> colour{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 8};
+};
+
+// Up to kSyntaxSlots languages of the file, in order.
+std::vector<SyntaxEditLanguage> readEditCopy(const std::string& path);
+// Deletes every section of the file, writes the languages in order, then reloads the
+// table from the file. False (the table untouched) when the file could not be written.
+bool saveDefinitions(SyntaxHighlightTable& table, const std::string& path, const std::vector<SyntaxEditLanguage>& langs);
+
+// Adds a keyword to its length group; tells the user and refuses when the group is full
+// (or the word is empty or longer than kMaxKeywordLen).
+bool addKeyword(SyntaxEditLanguage& lang, std::string_view word);
+// Adds an empty language; tells the user and refuses when the name is taken (without
+// regard to case) or every slot is used.
+bool addLanguage(std::vector<SyntaxEditLanguage>& langs, std::string_view name);
+
+}  // namespace zol

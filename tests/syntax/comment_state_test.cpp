@@ -1,0 +1,126 @@
+// The carried comment bit: the light routine against the scanner, and the bits kept in
+// a document's line records while it is edited.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "engine/undo.h"
+#include "syntax/commands.h"
+#include "syntax/doc_syntax.h"
+#include "tests/syntax/syntax_fixture.h"
+
+namespace zol::test {
+namespace {
+
+const char* const kC =
+    "[C]\nFilePattern=*.c\nCaseSensitive=yes\nMultiComment=/* */\nLineComment1=//\nStringDelim=\"\nCharDelim='\n"
+    "QuoteChar=\\\nPreprocess=#\nWords=a-z\nOperators=*/\n"
+    "[Pascal]\nFilePattern=*.pas\nMultiComment={ }\nLineComment1=REM\nStringDelim='\n"
+    "[Plain]\nFilePattern=*.txt\n";
+
+// Random lines over the characters that matter, long enough to cross the eight-byte
+// steps of the search, must give the bit the scanner gives.
+TEST(CommentState, AgreesWithTheScanner) {
+    SyntaxHighlightTable t;
+    loadDefinitions(t, writeScratch("cs.hgl", kC));
+    std::mt19937 rng(7);
+    const std::string alphabet = "ab /*\"'\\{}REMrem\t";
+    std::vector<uint8_t> out(64);
+    for (int slot = 1; slot <= 2; ++slot) {
+        const SyntaxHighlight& d = *definitionAt(t, slot);
+        for (int n = 0; n < 20000; ++n) {
+            std::string line(rng() % 40, ' ');
+            for (char& c : line) c = alphabet[rng() % alphabet.size()];
+            const int in = static_cast<int>(rng() % 2);
+            const int expect = scanLine(d, line, out.data(), in);
+            ASSERT_EQ(commentState(d, line, in), expect) << d.name << " [" << line << "] in " << in;
+        }
+    }
+}
+
+TEST(CommentState, RulesOfTheLightRoutine) {
+    SyntaxHighlightTable t;
+    loadDefinitions(t, writeScratch("cs.hgl", kC));
+    const SyntaxHighlight& c = *definitionAt(t, 1);
+    EXPECT_EQ(commentState(c, "x = \"/*\"; /* y", 0), 1);
+    EXPECT_EQ(commentState(c, "'\\'' /* y", 0), 1);
+    EXPECT_EQ(commentState(c, "// /* y", 0), 0);
+    EXPECT_EQ(commentState(c, "a */ b /* c */", 1), 0);
+    EXPECT_EQ(commentState(c, std::string(100, 'x') + "/*", 0), 1);
+    EXPECT_EQ(commentState(*definitionAt(t, 3), "/*", 1), 0);  // no comments defined
+    const SyntaxHighlight first = defOf("MultiComment=/* */\nFirstComment=;\n");
+    EXPECT_EQ(commentState(first, "  ; /* x", 0), 0);
+    EXPECT_EQ(commentState(first, "  ; /* x", 1), 1);
+}
+
+class DocumentBits : public ::testing::Test {
+protected:
+    void SetUp() override {
+        initSyntax(nullptr);
+        loadDefinitions(syntaxTable(), writeScratch("cs.hgl", kC));
+    }
+    void TearDown() override { loadDefinitions(syntaxTable(), ""); }
+
+    // Bits as a string, one digit per line.
+    static std::string bits(const Document& doc) {
+        std::string s;
+        for (int b : docBits(doc)) s += static_cast<char>('0' + b);
+        return s;
+    }
+    Document doc;
+};
+
+TEST_F(DocumentBits, EditsKeepEveryBitCurrent) {
+    doc.fileName = "/x/a.c";
+    followFileName(doc, true);
+    ASSERT_EQ(doc.syntaxSlot, 1);
+    fill(doc, "a\nb\nc\nd\ne");
+    EXPECT_EQ(bits(doc), "00000");
+    setCursor(doc, makePos(1, 1));
+    insertText(doc, "/*");
+    EXPECT_EQ(bits(doc), "01111");
+    setCursor(doc, makePos(1, 3));
+    insertText(doc, "*/");
+    EXPECT_EQ(bits(doc), "01100");
+    deleteRange(doc, makePos(0, 1), makePos(0, 3));  // the opener's line and the next go
+    EXPECT_EQ(bits(doc), "000");
+    setCursor(doc, makePos(1, 0));
+    insertText(doc, "/*\n\n");
+    EXPECT_EQ(bits(doc), "11100");
+    undo(doc);
+    EXPECT_EQ(bits(doc), "000");
+}
+
+TEST_F(DocumentBits, PropagationStopsAtTheFirstUnchangedLine) {
+    doc.fileName = "a.c";
+    followFileName(doc, true);
+    std::string text;
+    for (int i = 0; i < 1000; ++i) text += "line\n";
+    fill(doc, text);
+    // Typing inside a line recomputes that line and finds the next one unchanged.
+    EXPECT_EQ(updateCommentStates(doc, 500, 1), 2);
+    LineRef r = doc.lines.find(10);
+    doc.lines.setText(r, "/*");
+    EXPECT_EQ(updateCommentStates(doc, 10, 1), 991);
+    doc.lines.setText(doc.lines.find(20), "*/");
+    EXPECT_EQ(updateCommentStates(doc, 20, 1), 981);
+    EXPECT_EQ(bits(doc).substr(9, 13), "0111111111100");
+}
+
+TEST_F(DocumentBits, TheDefinitionFollowsTheFileName) {
+    fill(doc, "{ a\nb } c");
+    doc.fileName = "/x/P.PAS";
+    followFileName(doc, false);
+    EXPECT_EQ(doc.syntaxSlot, 2);
+    EXPECT_EQ(bits(doc), "10");
+    doc.fileName = "/x/notes.txt";
+    followFileName(doc, false);
+    EXPECT_EQ(doc.syntaxSlot, 3);
+    EXPECT_EQ(bits(doc), "00");
+    doc.fileName = "/x/unknown";
+    followFileName(doc, false);
+    EXPECT_EQ(doc.syntaxSlot, 0);
+}
+
+}  // namespace
+}  // namespace zol::test

@@ -1,0 +1,70 @@
+// Definitions from literal ini text, colour strings and documents for the syntax tests.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/document.h"
+#include "engine/edit.h"
+#include "engine/shell.h"
+#include "platform/profile.h"
+#include "platform/tempfile.h"
+#include "syntax/scanner.h"
+#include "syntax/table.h"
+
+namespace zol::test {
+
+inline const std::string& scratchDir() {
+    static const std::string dir = createTempDir("zolsyntax");
+    return dir;
+}
+
+// Writes text to a scratch file of that name and returns its path.
+inline std::string writeScratch(std::string_view name, std::string_view text) {
+    const std::string path = scratchDir() + std::string(name);
+    std::ofstream(path, std::ios::binary | std::ios::trunc).write(text.data(), static_cast<std::streamsize>(text.size()));
+    flushProfileCache();
+    return path;
+}
+
+// One definition from the body of a section.
+inline SyntaxHighlight defOf(std::string_view body) {
+    const std::string path = writeScratch("one.hgl", "[Lang]\n" + std::string(body));
+    return loadDefinition("Lang", path);
+}
+
+// Colour indices as one character each: 0-9, then a-g for 10-16.
+inline char colourChar(uint8_t c) { return c < 10 ? static_cast<char>('0' + c) : static_cast<char>('a' + c - 10); }
+
+inline std::string colours(const SyntaxHighlight& d, std::string_view text, int inComment = 0, int* result = nullptr) {
+    std::vector<uint8_t> out(text.size(), 0xEE);
+    const int r = scanLine(d, text, out.data(), inComment);
+    if (result) *result = r;
+    std::string s;
+    for (uint8_t c : out) s += colourChar(c);
+    return s;
+}
+
+inline std::vector<std::string> docLines(const Document& doc) {
+    std::vector<std::string> out;
+    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.emplace_back(doc.lines.text(r));
+    return out;
+}
+
+inline std::vector<int> docBits(const Document& doc) {
+    std::vector<int> out;
+    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.push_back(doc.lines.header(r).comment);
+    return out;
+}
+
+// A document holding only text, filled through the edit primitives.
+inline void fill(Document& doc, std::string_view text) {
+    doc.readOnly = false;
+    resetText(doc);
+    insertText(doc, text);
+}
+
+}  // namespace zol::test

@@ -1,0 +1,63 @@
+// The application loads the shipped definitions at start-up, and every document takes
+// the definition of its file name when it is read and when it is saved under a new name.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "app/application.h"
+#include "app/headless_shell.h"
+#include "engine/executor.h"
+#include "files/save.h"
+#include "files/textfile.h"
+#include "platform/paths.h"
+#include "tests/syntax/syntax_fixture.h"
+
+namespace zol::test {
+namespace {
+
+TEST(SyntaxWiring, DocumentsFollowTheirFileNames) {
+    const std::string home = createTempDir("zolsynhome");
+    std::FILE* sink = std::tmpfile();
+    HeadlessShell headless(sink);
+    setShell(&headless);
+    Application app;
+    headless.attach(&app);
+    startUp(app, StartupOptions{home, {}});
+    ASSERT_NE(definitionAt(syntaxTable(), 1), nullptr);
+    EXPECT_EQ(definitionAt(syntaxTable(), 1)->name, "C/C++");
+
+    const std::string dir = scratchDir() + "wiring/";
+    std::filesystem::create_directories(dir);
+    writeScratch("wiring/a.c", "int a; /* open\nstill */ int b;\n#include \"b.h\"");
+    writeScratch("wiring/b.h", "");
+    Document* doc = openDocument(app, dir + "a.c");
+    ASSERT_NE(doc, nullptr);
+    EXPECT_EQ(doc->syntaxSlot, 1);
+    EXPECT_EQ(docBits(*doc), (std::vector<int>{1, 0, 0}));
+
+    // Saving under a name no definition knows drops the colouring and its bits.
+    ASSERT_TRUE(saveDocumentAs(*doc, dir + "a.txt", 1));
+    EXPECT_EQ(doc->syntaxSlot, 0);
+    EXPECT_EQ(docBits(*doc), (std::vector<int>{0, 0, 0}));
+    renameDocument(*doc, dir + "a.py");
+    EXPECT_EQ(definitionAt(syntaxTable(), doc->syntaxSlot)->name, "Python");
+
+    // The file named at the cursor opens as a new, active document.
+    setCursor(*doc, makePos(12, 2));
+    execute(*doc, commandId("OpenFileAtCursor", false));
+    ASSERT_EQ(app.documents.size(), 2u);
+    EXPECT_EQ(app.active->fileName, dir + "b.h");
+    EXPECT_EQ(app.active->syntaxSlot, 1);
+    execute(*doc, commandId("OpenFileAtCursor", false));
+    EXPECT_EQ(app.documents.size(), 2u);  // already open: made active again
+
+    shutDown(app);
+    setShell(nullptr);
+    std::fclose(sink);
+    loadDefinitions(syntaxTable(), "");
+    std::error_code ec;
+    std::filesystem::remove_all(home, ec);
+}
+
+}  // namespace
+}  // namespace zol::test
