@@ -1,0 +1,229 @@
+// Statements and calls at run time.
+#include <cstring>
+
+#include "script/interp.h"
+
+namespace zol {
+namespace {
+
+inline bool truth(Engine& en, Expr* e) {
+    const Val v = en.eval(e);
+    return isFloating(e->type) ? v.d != 0 : v.i != 0;
+}
+
+uint32_t round4(uint32_t n) { return (n + 3) & ~3u; }
+
+}  // namespace
+
+Val Engine::call(Function* f, Expr* e) {
+    tick();
+    if (!f->compiled) compileFunction(f);
+    const size_t n = e->args.size();
+    Val small[8];
+    std::vector<Val> big;
+    Val* av = small;
+    if (n > 8) {
+        big.resize(n);
+        av = big.data();
+    }
+    const int cellsBefore = cells;
+    for (size_t i = 0; i < n; ++i) {
+        av[i] = eval(e->args[i]);
+        if (++cells > kStackCells) fail(kErrStackOverflow);
+    }
+    cells = cellsBefore;
+    const size_t np = f->type->params.size();
+    uint32_t extra = 0;
+    for (size_t i = np; i < n; ++i) extra += round4(e->argTypes[i]->size);
+    const uint32_t size = f->frameSize + extra;
+    const uint32_t retTemp = e->temp ? fpv + e->temp : 0;
+
+    struct Restore {
+        Engine& en;
+        Function* f;
+        uint32_t size;
+        uint8_t* fp;
+        uint32_t fpv, retAddr;
+        Function* fn;
+        int cells, vars, file, line;
+        bool pushed = false;
+        ~Restore() {
+            if (pushed) en.popFrame(f, size);
+            en.fp = fp;
+            en.fpv = fpv;
+            en.curFn = fn;
+            en.retAddr = retAddr;
+            en.cells = cells;
+            en.liveVars = vars;
+            en.curFile = file;
+            en.curLine = line;
+        }
+    } restore{*this, f, size, fp, fpv, retAddr, curFn, cells, liveVars, curFile, curLine};
+
+    if (++cells > kStackCells) fail(kErrStackOverflow);
+    liveVars += f->nVars;
+    if (liveVars > kMaxVariables) fail(kErrTooManyVariables);
+    pushFrame(f, size);
+    restore.pushed = true;
+    for (size_t i = 0; i < np && i < n; ++i) {
+        const Type* t = f->type->params[i];
+        uint8_t* dst = fp + f->paramOffs[i];
+        if (t->kind == kTStruct) std::memmove(dst, host(static_cast<uint32_t>(av[i].i), t->size), t->size);
+        else store(dst, t, av[i]);
+    }
+    uint32_t off = f->frameSize;
+    for (size_t i = np; i < n; ++i) {
+        store(fp + off, e->argTypes[i], av[i]);
+        off += round4(e->argTypes[i]->size);
+    }
+    curFn = f;
+    retAddr = retTemp;
+    retVal.i = 0;
+    const Flow fl = execBlock(f->body, 0);
+    if (fl == Flow::Goto) fail(kErrUnknownLabel);
+    Val result{};
+    if (fl == Flow::Return) {
+        result = retVal;
+    } else if (f->type->base->kind != kTVoid && f->name != "main") {
+        fail(kErrMustReturn);
+    }
+    if (f->type->base->kind == kTStruct) result.i = retTemp;
+    return result;
+}
+
+Flow Engine::execBlock(Stmt* s, size_t from) {
+    size_t i = from;
+    const size_t n = s->list.size();
+    while (i < n) {
+        const Flow f = exec(s->list[i]);
+        if (f == Flow::Normal) {
+            ++i;
+            continue;
+        }
+        if (f == Flow::Goto) {
+            auto it = s->labels.find(gotoLabel);
+            if (it != s->labels.end()) {
+                i = it->second;
+                continue;
+            }
+        }
+        return f;
+    }
+    return Flow::Normal;
+}
+
+Flow Engine::execSetjmp(Stmt* s) {
+    const int64_t id = ++jmpCounter;
+    const size_t depth = jmpStack.size();
+    jmpStack.push_back(id);
+    struct Pop {
+        std::vector<int64_t>& v;
+        size_t d;
+        ~Pop() { v.resize(d); }
+    } pop{jmpStack, depth};
+    const int savedCells = cells, savedVars = liveVars;
+    setjmpValue = 0;
+    for (;;) {
+        try {
+            return execPlain(s);
+        } catch (const LongJump& j) {
+            if (j.id != id) throw;
+            cells = savedCells;
+            liveVars = savedVars;
+            setjmpValue = j.value;
+        }
+    }
+}
+
+Flow Engine::exec(Stmt* s) {
+    curFile = s->file;
+    curLine = s->line;
+    if (s->hasSetjmp) return execSetjmp(s);
+    return execPlain(s);
+}
+
+Flow Engine::execPlain(Stmt* s) {
+    switch (s->op) {
+        case SOp::Expr:
+            if (s->e) eval(s->e);
+            return Flow::Normal;
+        case SOp::Block:
+            return execBlock(s, 0);
+        case SOp::If:
+            if (truth(*this, s->e)) return exec(s->body);
+            return s->els ? exec(s->els) : Flow::Normal;
+        case SOp::While:
+            for (;;) {
+                tick();
+                if (!truth(*this, s->e)) return Flow::Normal;
+                const Flow f = exec(s->body);
+                if (f == Flow::Break) return Flow::Normal;
+                if (f == Flow::Return || f == Flow::Goto) return f;
+            }
+        case SOp::Do:
+            for (;;) {
+                tick();
+                const Flow f = exec(s->body);
+                if (f == Flow::Break) return Flow::Normal;
+                if (f == Flow::Return || f == Flow::Goto) return f;
+                curFile = s->file;
+                curLine = s->line;
+                if (!truth(*this, s->e)) return Flow::Normal;
+            }
+        case SOp::For:
+            if (s->els) {
+                const Flow f = exec(s->els);
+                if (f != Flow::Normal) return f;
+            } else if (s->e) {
+                eval(s->e);
+            }
+            for (;;) {
+                tick();
+                if (s->e2 && !truth(*this, s->e2)) return Flow::Normal;
+                const Flow f = exec(s->body);
+                if (f == Flow::Break) return Flow::Normal;
+                if (f == Flow::Return || f == Flow::Goto) return f;
+                if (s->e3) eval(s->e3);
+            }
+        case SOp::Switch: {
+            const int64_t v = eval(s->e).i;
+            int64_t at = s->defaultIndex;
+            for (const auto& c : s->cases)
+                if (c.first == v) {
+                    at = static_cast<int64_t>(c.second);
+                    break;
+                }
+            if (at < 0) return Flow::Normal;
+            const Flow f = execBlock(s->body, static_cast<size_t>(at));
+            return f == Flow::Break ? Flow::Normal : f;
+        }
+        case SOp::Case:
+        case SOp::Label:
+            return Flow::Normal;
+        case SOp::Goto:
+            gotoLabel = static_cast<int>(s->id);
+            return Flow::Goto;
+        case SOp::Break:
+            return Flow::Break;
+        case SOp::Continue:
+            return Flow::Continue;
+        case SOp::Return:
+            if (s->e) {
+                const Val v = eval(s->e);
+                if (s->e->type->kind == kTStruct) {
+                    const uint32_t n = s->e->type->size;
+                    std::memmove(host(retAddr, n), host(static_cast<uint32_t>(v.i), n), n);
+                }
+                retVal = v;
+            } else {
+                retVal.i = 0;
+            }
+            return Flow::Return;
+        case SOp::Zero:
+            std::memset(fp + s->id, 0, s->size);
+            return Flow::Normal;
+    }
+    return Flow::Normal;
+}
+
+}  // namespace zol

@@ -1,0 +1,279 @@
+// Statements: parsed into a small tree per function body.
+#include <cstdint>
+
+#include "script/interp.h"
+#include "script/tokens.h"
+
+namespace zol {
+namespace {
+
+struct SwitchCtx {
+    Stmt* sw;
+    Stmt* body = nullptr;
+    bool awaitingBody = true;
+};
+thread_local std::vector<SwitchCtx>* tSwitches = nullptr;
+
+}  // namespace
+
+Stmt* Engine::newStmt(SOp op) {
+    Stmt& s = stmtStore.emplace_back();
+    s.op = op;
+    const Token& k = ts.toks[pos < ts.toks.size() ? pos : ts.toks.size() - 1];
+    s.file = k.file;
+    s.line = k.line;
+    return &s;
+}
+
+Stmt* Engine::block(bool newScope) {
+    std::vector<SwitchCtx> local;
+    if (!tSwitches) tSwitches = &local;
+    if (!accept('{')) failAt(kErrMissingLBrace);
+    if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
+    if (newScope) scopes.emplace_back();
+    Stmt* b = newStmt(SOp::Block);
+    // Case labels belong to the switch whose body this block is.
+    const size_t ctxIndex = tSwitches->empty() ? SIZE_MAX : tSwitches->size() - 1;
+    bool isSwitchBody = false;
+    if (ctxIndex != SIZE_MAX && (*tSwitches)[ctxIndex].awaitingBody) {
+        (*tSwitches)[ctxIndex].body = b;
+        (*tSwitches)[ctxIndex].awaitingBody = false;
+        isSwitchBody = true;
+    }
+    while (!accept('}')) {
+        const uint8_t c = tok().code;
+        if (c == kTokEnd) failAt(kErrMissingRBrace);
+        if (c == kTokCase || c == kTokDefault) {
+            if (!isSwitchBody || tSwitches->size() - 1 != ctxIndex) failAt(kErrSyntax);
+            SwitchCtx* ctx = &(*tSwitches)[ctxIndex];
+            ++pos;
+            Stmt* m = newStmt(SOp::Case);
+            if (c == kTokCase) {
+                const int64_t v = constExpr();
+                for (const auto& cs : ctx->sw->cases)
+                    if (cs.first == v) failAt(kErrSyntax);
+                ctx->sw->cases.emplace_back(v, b->list.size());
+            } else {
+                if (ctx->sw->defaultIndex >= 0) failAt(kErrSyntax);
+                ctx->sw->defaultIndex = static_cast<int64_t>(b->list.size());
+            }
+            if (!accept(':')) failAt(kErrCaseColon);
+            b->list.push_back(m);
+            continue;
+        }
+        if (c == kTokIdent && peek().code == ':') {
+            const int sym = static_cast<int>(tok().i);
+            pos += 2;
+            for (int d : labelsDefined)
+                if (d == sym) failAt(kErrAlreadyDeclared);
+            labelsDefined.push_back(sym);
+            Stmt* m = newStmt(SOp::Label);
+            m->id = sym;
+            b->labels[sym] = b->list.size();
+            b->list.push_back(m);
+            continue;
+        }
+        if (c != kTokIdent || peek().code == kTokIdent || peek().code == '*' || isTypeStart()) {
+            if (isTypeStart()) {
+                int storage = 0;
+                const Type* base = declSpecs(&storage);
+                declareLocal(base, storage, b->list);
+                continue;
+            }
+        }
+        b->list.push_back(statement());
+    }
+    if (newScope) scopes.pop_back();
+    --nesting;
+    if (tSwitches == &local) tSwitches = nullptr;
+    return b;
+}
+
+Stmt* Engine::statement() {
+    if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
+    Stmt* result = nullptr;
+    const uint8_t c = tok().code;
+    switch (c) {
+        case '{':
+            result = block(true);
+            break;
+        case ';':
+            ++pos;
+            result = newStmt(SOp::Expr);
+            break;
+        case kTokIf: {
+            result = newStmt(SOp::If);
+            ++pos;
+            if (!accept('(')) failAt(kErrIfLParen);
+            Stmt* save = currentStmt;
+            currentStmt = result;
+            result->e = rvalue(expr());
+            currentStmt = save;
+            if (!isScalar(result->e->type)) failAt(kErrNotNumeric);
+            if (!accept(')')) failAt(kErrIfRParen);
+            result->body = statement();
+            if (accept(kTokElse)) result->els = statement();
+            break;
+        }
+        case kTokWhile: {
+            result = newStmt(SOp::While);
+            ++pos;
+            if (!accept('(')) failAt(kErrWhileLParen);
+            Stmt* save = currentStmt;
+            currentStmt = result;
+            result->e = rvalue(expr());
+            currentStmt = save;
+            if (!isScalar(result->e->type)) failAt(kErrNotNumeric);
+            if (!accept(')')) failAt(kErrWhileRParen);
+            ++loopDepth;
+            result->body = statement();
+            --loopDepth;
+            break;
+        }
+        case kTokDo: {
+            result = newStmt(SOp::Do);
+            ++pos;
+            ++loopDepth;
+            result->body = statement();
+            --loopDepth;
+            if (!accept(kTokWhile)) failAt(kErrMissingWhile);
+            if (!accept('(')) failAt(kErrDoLParen);
+            result->e = rvalue(expr());
+            if (!isScalar(result->e->type)) failAt(kErrNotNumeric);
+            if (!accept(')')) failAt(kErrDoRParen);
+            if (!accept(';')) failAt(kErrMissingSemicolon);
+            break;
+        }
+        case kTokFor: {
+            result = newStmt(SOp::For);
+            ++pos;
+            if (!accept('(')) failAt(kErrForLParen);
+            scopes.emplace_back();
+            Stmt* init = nullptr;
+            if (isTypeStart()) {
+                int storage = 0;
+                const Type* base = declSpecs(&storage);
+                init = newStmt(SOp::Block);
+                declareLocal(base, storage, init->list);
+            } else {
+                if (tok().code != ';') result->e = expr();
+                if (!accept(';')) failAt(kErrMissingSemicolon);
+            }
+            result->els = init;
+            if (tok().code != ';') {
+                result->e2 = rvalue(expr());
+                if (!isScalar(result->e2->type)) failAt(kErrNotNumeric);
+            }
+            if (!accept(';')) failAt(kErrMissingSemicolon);
+            if (tok().code != ')') result->e3 = expr();
+            if (!accept(')')) failAt(kErrForRParen);
+            ++loopDepth;
+            result->body = statement();
+            --loopDepth;
+            scopes.pop_back();
+            break;
+        }
+        case kTokSwitch: {
+            result = newStmt(SOp::Switch);
+            ++pos;
+            if (!accept('(')) failAt(kErrSwitchLParen);
+            Expr* e = rvalue(expr());
+            if (!isInteger(e->type)) failAt(kErrIntegerRequired);
+            result->e = convert(e, e->type->size > 4 ? e->type : promote(e->type));
+            if (!accept(')')) failAt(kErrSwitchRParen);
+            std::vector<SwitchCtx> local;
+            const bool own = !tSwitches;
+            if (own) tSwitches = &local;
+            tSwitches->push_back(SwitchCtx{result});
+            ++switchDepth;
+            if (tok().code == '{') {
+                result->body = block(true);
+            } else {
+                tSwitches->back().awaitingBody = false;
+                Stmt* b = newStmt(SOp::Block);
+                b->list.push_back(statement());
+                result->body = b;
+            }
+            --switchDepth;
+            tSwitches->pop_back();
+            if (own) tSwitches = nullptr;
+            break;
+        }
+        case kTokCase:
+        case kTokDefault:
+            failAt(kErrSyntax);
+        case kTokBreak:
+            ++pos;
+            if (loopDepth == 0 && switchDepth == 0) failAt(kErrBreak);
+            if (!accept(';')) failAt(kErrMissingSemicolon);
+            result = newStmt(SOp::Break);
+            break;
+        case kTokContinue:
+            ++pos;
+            if (loopDepth == 0) failAt(kErrContinue);
+            if (!accept(';')) failAt(kErrMissingSemicolon);
+            result = newStmt(SOp::Continue);
+            break;
+        case kTokGoto:
+            ++pos;
+            if (tok().code != kTokIdent) failAt(kErrMissingIdent);
+            result = newStmt(SOp::Goto);
+            result->id = tok().i;
+            gotoTargets.push_back(static_cast<int>(tok().i));
+            ++pos;
+            if (!accept(';')) failAt(kErrMissingSemicolon);
+            break;
+        case kTokReturn: {
+            result = newStmt(SOp::Return);
+            ++pos;
+            const Type* rt = compiling->type->base;
+            if (tok().code != ';') {
+                if (rt->kind == kTVoid) failAt(kErrRedeclared);  // the table's number for this case
+                Stmt* save = currentStmt;
+                currentStmt = result;
+                Expr* e = rvalue(expr());
+                currentStmt = save;
+                if (rt->kind == kTStruct) {
+                    if (e->type->kind != kTStruct || e->type->rec != rt->rec) failAt(kErrIncompatible);
+                    result->e = e;
+                } else {
+                    result->e = convert(e, rt);
+                }
+            }
+            if (!accept(';')) failAt(kErrMissingSemicolon);
+            break;
+        }
+        case ')':
+            failAt(kErrUnexpectedRParen);
+        case ']':
+            failAt(kErrUnexpectedRBracket);
+        case '}':
+            failAt(kErrSyntax);
+        default: {
+            if (c == kTokIdent && peek().code == ':') {
+                Stmt* b = newStmt(SOp::Block);
+                const int sym = static_cast<int>(tok().i);
+                pos += 2;
+                labelsDefined.push_back(sym);
+                Stmt* m = newStmt(SOp::Label);
+                m->id = sym;
+                b->labels[sym] = 0;
+                b->list.push_back(m);
+                b->list.push_back(statement());
+                result = b;
+                break;
+            }
+            if (isTypeStart()) failAt(kErrMisplacedDecl);
+            result = newStmt(SOp::Expr);
+            Stmt* save = currentStmt;
+            currentStmt = result;
+            result->e = expr();
+            currentStmt = save;
+            if (!accept(';')) failAt(kErrMissingSemicolon);
+        }
+    }
+    --nesting;
+    return result;
+}
+
+}  // namespace zol
