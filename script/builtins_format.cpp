@@ -315,8 +315,9 @@ int scanArgs(BArgs& a, ScanSource& src, const std::string& fmt, size_t first) {
             take([&](int c) {
                 if ((c == '+' || c == '-') && s.empty()) return true;
                 const size_t digitsAt = (s.size() && (s[0] == '+' || s[0] == '-')) ? 1 : 0;
-                if ((base == 0 || base == 16) && (c == 'x' || c == 'X') && s.size() == digitsAt + 1 && s[digitsAt] == '0') {
-                    if (base == 0) base = 16;
+                if ((base == 16 || (conv == 'i' && base == 8)) && (c == 'x' || c == 'X') && s.size() == digitsAt + 1 &&
+                    s[digitsAt] == '0') {
+                    base = 16;
                     return true;
                 }
                 if (base == 0 && s.size() == digitsAt) base = c == '0' ? 8 : 10;

@@ -118,7 +118,8 @@ enum class SOp : uint8_t { Expr, Block, If, While, Do, For, Switch, Case, Label,
 
 struct Stmt {
     SOp op;
-    bool hasSetjmp = false;
+    bool hasSetjmp = false;   // the statement calls setjmp: longjmp comes back to it
+    bool jmpChild = false;    // block: some statement of the list calls setjmp
     int file = 0, line = 0;
     Expr* e = nullptr;
     Expr* e2 = nullptr;
@@ -168,7 +169,8 @@ enum class Flow : uint8_t { Normal, Break, Continue, Return, Goto };
 
 // Thrown by longjmp to the statement that holds the matching setjmp.
 struct LongJump {
-    int64_t id;
+    int64_t act;   // the block activation that holds the setjmp statement
+    size_t index;  // that statement's index in the block
     int value;
 };
 // Thrown by exit().
@@ -222,7 +224,8 @@ struct Engine {
     Val retVal{};
     uint32_t retAddr = 0;
     int gotoLabel = 0;
-    std::vector<int64_t> jmpStack;   // setjmp registrations alive
+    std::vector<int64_t> jmpActs;    // block activations that setjmp may come back to
+    std::vector<std::pair<int64_t, size_t>> jmpTargets;  // statement running setjmp: (activation, index)
     int64_t jmpCounter = 0;
     int setjmpValue = 0;
     uint64_t steps = 0, stepBudget = 0;  // 0: no budget
@@ -334,7 +337,7 @@ struct Engine {
     Flow exec(Stmt* s);
     Flow execPlain(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);
-    Flow execSetjmp(Stmt* s);
+    Flow execJumpBlock(Stmt* s, size_t from);
     void tick() {
         if (stopFlag && *stopFlag) fail(kErrTerminated);
         if (stepBudget && ++steps > stepBudget) fail(kErrTerminated);

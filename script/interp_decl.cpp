@@ -672,7 +672,7 @@ void Engine::compileFunction(Function* f) {
             pos = f->bodyPos;
             failAt(kErrUnknownLabel);
         }
-    f->frameSize = alignUp(frameOffset, 8);
+    f->frameSize = alignUp(frameOffset + kObjectGap, 8);  // variable arguments follow after a gap
     f->compiled = true;
     scopes.pop_back();
     compiling = saveFn;

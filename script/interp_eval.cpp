@@ -8,6 +8,9 @@
 namespace zol {
 namespace {
 
+constexpr uint32_t kJmpMagic = 0x4a4d5042;
+constexpr uint32_t kJmpBufUsed = 16;  // of the script's jmp_buf
+
 inline int64_t norm(const Type* t, int64_t v) {
     switch (t->kind) {
         case kTChar: return static_cast<int8_t>(v);
@@ -150,10 +153,7 @@ Val Engine::eval(Expr* e) {
             return eval(e->a);
         case Op::Deref: {
             v = eval(e->a);
-            if (isAggregate(e->type)) {
-                host(static_cast<uint32_t>(v.i), 0);
-                return v;
-            }
+            if (isAggregate(e->type)) return v;  // checked where its bytes are used
             return load(host(static_cast<uint32_t>(v.i), e->type->size), e->type);
         }
         case Op::AddrOf:
@@ -280,27 +280,30 @@ Val Engine::eval(Expr* e) {
             return callBuiltin(e);
         case Op::Setjmp: {
             const uint32_t buf = static_cast<uint32_t>(eval(e->a).i);
-            uint8_t* p = host(buf, 12);
-            const int64_t id = jmpStack.empty() ? 0 : jmpStack.back();
-            const uint32_t magic = 0x4a4d5042;
+            uint8_t* p = host(buf, kJmpBufUsed);
+            const uint32_t magic = kJmpMagic;
+            const int64_t act = jmpTargets.empty() ? 0 : jmpTargets.back().first;
+            const uint32_t index = jmpTargets.empty() ? 0 : static_cast<uint32_t>(jmpTargets.back().second);
             std::memcpy(p, &magic, 4);
-            std::memcpy(p + 4, &id, 8);
+            std::memcpy(p + 4, &act, 8);
+            std::memcpy(p + 12, &index, 4);
             v.i = setjmpValue;
             setjmpValue = 0;
             return v;
         }
         case Op::Longjmp: {
             const uint32_t buf = static_cast<uint32_t>(eval(e->a).i);
-            const uint8_t* p = host(buf, 12);
-            uint32_t magic = 0;
-            int64_t id = 0;
+            const uint8_t* p = host(buf, kJmpBufUsed);
+            uint32_t magic = 0, index = 0;
+            int64_t act = 0;
             std::memcpy(&magic, p, 4);
-            std::memcpy(&id, p + 4, 8);
+            std::memcpy(&act, p + 4, 8);
+            std::memcpy(&index, p + 12, 4);
             bool alive = false;
-            for (int64_t j : jmpStack) alive |= j == id;
-            if (magic != 0x4a4d5042 || id == 0 || !alive) fail(kErrLongjmp);
+            for (int64_t j : jmpActs) alive |= j == act;
+            if (magic != kJmpMagic || act == 0 || !alive) fail(kErrLongjmp);
             const int val = static_cast<int>(eval(e->b).i);
-            throw LongJump{id, val ? val : 1};
+            throw LongJump{act, index, val ? val : 1};
         }
         case Op::VaStart:
             v.i = fpv + curFn->frameSize;

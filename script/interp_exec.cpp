@@ -92,6 +92,7 @@ Val Engine::call(Function* f, Expr* e) {
 }
 
 Flow Engine::execBlock(Stmt* s, size_t from) {
+    if (s->jmpChild) return execJumpBlock(s, from);
     size_t i = from;
     const size_t n = s->list.size();
     while (i < n) {
@@ -112,25 +113,55 @@ Flow Engine::execBlock(Stmt* s, size_t from) {
     return Flow::Normal;
 }
 
-Flow Engine::execSetjmp(Stmt* s) {
-    const int64_t id = ++jmpCounter;
-    const size_t depth = jmpStack.size();
-    jmpStack.push_back(id);
-    struct Pop {
-        std::vector<int64_t>& v;
-        size_t d;
-        ~Pop() { v.resize(d); }
-    } pop{jmpStack, depth};
+// A block with a setjmp statement: a longjmp to it resumes at that statement, which
+// runs again with setjmp answering the value passed.
+Flow Engine::execJumpBlock(Stmt* s, size_t from) {
+    const int64_t act = ++jmpCounter;
+    struct Scope {
+        Engine& en;
+        size_t acts, targets;
+        ~Scope() {
+            en.jmpActs.resize(acts);
+            en.jmpTargets.resize(targets);
+        }
+    } scope{*this, jmpActs.size(), jmpTargets.size()};
+    jmpActs.push_back(act);
     const int savedCells = cells, savedVars = liveVars;
-    setjmpValue = 0;
+    size_t i = from;
+    const size_t n = s->list.size();
     for (;;) {
         try {
-            return execPlain(s);
+            while (i < n) {
+                Stmt* c = s->list[i];
+                Flow f;
+                if (c->hasSetjmp) {
+                    jmpTargets.emplace_back(act, i);
+                    f = exec(c);
+                    jmpTargets.pop_back();
+                } else {
+                    f = exec(c);
+                }
+                if (f == Flow::Normal) {
+                    ++i;
+                    continue;
+                }
+                if (f == Flow::Goto) {
+                    auto it = s->labels.find(gotoLabel);
+                    if (it != s->labels.end()) {
+                        i = it->second;
+                        continue;
+                    }
+                }
+                return f;
+            }
+            return Flow::Normal;
         } catch (const LongJump& j) {
-            if (j.id != id) throw;
+            if (j.act != act) throw;
+            jmpTargets.resize(scope.targets);
             cells = savedCells;
             liveVars = savedVars;
             setjmpValue = j.value;
+            i = j.index;
         }
     }
 }
@@ -138,7 +169,6 @@ Flow Engine::execSetjmp(Stmt* s) {
 Flow Engine::exec(Stmt* s) {
     curFile = s->file;
     curLine = s->line;
-    if (s->hasSetjmp) return execSetjmp(s);
     return execPlain(s);
 }
 

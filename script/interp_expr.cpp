@@ -197,10 +197,10 @@ Expr* Engine::expr() {
 }
 
 Expr* Engine::assignExpr() {
-    if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
     Expr* l = condExpr();
     const uint8_t c = tok().code;
     Expr* result = l;
+    if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
     if (c == '=') {
         ++pos;
         result = makeAssign(l, assignExpr());
@@ -251,9 +251,11 @@ Expr* Engine::condExpr() {
     if (!accept('?')) return c;
     c = rvalue(c);
     if (!isScalar(c->type)) failAt(kErrNotNumeric);
+    if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
     Expr* a = rvalue(expr());
     if (!accept(':')) failAt(kErrCondColon);
     Expr* b = rvalue(condExpr());
+    --nesting;
     const Type* t;
     if (isArith(a->type) && isArith(b->type)) t = commonType(a->type, b->type);
     else if (isPtr(a->type) && isPtr(b->type)) t = a->type->base->kind == kTVoid ? b->type : a->type;
@@ -298,9 +300,7 @@ Expr* Engine::binaryExpr(int prec) {
         }
         if (p < prec) return l;
         ++pos;
-        if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
         Expr* r = binaryExpr(p + 1);
-        --nesting;
         l = arith(op, l, r);
     }
 }
@@ -528,16 +528,18 @@ Expr* Engine::primaryExpr() {
             const int sym = static_cast<int>(t.i);
             ++pos;
             const Binding* b = lookup(sym);
+            if (!b && ts.symbols.names[static_cast<size_t>(sym - 1)] == "__va_start") {
+                if (!compiling || !compiling->type->variadic) failAt(kErrExpression);
+                expect('(', kErrMissingLParen);
+                expect(')', kErrMissingRParen);
+                return newExpr(Op::VaStart, tCharPtr);
+            }
             if (!b) {
                 if (tok().code == '(') {
                     Expr* e = newExpr(Op::FuncAddr, nullptr);
                     e->builtin = sym;
                     ++pos;
                     return callExpr(e, sym);
-                }
-                if (ts.symbols.names[static_cast<size_t>(sym - 1)] == "__va_start") {
-                    if (!compiling || !compiling->type->variadic) failAt(kErrExpression);
-                    return newExpr(Op::VaStart, tCharPtr);
                 }
                 --pos;
                 failAt(kErrUnknownIdent);

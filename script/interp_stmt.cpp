@@ -77,11 +77,22 @@ Stmt* Engine::block(bool newScope) {
             if (isTypeStart()) {
                 int storage = 0;
                 const Type* base = declSpecs(&storage);
-                declareLocal(base, storage, b->list);
+                Stmt* decl = newStmt(SOp::Block);
+                Stmt* save = currentStmt;
+                currentStmt = decl;
+                declareLocal(base, storage, decl->list);
+                currentStmt = save;
+                if (decl->hasSetjmp) {
+                    b->jmpChild = true;
+                    b->list.push_back(decl);
+                } else {
+                    b->list.insert(b->list.end(), decl->list.begin(), decl->list.end());
+                }
                 continue;
             }
         }
         b->list.push_back(statement());
+        b->jmpChild |= b->list.back()->hasSetjmp;
     }
     if (newScope) scopes.pop_back();
     --nesting;
@@ -138,7 +149,10 @@ Stmt* Engine::statement() {
             --loopDepth;
             if (!accept(kTokWhile)) failAt(kErrMissingWhile);
             if (!accept('(')) failAt(kErrDoLParen);
+            Stmt* save = currentStmt;
+            currentStmt = result;
             result->e = rvalue(expr());
+            currentStmt = save;
             if (!isScalar(result->e->type)) failAt(kErrNotNumeric);
             if (!accept(')')) failAt(kErrDoRParen);
             if (!accept(';')) failAt(kErrMissingSemicolon);
@@ -148,6 +162,8 @@ Stmt* Engine::statement() {
             result = newStmt(SOp::For);
             ++pos;
             if (!accept('(')) failAt(kErrForLParen);
+            Stmt* save = currentStmt;
+            currentStmt = result;
             scopes.emplace_back();
             Stmt* init = nullptr;
             if (isTypeStart()) {
@@ -166,6 +182,7 @@ Stmt* Engine::statement() {
             }
             if (!accept(';')) failAt(kErrMissingSemicolon);
             if (tok().code != ')') result->e3 = expr();
+            currentStmt = save;
             if (!accept(')')) failAt(kErrForRParen);
             ++loopDepth;
             result->body = statement();
@@ -177,7 +194,10 @@ Stmt* Engine::statement() {
             result = newStmt(SOp::Switch);
             ++pos;
             if (!accept('(')) failAt(kErrSwitchLParen);
+            Stmt* save = currentStmt;
+            currentStmt = result;
             Expr* e = rvalue(expr());
+            currentStmt = save;
             if (!isInteger(e->type)) failAt(kErrIntegerRequired);
             result->e = convert(e, e->type->size > 4 ? e->type : promote(e->type));
             if (!accept(')')) failAt(kErrSwitchRParen);
