@@ -5,6 +5,7 @@
 #pragma once
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <deque>
 #include <memory>
 #include <string>
@@ -267,7 +268,12 @@ struct Engine {
 
     // memory (interp_memory.cpp)
     uint32_t allocGlobal(uint32_t size, uint32_t align);
-    uint8_t* host(uint32_t addr, uint32_t n);            // checked; raises on a bad access
+    // Checked host address of n script bytes at addr; raises on a bad access.
+    uint8_t* host(uint32_t addr, uint32_t n) {
+        if (addr >= cacheStart && static_cast<uint64_t>(addr) + n <= cacheEnd) return cacheHost + (addr - cacheStart);
+        return hostSlow(addr, n);
+    }
+    uint8_t* hostSlow(uint32_t addr, uint32_t n);
     uint8_t* hostOrNull(uint32_t addr, uint32_t n, int* err);
     // The readable bytes from addr to the end of its object; raises when there are none.
     uint8_t* span(uint32_t addr, uint32_t* avail);
@@ -278,8 +284,37 @@ struct Engine {
     HeapBlock* heapBlock(uint32_t addr);
     void pushFrame(Function* f, uint32_t size);
     void popFrame(Function* f, uint32_t size);
-    Val load(const uint8_t* p, const Type* t) const;
-    void store(uint8_t* p, const Type* t, Val v) const;
+    static Val load(const uint8_t* p, const Type* t) {
+        Val v;
+        switch (t->kind) {
+            case kTChar: v.i = static_cast<int8_t>(*p); break;
+            case kTUChar: v.i = *p; break;
+            case kTShort: { int16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
+            case kTUShort: { uint16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
+            case kTInt: case kTLong: { int32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
+            case kTUInt: case kTULong: case kTPtr: { uint32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
+            case kTLLong: case kTULLong: std::memcpy(&v.i, p, 8); break;
+            case kTFloat: { float x; std::memcpy(&x, p, 4); v.d = x; break; }
+            case kTDouble: std::memcpy(&v.d, p, 8); break;
+            default: v.i = 0; break;
+        }
+        return v;
+    }
+    static void store(uint8_t* p, const Type* t, Val v) {
+        switch (t->kind) {
+            case kTChar: case kTUChar: *p = static_cast<uint8_t>(v.i); break;
+            case kTShort: case kTUShort: { const uint16_t x = static_cast<uint16_t>(v.i); std::memcpy(p, &x, 2); break; }
+            case kTInt: case kTLong: case kTUInt: case kTULong: case kTPtr: {
+                const uint32_t x = static_cast<uint32_t>(v.i);
+                std::memcpy(p, &x, 4);
+                break;
+            }
+            case kTLLong: case kTULLong: std::memcpy(p, &v.i, 8); break;
+            case kTFloat: { const float x = static_cast<float>(v.d); std::memcpy(p, &x, 4); break; }
+            case kTDouble: std::memcpy(p, &v.d, 8); break;
+            default: break;
+        }
+    }
 
     // declarations (interp_decl.cpp)
     const Token& tok() const { return ts.toks[pos]; }
@@ -331,11 +366,31 @@ struct Engine {
 
     // execution (interp_eval.cpp, interp_exec.cpp)
     Val eval(Expr* e);
+    // eval with the two commonest leaves (constants and int locals) taken in line.
+    Val ev(Expr* e) {
+        if (e->op == Op::Const) return e->v;
+        if (e->op == Op::LVar) {
+            if (e->type->kind == kTInt) {
+                int32_t x;
+                std::memcpy(&x, fp + e->v.i, 4);
+                Val v;
+                v.i = x;
+                return v;
+            }
+            if (e->type->kind == kTPtr) {
+                uint32_t x;
+                std::memcpy(&x, fp + e->v.i, 4);
+                Val v;
+                v.i = x;
+                return v;
+            }
+        }
+        return eval(e);
+    }
     uint32_t addrOf(Expr* e);
     uint8_t* lvalHost(Expr* e, uint32_t n);
     Val call(Function* f, Expr* e);
     Flow exec(Stmt* s);
-    Flow execPlain(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);
     Flow execJumpBlock(Stmt* s, size_t from);
     void tick() {

@@ -106,7 +106,7 @@ uint32_t Engine::addrOf(Expr* e) {
     switch (e->op) {
         case Op::GVar: return static_cast<uint32_t>(e->v.i);
         case Op::LVar: return fpv + static_cast<uint32_t>(e->v.i);
-        case Op::Deref: return static_cast<uint32_t>(eval(e->a).i);
+        case Op::Deref: return static_cast<uint32_t>(ev(e->a).i);
         case Op::Member: return static_cast<uint32_t>(eval(e->a).i + e->v.i);
         case Op::Const: return static_cast<uint32_t>(e->v.i);
         default: fail(kErrNeedLvalue);
@@ -152,7 +152,7 @@ Val Engine::eval(Expr* e) {
         case Op::Retype:
             return eval(e->a);
         case Op::Deref: {
-            v = eval(e->a);
+            v = ev(e->a);
             if (isAggregate(e->type)) return v;  // checked where its bytes are used
             return load(host(static_cast<uint32_t>(v.i), e->type->size), e->type);
         }
@@ -187,15 +187,34 @@ Val Engine::eval(Expr* e) {
         case Op::Add: case Op::Sub: case Op::Mul: case Op::Div: case Op::Mod: case Op::Shl: case Op::Shr:
         case Op::And: case Op::Or: case Op::Xor: case Op::Lt: case Op::Gt: case Op::Le: case Op::Ge:
         case Op::Eq: case Op::Ne: {
-            const Val l = eval(e->a);
-            CellHold h(*this, cells);
-            const Val r = eval(e->b);
+            const Val l = ev(e->a);
+            Val r;
+            {
+                CellHold h(*this, cells);
+                r = ev(e->b);
+            }
+            if (e->opType->kind == kTInt) {
+                // The common case, without the general routine.
+                const uint32_t a = static_cast<uint32_t>(l.i), b = static_cast<uint32_t>(r.i);
+                switch (e->op) {
+                    case Op::Add: v.i = static_cast<int32_t>(a + b); return v;
+                    case Op::Sub: v.i = static_cast<int32_t>(a - b); return v;
+                    case Op::Mul: v.i = static_cast<int32_t>(a * b); return v;
+                    case Op::Lt: v.i = l.i < r.i; return v;
+                    case Op::Gt: v.i = l.i > r.i; return v;
+                    case Op::Le: v.i = l.i <= r.i; return v;
+                    case Op::Ge: v.i = l.i >= r.i; return v;
+                    case Op::Eq: v.i = l.i == r.i; return v;
+                    case Op::Ne: v.i = l.i != r.i; return v;
+                    default: break;
+                }
+            }
             return binop(*this, e->op, e->opType, l, r);
         }
         case Op::PtrAdd: {
-            const Val l = eval(e->a);
+            const Val l = ev(e->a);
             CellHold h(*this, cells);
-            const Val r = eval(e->b);
+            const Val r = ev(e->b);
             v.i = static_cast<uint32_t>(static_cast<uint64_t>(l.i) + static_cast<uint64_t>(r.i * e->v.i));
             return v;
         }
@@ -218,18 +237,21 @@ Val Engine::eval(Expr* e) {
             eval(e->a);
             return eval(e->b);
         case Op::Assign: {
-            v = eval(e->b);
+            v = ev(e->b);
             CellHold h(*this, cells);
             store(lvalHost(e->a, e->type->size), e->type, v);
             return v;
         }
         case Op::AssignOp: {
-            const Val r = eval(e->b);
+            const Val r = ev(e->b);
             CellHold h(*this, cells);
             uint8_t* p = lvalHost(e->a, e->type->size);
             const Val old = load(p, e->type);
             if (e->sub == Op::PtrAdd) {
                 v.i = static_cast<uint32_t>(static_cast<uint64_t>(old.i) + static_cast<uint64_t>(r.i * e->v.i));
+            } else if (e->type->kind == kTInt && e->opType->kind == kTInt && (e->sub == Op::Add || e->sub == Op::Sub)) {
+                const uint32_t a = static_cast<uint32_t>(old.i), b = static_cast<uint32_t>(r.i);
+                v.i = static_cast<int32_t>(e->sub == Op::Add ? a + b : a - b);
             } else {
                 v = castVal(*this, binop(*this, e->sub, e->opType, castVal(*this, old, e->type, e->opType), r), e->opType, e->type);
             }

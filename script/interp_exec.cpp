@@ -7,7 +7,7 @@ namespace zol {
 namespace {
 
 inline bool truth(Engine& en, Expr* e) {
-    const Val v = en.eval(e);
+    const Val v = en.ev(e);
     return isFloating(e->type) ? v.d != 0 : v.i != 0;
 }
 
@@ -169,13 +169,9 @@ Flow Engine::execJumpBlock(Stmt* s, size_t from) {
 Flow Engine::exec(Stmt* s) {
     curFile = s->file;
     curLine = s->line;
-    return execPlain(s);
-}
-
-Flow Engine::execPlain(Stmt* s) {
     switch (s->op) {
         case SOp::Expr:
-            if (s->e) eval(s->e);
+            if (s->e) ev(s->e);
             return Flow::Normal;
         case SOp::Block:
             return execBlock(s, 0);
@@ -213,7 +209,7 @@ Flow Engine::execPlain(Stmt* s) {
                 const Flow f = exec(s->body);
                 if (f == Flow::Break) return Flow::Normal;
                 if (f == Flow::Return || f == Flow::Goto) return f;
-                if (s->e3) eval(s->e3);
+                if (s->e3) ev(s->e3);
             }
         case SOp::Switch: {
             const int64_t v = eval(s->e).i;

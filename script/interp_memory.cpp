@@ -64,7 +64,6 @@ HeapBlock* Engine::heapBlock(uint32_t addr) {
 }
 
 uint8_t* Engine::hostOrNull(uint32_t addr, uint32_t n, int* err) {
-    if (addr >= cacheStart && static_cast<uint64_t>(addr) + n <= cacheEnd) return cacheHost + (addr - cacheStart);
     if (addr >= kHeapBase) {
         HeapBlock* b = heapBlock(addr);
         if (!b || b->freed || (addr == b->start + b->size && n > 0)) {
@@ -110,7 +109,7 @@ uint8_t* Engine::hostOrNull(uint32_t addr, uint32_t n, int* err) {
     return nullptr;
 }
 
-uint8_t* Engine::host(uint32_t addr, uint32_t n) {
+uint8_t* Engine::hostSlow(uint32_t addr, uint32_t n) {
     int err = 0;
     uint8_t* p = hostOrNull(addr, n, &err);
     if (!p) fail(err);
@@ -165,39 +164,6 @@ bool Engine::heapFree(uint32_t addr) {
     cacheStart = 1;
     cacheEnd = 0;
     return true;
-}
-
-Val Engine::load(const uint8_t* p, const Type* t) const {
-    Val v;
-    switch (t->kind) {
-        case kTChar: { int8_t x; std::memcpy(&x, p, 1); v.i = x; break; }
-        case kTUChar: v.i = *p; break;
-        case kTShort: { int16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
-        case kTUShort: { uint16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
-        case kTInt: case kTLong: { int32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
-        case kTUInt: case kTULong: case kTPtr: { uint32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
-        case kTLLong: case kTULLong: std::memcpy(&v.i, p, 8); break;
-        case kTFloat: { float x; std::memcpy(&x, p, 4); v.d = x; break; }
-        case kTDouble: std::memcpy(&v.d, p, 8); break;
-        default: v.i = 0; break;
-    }
-    return v;
-}
-
-void Engine::store(uint8_t* p, const Type* t, Val v) const {
-    switch (t->kind) {
-        case kTChar: case kTUChar: *p = static_cast<uint8_t>(v.i); break;
-        case kTShort: case kTUShort: { const uint16_t x = static_cast<uint16_t>(v.i); std::memcpy(p, &x, 2); break; }
-        case kTInt: case kTLong: case kTUInt: case kTULong: case kTPtr: {
-            const uint32_t x = static_cast<uint32_t>(v.i);
-            std::memcpy(p, &x, 4);
-            break;
-        }
-        case kTLLong: case kTULLong: std::memcpy(p, &v.i, 8); break;
-        case kTFloat: { const float x = static_cast<float>(v.d); std::memcpy(p, &x, 4); break; }
-        case kTDouble: std::memcpy(p, &v.d, 8); break;
-        default: break;
-    }
 }
 
 }  // namespace zol

@@ -17,6 +17,7 @@ dir=$(cd "$1" && pwd)
 here=$(cd "$(dirname "$0")" && pwd)
 zolder=${ZOLDER:-$here/../../build/zolder}
 [ -x "$zolder" ] || { echo "$0: no zolder binary at $zolder (set ZOLDER)" >&2; exit 2; }
+zolder=$(cd "$(dirname "$zolder")" && pwd)/$(basename "$zolder")
 work=$(mktemp -d) || exit 2
 trap 'rm -rf "$work"' EXIT INT TERM
 mkdir -p "$work/home"
