@@ -37,6 +37,7 @@ constexpr int kPpLineMax = 4096;             // kErrLineTooLong
 constexpr int kPpMaxMacros = 8192;           // kErrTooManyDefines
 constexpr int kPpMaxMacroParams = 64;        // kErrTooManyMacroParams
 constexpr int kPpMaxIfLevels = 30;           // kErrIfDepth
+constexpr int kPpMaxIfNesting = 200;         // kErrIfExpr: parentheses and unary operators of #if
 constexpr int kPpMaxIncludeDepth = 12;       // kErrIncludeDepth
 constexpr int kExpandedTextSize = 131072;    // kErrFileTooLarge
 constexpr int kTokenBufferSize = 65536;      // kErrFileTooLarge (bytes the token stream would take)
@@ -47,6 +48,7 @@ constexpr int kMaxFunctions = 384;           // kErrFunctionSpace
 constexpr int kMaxSymbols = 2048;            // kErrSymbolTable
 constexpr int kMaxDimensions = 8;            // kErrTooManyDims
 constexpr int kMaxNesting = 600;             // kErrStackOverflow: parser nesting of ( { and operators
+constexpr int kMaxExprDepth = 2000;          // kErrStackOverflow: operators applied one to the other
 
 // The message of error n (1..99); empty for any other number.
 const char* scriptErrorMessage(int n);

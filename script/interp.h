@@ -108,6 +108,7 @@ struct Expr {
     Expr* c = nullptr;
     Val v{};                       // constant, address, offset, scale or step
     int file = 0, line = 0;
+    uint32_t depth = 1;            // height of the tree below, bounded by kMaxExprDepth
     Function* fn = nullptr;
     int builtin = 0;
     uint32_t temp = 0;             // frame offset of a struct result
@@ -240,6 +241,8 @@ struct Engine {
     uint32_t envBufSize = 0;
     unsigned randState = 1;
     int lastErrno = 0;
+    bool sealed = false;             // the library refuses every operating-system service
+    uint64_t heapLimit = 0, heapBytes = 0;  // live malloc bytes; malloc answers NULL past the limit
     std::vector<std::string> fileNames;  // for __File
     std::vector<std::pair<std::vector<std::string>, size_t>> finds;  // findfirst searches: paths, next
     std::vector<std::string> args;       // the run's argument vector
@@ -344,6 +347,17 @@ struct Engine {
 
     // expressions (interp_expr.cpp)
     Expr* newExpr(Op op, const Type* t);
+    // Sets e's height from its operands; a tree too tall to evaluate is error 92.
+    Expr* sized(Expr* e) {
+        uint32_t d = 0;
+        for (const Expr* k : {e->a, e->b, e->c})
+            if (k && k->depth > d) d = k->depth;
+        for (const Expr* k : e->args)
+            if (k->depth > d) d = k->depth;
+        e->depth = d + 1;
+        if (e->depth > static_cast<uint32_t>(kMaxExprDepth)) failAt(kErrStackOverflow);
+        return e;
+    }
     Expr* expr();
     Expr* assignExpr();
     Expr* condExpr();

@@ -43,12 +43,12 @@ Expr* Engine::rvalue(Expr* e) {
     if (e->type->kind == kTArray) {
         Expr* r = newExpr(Op::Retype, ptrTo(e->type->base));
         r->a = e;
-        return r;
+        return sized(r);
     }
     if (e->type->kind == kTFunc) {
         Expr* r = newExpr(Op::Retype, ptrTo(e->type));
         r->a = e;
-        return r;
+        return sized(r);
     }
     return e;
 }
@@ -64,27 +64,27 @@ Expr* Engine::convert(Expr* e, const Type* t) {
     if (t->kind == kTVoid) {
         Expr* c = newExpr(Op::Cast, t);
         c->a = e;
-        return c;
+        return sized(c);
     }
     if (f->kind == kTVoid) failAt(kErrVoidPointer);
     if (!isScalar(f) || !isScalar(t)) failAt(kErrIncompatible);
     if (isPtr(f) && isPtr(t)) {
         Expr* r = newExpr(Op::Retype, t);
         r->a = e;
-        return r;
+        return sized(r);
     }
     if (isFloating(f) && isPtr(t)) failAt(kErrIllegalPointer);
     if (isPtr(f) && isFloating(t)) failAt(kErrIllegalPointer);
     if (f->kind == t->kind) {
         Expr* r = newExpr(Op::Retype, t);
         r->a = e;
-        return r;
+        return sized(r);
     }
     Expr* c = newExpr(Op::Cast, t);
     c->a = e;
     c->opType = f;
     if (e->op == Op::Const) return fold(*this, c);
-    return c;
+    return sized(c);
 }
 
 Expr* Engine::arith(Op op, Expr* l, Expr* r) {
@@ -113,7 +113,7 @@ Expr* Engine::arith(Op op, Expr* l, Expr* r) {
                 e->v.i = lt->base->size ? lt->base->size : 1;
                 e->a = l;
                 e->b = r;
-                return e;
+                return sized(e);
             }
             [[fallthrough]];
         case Op::Mul:
@@ -165,7 +165,7 @@ Expr* Engine::arith(Op op, Expr* l, Expr* r) {
             failAt(kErrExpression);
     }
     if (allConst(e->a, e->b)) return fold(*this, e);
-    return e;
+    return sized(e);
 }
 
 Expr* Engine::makeAssign(Expr* l, Expr* r) {
@@ -176,12 +176,12 @@ Expr* Engine::makeAssign(Expr* l, Expr* r) {
         Expr* e = newExpr(Op::CopyStruct, l->type);
         e->a = l;
         e->b = r;
-        return e;
+        return sized(e);
     }
     Expr* e = newExpr(Op::Assign, l->type);
     e->a = l;
     e->b = convert(r, l->type);
-    return e;
+    return sized(e);
 }
 
 Expr* Engine::expr() {
@@ -191,7 +191,7 @@ Expr* Engine::expr() {
         Expr* c = newExpr(Op::Comma, rvalue(r)->type);
         c->a = e;
         c->b = rvalue(r);
-        e = c;
+        e = sized(c);
     }
     return e;
 }
@@ -240,7 +240,7 @@ Expr* Engine::assignExpr() {
             e->opType = (op == Op::Shl || op == Op::Shr) ? promote(l->type) : commonType(l->type, r->type);
             e->b = convert(r, (op == Op::Shl || op == Op::Shr) ? tInt : e->opType);
         }
-        result = e;
+        result = sized(e);
     }
     --nesting;
     return result;
@@ -268,7 +268,7 @@ Expr* Engine::condExpr() {
     e->a = c;
     e->b = t->kind == kTVoid || t->kind == kTStruct ? a : convert(a, t);
     e->c = t->kind == kTVoid || t->kind == kTStruct ? b : convert(b, t);
-    return e;
+    return sized(e);
 }
 
 Expr* Engine::binaryExpr(int prec) {
@@ -420,7 +420,7 @@ Expr* Engine::unaryExpr() {
             result = postfixExpr();
     }
     --nesting;
-    return result;
+    return sized(result);
 }
 
 Expr* Engine::postfixExpr() {
@@ -439,6 +439,7 @@ Expr* Engine::postfixExpr() {
             Expr* sum = arith(Op::Add, p, i);
             e = newExpr(Op::Deref, p->type->base);
             e->a = sum;
+            sized(e);
         } else if (c == '.' || c == kTokArrow) {
             ++pos;
             Expr* base = e;
@@ -463,6 +464,7 @@ Expr* Engine::postfixExpr() {
             e = newExpr(Op::Member, m->type);
             e->a = base;
             e->v.i = m->off;
+            sized(e);
         } else if (c == '(') {
             ++pos;
             e = callExpr(e, 0);
@@ -478,7 +480,7 @@ Expr* Engine::postfixExpr() {
                 if (isFloating(e->type)) r->v.d = -1;
                 else r->v.i = -r->v.i;
             }
-            e = r;
+            e = sized(r);
         } else {
             return e;
         }
@@ -618,7 +620,7 @@ Expr* Engine::callExpr(Expr* callee, int) {
                 e->a = convert(args[0], tVoidPtr);
                 if (!isSet) e->b = convert(args[1], tInt);
                 if (isSet && currentStmt) currentStmt->hasSetjmp = true;
-                return e;
+                return sized(e);
             }
             const BuiltinEntry* be = findBuiltin(name);
             if (!be) failAt(kErrCallUndefined);
@@ -652,7 +654,7 @@ Expr* Engine::callExpr(Expr* callee, int) {
                 e->argTypes.push_back(a->type);
             }
             if (*sig && *sig != '.') failAt(kErrArgMismatch);
-            return e;
+            return sized(e);
         }
         ft = fn->type;
         e = newExpr(Op::Call, ft->base);
@@ -695,7 +697,7 @@ Expr* Engine::callExpr(Expr* callee, int) {
         compiling->locals.push_back(MemObject{off, off + e->type->size});
         e->temp = off;
     }
-    return e;
+    return sized(e);
 }
 
 int64_t Engine::constExpr() {

@@ -142,7 +142,7 @@ uint32_t Engine::stringConstant(int index) {
 }
 
 uint32_t Engine::heapAlloc(uint64_t size, bool zero) {
-    if (size > 0x40000000ull) return 0;
+    if (size > 0x40000000ull || (heapLimit && heapBytes + size > heapLimit)) return 0;
     const uint64_t start = (heapNext + 15) / 16 * 16;
     if (start + size + kObjectGap > kHeapBase + kHeapLimit) return 0;
     HeapBlock b;
@@ -152,6 +152,7 @@ uint32_t Engine::heapAlloc(uint64_t size, bool zero) {
     if (!b.bytes) return 0;
     if (zero) std::memset(b.bytes.get(), 0, size);
     heapNext = start + (size ? size : 1) + kObjectGap;
+    heapBytes += size;
     heap.push_back(std::move(b));
     return static_cast<uint32_t>(start);
 }
@@ -161,6 +162,7 @@ bool Engine::heapFree(uint32_t addr) {
     if (!b || b->freed || b->start != addr) return false;
     b->freed = true;
     b->bytes.reset();
+    heapBytes -= b->size;
     cacheStart = 1;
     cacheEnd = 0;
     return true;

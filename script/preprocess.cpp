@@ -1,5 +1,6 @@
 #include "script/preprocess.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <cstdio>
@@ -34,6 +35,9 @@ constexpr Directive kDirectives[] = {
     {"define", 1}, {"elif", 3},    {"else", 2},     {"endif", 4},  {"error", 5},   {"if", 6},
     {"ifdef", 7},  {"ifndef", 8},  {"include", 9},  {"line", 10},  {"pragma", 11}, {"undef", 12},
 };
+
+// Marks a macro name that must not be expanded again; removed from the final text.
+constexpr char kPainted = '\x01';
 
 bool isIdStart(char c) { return std::isalpha(static_cast<unsigned char>(c)) || c == '_'; }
 bool isIdChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; }
@@ -248,6 +252,14 @@ struct Pp {
                 i = e;
                 continue;
             }
+            if (c == kPainted) {
+                // A name that met itself during an expansion stays as it is for good.
+                size_t e = i + 1;
+                while (e < in.size() && isIdChar(in[e])) ++e;
+                o.append(in, i, e - i);
+                i = e;
+                continue;
+            }
             if (!isIdStart(c)) {
                 o += c;
                 ++i;
@@ -258,9 +270,11 @@ struct Pp {
             const std::string id = in.substr(i, e - i);
             auto it = macros.find(id);
             bool off = it == macros.end();
+            bool painted = false;
             for (const auto& d : disabled)
-                if (d == id) off = true;
+                if (d == id) off = painted = true;
             if (off) {
+                if (painted) o += kPainted;
                 o += id;
                 i = e;
                 continue;
@@ -323,7 +337,7 @@ struct Pp {
         const std::string& s;
         size_t i = 0;
         void ws() {
-            while (i < s.size() && std::isspace(static_cast<unsigned char>(s[i]))) ++i;
+            while (i < s.size() && (std::isspace(static_cast<unsigned char>(s[i])) || s[i] == kPainted)) ++i;
         }
         bool eat(const char* op) {
             ws();
@@ -339,10 +353,15 @@ struct Pp {
             i += n;
             return true;
         }
+        int depth = 0;
         [[noreturn]] void bad() { pp.fail(kErrIfExpr); }
         int64_t primary() {
             ws();
-            if (i >= s.size()) bad();
+            if (i >= s.size() || ++depth > kPpMaxIfNesting) bad();
+            struct Leave {
+                int& d;
+                ~Leave() { --d; }
+            } leave{depth};
             if (eat("(")) {
                 const int64_t v = cond();
                 if (!eat(")")) bad();
@@ -707,6 +726,7 @@ struct Pp {
                 expanded.clear();
                 comment = inComment;
             }
+            expanded.erase(std::remove(expanded.begin(), expanded.end(), kPainted), expanded.end());
             const int save = line;
             line = first;
             emit(blankOnly(expanded) ? std::string() : expanded, lines);

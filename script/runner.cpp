@@ -54,6 +54,8 @@ ScriptRunResult runScriptText(const std::string& path, const std::string& text, 
     en->files = {opts.in, opts.out, opts.err};
     en->ownFile = {false, false, false};
     en->stepBudget = opts.stepBudget;
+    en->sealed = opts.sealed;
+    en->heapLimit = opts.heapLimit;
     en->stopFlag = &gStop;
     en->args = args;
     try {

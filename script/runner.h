@@ -15,6 +15,8 @@ struct ScriptRunOptions {
     FILE* out = stdout;
     FILE* err = stderr;
     bool catchInterrupt = false;  // Ctrl+C stops the script with error 98
+    bool sealed = false;          // no files, folders, environment or processes (for fuzzing)
+    uint64_t heapLimit = 1ull << 30;  // live bytes malloc may hand out
 };
 
 struct ScriptRunResult {
