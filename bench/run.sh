@@ -38,3 +38,7 @@ awk -v z="$z" -v v="$v" -v s="$size" 'BEGIN{
   printf "vim:    %.2f s, peak %.0f MiB = %.2f x file size\n", b[1], b[2]/1024, b[2]*1024/s;
   printf "time ratio zolder/vim: %.2f\n", a[1]/b[1];
 }'
+
+echo
+echo "== scripts"
+"$root/bench/script_bench.sh" "$root/$build/zolder"
