@@ -108,7 +108,7 @@ std::string formatArgs(BArgs& a, const std::string& fmt, size_t first) {
                 const uint32_t p = static_cast<uint32_t>(a.v[ix].i);
                 std::string s;
                 if (p == 0) {
-                    s = "(null)";
+                    s = kScriptNullString;
                 } else if (prec >= 0) {
                     uint32_t avail = 0;
                     const uint8_t* h = a.en.span(p, &avail);

@@ -65,6 +65,18 @@ bool builtinStdlib(BArgs& a, int num, Val& out) {
             }
             for (FILE* f : en.files)
                 if (f) std::fflush(f);
+            {
+                std::string cmd = a.s(0);
+                for (char& c : cmd) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+                if (cmd == "pause") {
+                    // Scripts keep their console open this way; headless, the console is stdin.
+                    std::fputs(kScriptPausePrompt, en.files[1]);
+                    std::fflush(en.files[1]);
+                    std::fgetc(en.files[0]);
+                    out.i = 0;
+                    return true;
+                }
+            }
             out.i = scriptSystem(a.s(0));
             return true;
         case 9: {

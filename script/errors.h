@@ -50,6 +50,11 @@ constexpr int kMaxDimensions = 8;            // kErrTooManyDims
 constexpr int kMaxNesting = 600;             // kErrStackOverflow: parser nesting of ( { and operators
 constexpr int kMaxExprDepth = 2000;          // kErrStackOverflow: operators applied one to the other
 
+// The other texts the script library shows: system("pause") on the console, and
+// printf's text for a null string.
+inline constexpr const char* kScriptPausePrompt = "Press any key to continue . . .\n";
+inline constexpr const char* kScriptNullString = "(null)";
+
 // The message of error n (1..99); empty for any other number.
 const char* scriptErrorMessage(int n);
 

@@ -485,7 +485,7 @@ void Engine::scanGlobals() {
                             int ps2 = 0;
                             const Type* pt = decay(declarator(pb, &ps2, nullptr));
                             for (size_t k = 0; k < pnames.size(); ++k)
-                                if (pnames[k] == ps2) ps[k] = pt == tFloat ? tDouble : pt;
+                                if (pnames[k] == ps2) ps[k] = pt->kind == kTFloat ? tDouble : pt;
                             if (!accept(',')) break;
                         }
                         expect(';', kErrMissingSemicolon);

@@ -645,7 +645,7 @@ Expr* Engine::callExpr(Expr* callee, int) {
                     a = convert(a, want);
                 } else if (a->type->kind == kTStruct || a->type->kind == kTVoid) {
                     failAt(kErrArgMismatch);
-                } else if (a->type == tFloat) {
+                } else if (a->type->kind == kTFloat) {
                     a = convert(a, tDouble);
                 } else if (isInteger(a->type) && a->type->size < 4) {
                     a = convert(a, tInt);
@@ -679,7 +679,7 @@ Expr* Engine::callExpr(Expr* callee, int) {
             } else {
                 a = convert(a, want);
             }
-        } else if (a->type == tFloat) {
+        } else if (a->type->kind == kTFloat) {
             a = convert(a, tDouble);
         } else if (isInteger(a->type) && a->type->size < 4) {
             a = convert(a, tInt);

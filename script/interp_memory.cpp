@@ -35,6 +35,7 @@ uint32_t Engine::allocGlobal(uint32_t size, uint32_t align) {
 }
 
 void Engine::pushFrame(Function* f, uint32_t size) {
+    if (data.empty()) data.assign(kDataHostSize, 0);
     if (static_cast<uint64_t>(dataUsed) + size > kDataSpaceSize ||
         static_cast<uint64_t>(globalTop) + frameTop + size + 2 * kObjectGap > kDataHostSize)
         fail(kErrDataSpace);

@@ -49,8 +49,8 @@ const Type* Engine::arrayOf(const Type* t, int64_t n) {
     a.kind = kTArray;
     a.base = t;
     a.count = n;
+    if (n > 0x7fffffff || (t->size && n > 0 && static_cast<uint64_t>(n) > 0x7fffffffull / t->size)) failAt(kErrDataSpace);
     const uint64_t size = n < 0 ? 0 : static_cast<uint64_t>(n) * t->size;
-    if (size > 0x7fffffff) failAt(kErrDataSpace);
     a.size = static_cast<uint32_t>(size);
     a.align = t->align;
     return &a;
@@ -68,7 +68,7 @@ const Type* Engine::funcType(const Type* ret, std::vector<const Type*> params, b
 }
 
 const Type* Engine::constOf(const Type* t) {
-    if (t->isConst) return t;
+    if (t->isConst || t->kind == kTStruct) return t;  // a struct may still be completed later
     Type& c = typeStore.emplace_back(*t);
     c.isConst = true;
     c.ptrCache = nullptr;

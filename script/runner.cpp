@@ -85,7 +85,14 @@ ScriptRunResult runScriptText(const std::string& path, const std::string& text, 
             call->args.push_back(v);
             call->argTypes.push_back(v->type);
         }
-        if (np > 2) raiseScriptError(kErrArgMismatch, 0, 0);
+        if (np == 3) {
+            // An environment vector, when main asks for one, is empty: the null that ends argv.
+            Expr* env = en->newExpr(Op::Const, en->ptrTo(en->tCharPtr));
+            env->v.i = argv + 4 * static_cast<uint32_t>(args.size());
+            call->args.push_back(env);
+            call->argTypes.push_back(env->type);
+        }
+        if (np > 3) raiseScriptError(kErrArgMismatch, 0, 0);
         if (mainFn->type->base->kind == kTStruct) raiseScriptError(kErrRedeclared, 0, 0);
         const Val v = en->call(mainFn, call);
         result.value = isInteger(mainFn->type->base) ? static_cast<int>(v.i) : 0;
