@@ -27,6 +27,7 @@ struct Member {
     int sym;
     const Type* type;
     uint32_t off;
+    uint8_t bitOff = 0, bitWidth = 0;  // a bit-field: bits [bitOff, bitOff+bitWidth) of the unit at off
 };
 struct Record {
     bool isUnion = false;
@@ -109,6 +110,7 @@ struct Expr {
     Val v{};                       // constant, address, offset, scale or step
     int file = 0, line = 0;
     uint32_t depth = 1;            // height of the tree below, bounded by kMaxExprDepth
+    uint8_t bitOff = 0, bitWidth = 0;  // an l-value that is a bit-field
     Function* fn = nullptr;
     int builtin = 0;
     uint32_t temp = 0;             // frame offset of a struct result
@@ -403,6 +405,9 @@ struct Engine {
     }
     uint32_t addrOf(Expr* e);
     uint8_t* lvalHost(Expr* e, uint32_t n);
+    // Reads and writes an l-value's bytes at p, bit-fields included.
+    Val loadLv(const Expr* lv, const uint8_t* p) const;
+    Val storeLv(const Expr* lv, uint8_t* p, Val v) const;  // the value as stored
     Val call(Function* f, Expr* e);
     Flow exec(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);

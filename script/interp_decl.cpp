@@ -111,6 +111,7 @@ const Type* Engine::declSpecs(int* storage) {
                 if (r->complete) failAt(kErrAlreadyDeclared);
                 ++pos;
                 uint32_t off = 0, size = 0, align = 1;
+                uint32_t unitOff = 0, unitBits = 0, bitPos = 0;  // the storage unit bit-fields are filling
                 while (!accept('}')) {
                     if (tok().code == kTokEnd) failAt(kErrMissingRBrace);
                     const Type* mb = declSpecs(nullptr);
@@ -118,9 +119,39 @@ const Type* Engine::declSpecs(int* storage) {
                     for (;;) {
                         int msym = 0;
                         const Type* mt = tok().code == ':' ? mb : declarator(mb, &msym, nullptr);
-                        if (accept(':')) constExpr();  // bit-field widths are accepted; the member keeps its full type
                         if (mt->kind == kTFunc || mt->kind == kTVoid) failAt(kErrSyntax);
                         if (mt->kind == kTStruct && !mt->rec->complete) failAt(kErrUndefinedStruct);
+                        if (accept(':')) {
+                            const int64_t width = constExpr();
+                            if (!isInteger(mt) || width < 0 || width > static_cast<int64_t>(mt->size) * 8) failAt(kErrIntegerRequired);
+                            if (msym) {
+                                for (const Member& m : r->members)
+                                    if (m.sym == msym) failAt(kErrAlreadyDeclared);
+                            }
+                            const uint32_t bits = mt->size * 8;
+                            if (isUnion) {
+                                if (msym && width) r->members.push_back(Member{msym, mt, 0, 0, static_cast<uint8_t>(width)});
+                                size = std::max(size, mt->size);
+                            } else if (width == 0) {
+                                unitBits = 0;  // closes the unit being filled
+                            } else {
+                                if (unitBits != bits || bitPos + width > bits) {
+                                    off = alignUp(off, mt->align);
+                                    unitOff = off;
+                                    unitBits = bits;
+                                    bitPos = 0;
+                                    off += mt->size;
+                                    size = off;
+                                }
+                                if (msym)
+                                    r->members.push_back(Member{msym, mt, unitOff, static_cast<uint8_t>(bitPos), static_cast<uint8_t>(width)});
+                                bitPos += static_cast<uint32_t>(width);
+                            }
+                            align = std::max(align, mt->align);
+                            if (!accept(',')) break;
+                            continue;
+                        }
+                        unitBits = 0;
                         if (msym) {
                             for (const Member& m : r->members)
                                 if (m.sym == msym) failAt(kErrAlreadyDeclared);
@@ -387,7 +418,16 @@ void Engine::initializer(const Type* t, uint32_t off, std::vector<std::pair<uint
                     if (braced) failAt(kErrTooManyInit);
                     break;
                 }
+                const size_t before = out.size();
                 initializer(r->members[i].type, off + r->members[i].off, out, nullptr);
+                if (r->members[i].bitWidth && out.size() == before + 1) {
+                    // The value goes into its bits only: the wrapper carries where they lie.
+                    Expr* w = newExpr(Op::Retype, out.back().second->type);
+                    w->a = out.back().second;
+                    w->bitOff = r->members[i].bitOff;
+                    w->bitWidth = r->members[i].bitWidth;
+                    out.back().second = w;
+                }
                 ++i;
                 if (tok().code != ',') break;
                 if (!braced && (i >= r->members.size() || r->isUnion)) break;
@@ -444,7 +484,7 @@ static void initGlobal(Engine& en, uint32_t addr, const Type* t, const std::vect
             const uint32_t src = static_cast<uint32_t>(en.eval(e).i);
             std::memmove(en.host(addr + off, e->type->size), en.host(src, e->type->size), e->type->size);
         } else {
-            en.store(en.host(addr + off, e->type->size), e->type, en.eval(e));
+            en.storeLv(e, en.host(addr + off, e->type->size), en.eval(e));
         }
     }
 }
@@ -612,6 +652,8 @@ void Engine::declareLocal(const Type* base, int storage, std::vector<Stmt*>& out
                         Stmt* s = newStmt(SOp::Expr);
                         Expr* target = newExpr(Op::LVar, e->op == Op::StrInit ? t : e->type);
                         target->v.i = off + o;
+                        target->bitOff = e->bitOff;
+                        target->bitWidth = e->bitWidth;
                         if (e->op == Op::StrInit) {
                             Expr* c = newExpr(Op::StrInit, t);
                             c->a = target;

@@ -113,6 +113,31 @@ uint32_t Engine::addrOf(Expr* e) {
     }
 }
 
+Val Engine::loadLv(const Expr* lv, const uint8_t* p) const {
+    Val v = load(p, lv->type);
+    if (!lv->bitWidth) return v;
+    const uint64_t unit = static_cast<uint64_t>(v.i) >> lv->bitOff;
+    const unsigned w = lv->bitWidth;
+    const uint64_t mask = w >= 64 ? ~0ull : ((1ull << w) - 1);
+    uint64_t x = unit & mask;
+    if (!isUnsigned(lv->type) && w < 64 && (x >> (w - 1)) & 1) x |= ~mask;  // sign of a signed field
+    v.i = static_cast<int64_t>(x);
+    return v;
+}
+
+Val Engine::storeLv(const Expr* lv, uint8_t* p, Val v) const {
+    if (!lv->bitWidth) {
+        store(p, lv->type, v);
+        return v;
+    }
+    const unsigned w = lv->bitWidth;
+    const uint64_t mask = (w >= 64 ? ~0ull : ((1ull << w) - 1)) << lv->bitOff;
+    Val unit = load(p, lv->type);
+    unit.i = static_cast<int64_t>((static_cast<uint64_t>(unit.i) & ~mask) | ((static_cast<uint64_t>(v.i) << lv->bitOff) & mask));
+    store(p, lv->type, unit);
+    return loadLv(lv, p);
+}
+
 uint8_t* Engine::lvalHost(Expr* e, uint32_t n) {
     switch (e->op) {
         case Op::LVar: return fp + e->v.i;
@@ -165,7 +190,7 @@ Val Engine::eval(Expr* e) {
                 v.i = a;
                 return v;
             }
-            return load(host(a, e->type->size), e->type);
+            return loadLv(e, host(a, e->type->size));
         }
         case Op::FuncAddr:
             v.i = e->fn ? kFuncAddrBase + 16u * static_cast<uint32_t>(e->fn->index) : 0;
@@ -239,14 +264,16 @@ Val Engine::eval(Expr* e) {
         case Op::Assign: {
             v = ev(e->b);
             CellHold h(*this, cells);
-            store(lvalHost(e->a, e->type->size), e->type, v);
+            uint8_t* p = lvalHost(e->a, e->type->size);
+            if (e->a->bitWidth) return storeLv(e->a, p, v);
+            store(p, e->type, v);
             return v;
         }
         case Op::AssignOp: {
             const Val r = ev(e->b);
             CellHold h(*this, cells);
             uint8_t* p = lvalHost(e->a, e->type->size);
-            const Val old = load(p, e->type);
+            const Val old = loadLv(e->a, p);
             if (e->sub == Op::PtrAdd) {
                 v.i = static_cast<uint32_t>(static_cast<uint64_t>(old.i) + static_cast<uint64_t>(r.i * e->v.i));
             } else if (e->type->kind == kTInt && e->opType->kind == kTInt && (e->sub == Op::Add || e->sub == Op::Sub)) {
@@ -255,8 +282,7 @@ Val Engine::eval(Expr* e) {
             } else {
                 v = castVal(*this, binop(*this, e->sub, e->opType, castVal(*this, old, e->type, e->opType), r), e->opType, e->type);
             }
-            store(p, e->type, v);
-            return v;
+            return storeLv(e->a, p, v);
         }
         case Op::CopyStruct: {
             const uint32_t src = static_cast<uint32_t>(eval(e->b).i);
@@ -277,7 +303,7 @@ Val Engine::eval(Expr* e) {
         case Op::PreInc:
         case Op::PostInc: {
             uint8_t* p = lvalHost(e->a, e->type->size);
-            const Val old = load(p, e->type);
+            const Val old = loadLv(e->a, p);
             Val nv;
             if (isFloating(e->type)) {
                 nv.d = old.d + e->v.d;
@@ -285,7 +311,7 @@ Val Engine::eval(Expr* e) {
             } else {
                 nv.i = norm(e->type, static_cast<int64_t>(static_cast<uint64_t>(old.i) + static_cast<uint64_t>(e->v.i)));
             }
-            store(p, e->type, nv);
+            nv = storeLv(e->a, p, nv);
             return e->op == Op::PreInc ? nv : old;
         }
         case Op::Call:

@@ -364,7 +364,7 @@ Expr* Engine::unaryExpr() {
                 result = rvalue(a);
                 break;
             }
-            if (!isLvalue(a) && !(a->op == Op::Const && a->type->kind == kTArray)) failAt(kErrNotAddress);
+            if ((!isLvalue(a) && !(a->op == Op::Const && a->type->kind == kTArray)) || a->bitWidth) failAt(kErrNotAddress);
             result = newExpr(Op::AddrOf, ptrTo(a->type));
             result->a = a;
             break;
@@ -464,6 +464,8 @@ Expr* Engine::postfixExpr() {
             e = newExpr(Op::Member, m->type);
             e->a = base;
             e->v.i = m->off;
+            e->bitOff = m->bitOff;
+            e->bitWidth = m->bitWidth;
             sized(e);
         } else if (c == '(') {
             ++pos;
