@@ -269,6 +269,12 @@ struct Pp {
             while (e < in.size() && isIdChar(in[e])) ++e;
             const std::string id = in.substr(i, e - i);
             auto it = macros.find(id);
+            if (it == macros.end() && (id == "__LINE__" || id == "__FILE__")) {
+                // The two dynamic names of C, unless a script defined them itself.
+                o += id == "__LINE__" ? std::to_string(line) : stringize(scriptFileNameOf(out, file));
+                i = e;
+                continue;
+            }
             bool off = it == macros.end();
             bool painted = false;
             for (const auto& d : disabled)

@@ -7,6 +7,7 @@
 // out: taken elif
 // out: 261 defined
 // out: 3 4
+// out: 46 preproc.c
 #define STR(x) #x
 #define SHOW(e) printf(STR(e) " = %d\n", e)
 #define CAT(a, b) a##b
@@ -42,5 +43,6 @@ int main(void)
     printf("%d defined\n", __VEKC__);
 #endif
     printf("%d %d\n", __JBUFSIZE__ / 36, SIX - 4 + __BCC__ / 1312 + 1);
+    printf("%d %s\n", __LINE__, __FILE__);
     return 0;
 }
