@@ -131,10 +131,14 @@ struct Stmt {
     Stmt* body = nullptr;
     Stmt* els = nullptr;
     std::vector<Stmt*> list;                          // block
-    std::unordered_map<int, size_t> labels;           // block: label id -> index in list
-    std::vector<std::pair<int64_t, size_t>> cases;    // switch: value -> index in body's list
-    int64_t defaultIndex = -1;
-    int64_t id = 0;                                   // label or goto target; zero offset
+    // Labels and case markers are keys: a label its symbol number, a case marker a
+    // negative number of its own. keys lists those in the statement's subtree; a
+    // block maps each to the index of the statement of its list that holds it.
+    std::vector<int64_t> keys;
+    std::unordered_map<int64_t, size_t> labels;
+    std::vector<std::pair<int64_t, int64_t>> cases;   // switch: value -> case key
+    int64_t defaultKey = 0;
+    int64_t id = 0;                                   // label or case key, goto target; zero offset
     uint32_t size = 0;                                // zero: bytes
 };
 
@@ -227,7 +231,8 @@ struct Engine {
     Function* curFn = nullptr;
     Val retVal{};
     uint32_t retAddr = 0;
-    int gotoLabel = 0;
+    int64_t gotoLabel = 0;
+    int64_t seekKey = 0;     // entering statements to reach this label or case; 0 when not
     std::vector<int64_t> jmpActs;    // block activations that setjmp may come back to
     std::vector<std::pair<int64_t, size_t>> jmpTargets;  // statement running setjmp: (activation, index)
     int64_t jmpCounter = 0;
@@ -379,6 +384,9 @@ struct Engine {
     Stmt* newStmt(SOp op);
     Stmt* statement();
     Stmt* block(bool newScope);
+    Stmt* caseMarker();
+    void collectKeys(Stmt* s);
+    int64_t caseKeys = 0;
 
     // execution (interp_eval.cpp, interp_exec.cpp)
     Val eval(Expr* e);

@@ -709,6 +709,7 @@ void Engine::compileFunction(Function* f) {
     f->paramBytes = frameOffset;
     pos = f->bodyPos;
     f->body = block(false);
+    collectKeys(f->body);
     for (int target : gotoTargets)
         if (std::find(labelsDefined.begin(), labelsDefined.end(), target) == labelsDefined.end()) {
             pos = f->bodyPos;

@@ -94,6 +94,11 @@ Val Engine::call(Function* f, Expr* e) {
 Flow Engine::execBlock(Stmt* s, size_t from) {
     if (s->jmpChild) return execJumpBlock(s, from);
     size_t i = from;
+    if (seekKey) {
+        auto it = s->labels.find(seekKey);
+        if (it == s->labels.end()) return Flow::Normal;
+        i = it->second;
+    }
     const size_t n = s->list.size();
     while (i < n) {
         const Flow f = exec(s->list[i]);
@@ -102,8 +107,10 @@ Flow Engine::execBlock(Stmt* s, size_t from) {
             continue;
         }
         if (f == Flow::Goto) {
+            // The label is in this list or somewhere inside one of its statements.
             auto it = s->labels.find(gotoLabel);
             if (it != s->labels.end()) {
+                seekKey = gotoLabel;
                 i = it->second;
                 continue;
             }
@@ -128,6 +135,11 @@ Flow Engine::execJumpBlock(Stmt* s, size_t from) {
     jmpActs.push_back(act);
     const int savedCells = cells, savedVars = liveVars;
     size_t i = from;
+    if (seekKey) {
+        auto it = s->labels.find(seekKey);
+        if (it == s->labels.end()) return Flow::Normal;
+        i = it->second;
+    }
     const size_t n = s->list.size();
     for (;;) {
         try {
@@ -148,6 +160,7 @@ Flow Engine::execJumpBlock(Stmt* s, size_t from) {
                 if (f == Flow::Goto) {
                     auto it = s->labels.find(gotoLabel);
                     if (it != s->labels.end()) {
+                        seekKey = gotoLabel;
                         i = it->second;
                         continue;
                     }
@@ -176,16 +189,25 @@ Flow Engine::exec(Stmt* s) {
         case SOp::Block:
             return execBlock(s, 0);
         case SOp::If:
+            if (seekKey) {
+                // Entering at a label: only the branch that holds it runs.
+                for (int64_t k : s->body->keys)
+                    if (k == seekKey) return exec(s->body);
+                return s->els ? exec(s->els) : Flow::Normal;
+            }
             if (truth(*this, s->e)) return exec(s->body);
             return s->els ? exec(s->els) : Flow::Normal;
-        case SOp::While:
+        case SOp::While: {
+            bool entering = seekKey != 0;  // a label inside the body: no test before it
             for (;;) {
                 tick();
-                if (!truth(*this, s->e)) return Flow::Normal;
+                if (!entering && !truth(*this, s->e)) return Flow::Normal;
+                entering = false;
                 const Flow f = exec(s->body);
                 if (f == Flow::Break) return Flow::Normal;
                 if (f == Flow::Return || f == Flow::Goto) return f;
             }
+        }
         case SOp::Do:
             for (;;) {
                 tick();
@@ -196,8 +218,10 @@ Flow Engine::exec(Stmt* s) {
                 curLine = s->line;
                 if (!truth(*this, s->e)) return Flow::Normal;
             }
-        case SOp::For:
-            if (s->els) {
+        case SOp::For: {
+            bool entering = seekKey != 0;
+            if (entering) {
+            } else if (s->els) {
                 const Flow f = exec(s->els);
                 if (f != Flow::Normal) return f;
             } else if (s->e) {
@@ -205,26 +229,32 @@ Flow Engine::exec(Stmt* s) {
             }
             for (;;) {
                 tick();
-                if (s->e2 && !truth(*this, s->e2)) return Flow::Normal;
+                if (!entering && s->e2 && !truth(*this, s->e2)) return Flow::Normal;
+                entering = false;
                 const Flow f = exec(s->body);
                 if (f == Flow::Break) return Flow::Normal;
                 if (f == Flow::Return || f == Flow::Goto) return f;
                 if (s->e3) ev(s->e3);
             }
+        }
         case SOp::Switch: {
-            const int64_t v = eval(s->e).i;
-            int64_t at = s->defaultIndex;
-            for (const auto& c : s->cases)
-                if (c.first == v) {
-                    at = static_cast<int64_t>(c.second);
-                    break;
-                }
-            if (at < 0) return Flow::Normal;
-            const Flow f = execBlock(s->body, static_cast<size_t>(at));
+            if (!seekKey) {
+                const int64_t v = eval(s->e).i;
+                int64_t key = s->defaultKey;
+                for (const auto& c : s->cases)
+                    if (c.first == v) {
+                        key = c.second;
+                        break;
+                    }
+                if (!key) return Flow::Normal;
+                seekKey = key;
+            }
+            const Flow f = execBlock(s->body, 0);
             return f == Flow::Break ? Flow::Normal : f;
         }
         case SOp::Case:
         case SOp::Label:
+            if (seekKey == s->id) seekKey = 0;
             return Flow::Normal;
         case SOp::Goto:
             gotoLabel = static_cast<int>(s->id);

@@ -9,8 +9,6 @@ namespace {
 
 struct SwitchCtx {
     Stmt* sw;
-    Stmt* body = nullptr;
-    bool awaitingBody = true;
 };
 thread_local std::vector<SwitchCtx>* tSwitches = nullptr;
 
@@ -32,33 +30,11 @@ Stmt* Engine::block(bool newScope) {
     if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
     if (newScope) scopes.emplace_back();
     Stmt* b = newStmt(SOp::Block);
-    // Case labels belong to the switch whose body this block is.
-    const size_t ctxIndex = tSwitches->empty() ? SIZE_MAX : tSwitches->size() - 1;
-    bool isSwitchBody = false;
-    if (ctxIndex != SIZE_MAX && (*tSwitches)[ctxIndex].awaitingBody) {
-        (*tSwitches)[ctxIndex].body = b;
-        (*tSwitches)[ctxIndex].awaitingBody = false;
-        isSwitchBody = true;
-    }
     while (!accept('}')) {
         const uint8_t c = tok().code;
         if (c == kTokEnd) failAt(kErrMissingRBrace);
         if (c == kTokCase || c == kTokDefault) {
-            if (!isSwitchBody || tSwitches->size() - 1 != ctxIndex) failAt(kErrSyntax);
-            SwitchCtx* ctx = &(*tSwitches)[ctxIndex];
-            ++pos;
-            Stmt* m = newStmt(SOp::Case);
-            if (c == kTokCase) {
-                const int64_t v = constExpr();
-                for (const auto& cs : ctx->sw->cases)
-                    if (cs.first == v) failAt(kErrSyntax);
-                ctx->sw->cases.emplace_back(v, b->list.size());
-            } else {
-                if (ctx->sw->defaultIndex >= 0) failAt(kErrSyntax);
-                ctx->sw->defaultIndex = static_cast<int64_t>(b->list.size());
-            }
-            if (!accept(':')) failAt(kErrCaseColon);
-            b->list.push_back(m);
+            b->list.push_back(caseMarker());
             continue;
         }
         if (c == kTokIdent && peek().code == ':') {
@@ -69,7 +45,6 @@ Stmt* Engine::block(bool newScope) {
             labelsDefined.push_back(sym);
             Stmt* m = newStmt(SOp::Label);
             m->id = sym;
-            b->labels[sym] = b->list.size();
             b->list.push_back(m);
             continue;
         }
@@ -98,6 +73,45 @@ Stmt* Engine::block(bool newScope) {
     --nesting;
     if (tSwitches == &local) tSwitches = nullptr;
     return b;
+}
+
+// "case N:" or "default:" of the innermost switch, wherever in its body it stands.
+Stmt* Engine::caseMarker() {
+    if (!tSwitches || tSwitches->empty()) failAt(kErrSyntax);
+    Stmt* sw = tSwitches->back().sw;
+    const bool isCase = tok().code == kTokCase;
+    ++pos;
+    Stmt* m = newStmt(SOp::Case);
+    m->id = -++caseKeys;
+    if (isCase) {
+        const int64_t v = constExpr();
+        for (const auto& cs : sw->cases)
+            if (cs.first == v) failAt(kErrSyntax);
+        sw->cases.emplace_back(v, m->id);
+    } else {
+        if (sw->defaultKey) failAt(kErrSyntax);
+        sw->defaultKey = m->id;
+    }
+    if (!accept(':')) failAt(kErrCaseColon);
+    return m;
+}
+
+void Engine::collectKeys(Stmt* s) {
+    if (!s) return;
+    if (s->op == SOp::Case || s->op == SOp::Label) s->keys.push_back(s->id);
+    auto take = [&](Stmt* c) {
+        collectKeys(c);
+        if (c) s->keys.insert(s->keys.end(), c->keys.begin(), c->keys.end());
+    };
+    if (s->op == SOp::Block) {
+        for (size_t i = 0; i < s->list.size(); ++i) {
+            take(s->list[i]);
+            for (int64_t k : s->list[i]->keys) s->labels[k] = i;
+        }
+    } else {
+        take(s->body);
+        if (s->op != SOp::For) take(s->els);
+    }
 }
 
 Stmt* Engine::statement() {
@@ -209,7 +223,6 @@ Stmt* Engine::statement() {
             if (tok().code == '{') {
                 result->body = block(true);
             } else {
-                tSwitches->back().awaitingBody = false;
                 Stmt* b = newStmt(SOp::Block);
                 b->list.push_back(statement());
                 result->body = b;
@@ -220,8 +233,12 @@ Stmt* Engine::statement() {
             break;
         }
         case kTokCase:
-        case kTokDefault:
-            failAt(kErrSyntax);
+        case kTokDefault: {
+            result = newStmt(SOp::Block);
+            result->list.push_back(caseMarker());
+            result->list.push_back(statement());
+            break;
+        }
         case kTokBreak:
             ++pos;
             if (loopDepth == 0 && switchDepth == 0) failAt(kErrBreak);
@@ -277,7 +294,6 @@ Stmt* Engine::statement() {
                 labelsDefined.push_back(sym);
                 Stmt* m = newStmt(SOp::Label);
                 m->id = sym;
-                b->labels[sym] = 0;
                 b->list.push_back(m);
                 b->list.push_back(statement());
                 result = b;
