@@ -49,6 +49,7 @@ constexpr int kMaxSymbols = 2048;            // kErrSymbolTable
 constexpr int kMaxDimensions = 8;            // kErrTooManyDims
 constexpr int kMaxNesting = 600;             // kErrStackOverflow: parser nesting of ( { and operators
 constexpr int kMaxExprDepth = 2000;          // kErrStackOverflow: operators applied one to the other
+constexpr unsigned kMaxHostStack = 4u << 20; // kErrStackOverflow: machine stack that script calls may use
 
 // The other texts the script library shows: system("pause") on the console, and
 // printf's text for a null string.

@@ -226,6 +226,7 @@ struct Engine {
     uint8_t* fp = nullptr;   // host address of the current frame
     uint32_t fpv = 0;        // its script address
     int cells = 0;           // evaluation stack cells in use
+    uintptr_t stackBase = 0; // machine stack address where the run began; 0: unchecked
     int liveVars = 0;
     int curFile = 0, curLine = 0;
     Function* curFn = nullptr;

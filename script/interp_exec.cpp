@@ -17,6 +17,10 @@ uint32_t round4(uint32_t n) { return (n + 3) & ~3u; }
 
 Val Engine::call(Function* f, Expr* e) {
     tick();
+    // Unary chains do not hold stack cells, so deep recursion through them is bounded
+    // by the machine stack it takes.
+    const uintptr_t here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
+    if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
     if (!f->compiled) compileFunction(f);
     const size_t n = e->args.size();
     Val small[8];

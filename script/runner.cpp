@@ -4,6 +4,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <stdexcept>
 
 #include "platform/file_io.h"
 #include "platform/script_os.h"
@@ -94,6 +95,7 @@ ScriptRunResult runScriptText(const std::string& path, const std::string& text, 
         }
         if (np > 3) raiseScriptError(kErrArgMismatch, 0, 0);
         if (mainFn->type->base->kind == kTStruct) raiseScriptError(kErrRedeclared, 0, 0);
+        en->stackBase = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
         const Val v = en->call(mainFn, call);
         result.value = isInteger(mainFn->type->base) ? static_cast<int>(v.i) : 0;
     } catch (const ScriptFault& f) {
@@ -110,6 +112,11 @@ ScriptRunResult runScriptText(const std::string& path, const std::string& text, 
         result.value = -1;
         result.message = en->fileNames.empty() ? std::string() : en->fileNames[0];
         result.message += " Line " + std::to_string(en->curLine) + ": " + scriptErrorMessage(kErrLongjmp);
+    } catch (const std::length_error&) {
+        result.error = kErrOutOfMemory;
+        result.value = -1;
+        result.message = (en->fileNames.empty() ? std::string("mainfile") : en->fileNames[0]) + " Line " +
+                         std::to_string(en->curLine) + ": " + scriptErrorMessage(kErrOutOfMemory);
     } catch (const std::bad_alloc&) {
         result.error = kErrOutOfMemory;
         result.value = -1;
