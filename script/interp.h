@@ -415,8 +415,16 @@ struct Engine {
     uint32_t addrOf(Expr* e);
     uint8_t* lvalHost(Expr* e, uint32_t n);
     // Reads and writes an l-value's bytes at p, bit-fields included.
-    Val loadLv(const Expr* lv, const uint8_t* p) const;
-    Val storeLv(const Expr* lv, uint8_t* p, Val v) const;  // the value as stored
+    Val loadLv(const Expr* lv, const uint8_t* p) const {
+        return lv->bitWidth ? loadBits(lv, p) : load(p, lv->type);
+    }
+    Val storeLv(const Expr* lv, uint8_t* p, Val v) const {  // the value as stored
+        if (lv->bitWidth) return storeBits(lv, p, v);
+        store(p, lv->type, v);
+        return v;
+    }
+    Val loadBits(const Expr* lv, const uint8_t* p) const;
+    Val storeBits(const Expr* lv, uint8_t* p, Val v) const;
     Val call(Function* f, Expr* e);
     Flow exec(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);

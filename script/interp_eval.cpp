@@ -102,20 +102,22 @@ static Val binop(Engine& en, Op op, const Type* t, Val l, Val r) {
     return v;
 }
 
+// The address a pointer expression yields; p[i] is taken in one step.
+inline uint32_t pointerValue(Engine& en, Expr* a);
+
 uint32_t Engine::addrOf(Expr* e) {
     switch (e->op) {
         case Op::GVar: return static_cast<uint32_t>(e->v.i);
         case Op::LVar: return fpv + static_cast<uint32_t>(e->v.i);
-        case Op::Deref: return static_cast<uint32_t>(ev(e->a).i);
+        case Op::Deref: return pointerValue(*this, e->a);
         case Op::Member: return static_cast<uint32_t>(eval(e->a).i + e->v.i);
         case Op::Const: return static_cast<uint32_t>(e->v.i);
         default: fail(kErrNeedLvalue);
     }
 }
 
-Val Engine::loadLv(const Expr* lv, const uint8_t* p) const {
+Val Engine::loadBits(const Expr* lv, const uint8_t* p) const {
     Val v = load(p, lv->type);
-    if (!lv->bitWidth) return v;
     const uint64_t unit = static_cast<uint64_t>(v.i) >> lv->bitOff;
     const unsigned w = lv->bitWidth;
     const uint64_t mask = w >= 64 ? ~0ull : ((1ull << w) - 1);
@@ -125,17 +127,13 @@ Val Engine::loadLv(const Expr* lv, const uint8_t* p) const {
     return v;
 }
 
-Val Engine::storeLv(const Expr* lv, uint8_t* p, Val v) const {
-    if (!lv->bitWidth) {
-        store(p, lv->type, v);
-        return v;
-    }
+Val Engine::storeBits(const Expr* lv, uint8_t* p, Val v) const {
     const unsigned w = lv->bitWidth;
     const uint64_t mask = (w >= 64 ? ~0ull : ((1ull << w) - 1)) << lv->bitOff;
     Val unit = load(p, lv->type);
     unit.i = static_cast<int64_t>((static_cast<uint64_t>(unit.i) & ~mask) | ((static_cast<uint64_t>(v.i) << lv->bitOff) & mask));
     store(p, lv->type, unit);
-    return loadLv(lv, p);
+    return loadBits(lv, p);
 }
 
 uint8_t* Engine::lvalHost(Expr* e, uint32_t n) {
@@ -160,6 +158,14 @@ inline bool truthOf(const Expr* e, Val v) { return isFloating(e->type) ? v.d != 
 
 }  // namespace
 
+inline uint32_t pointerValue(Engine& en, Expr* a) {
+    if (a->op != Op::PtrAdd) return static_cast<uint32_t>(en.ev(a).i);
+    const Val l = en.ev(a->a);
+    CellHold h(en, en.cells);
+    const Val r = en.ev(a->b);
+    return static_cast<uint32_t>(static_cast<uint64_t>(l.i) + static_cast<uint64_t>(r.i * a->v.i));
+}
+
 Val Engine::eval(Expr* e) {
     Val v;
     switch (e->op) {
@@ -177,7 +183,7 @@ Val Engine::eval(Expr* e) {
         case Op::Retype:
             return eval(e->a);
         case Op::Deref: {
-            v = ev(e->a);
+            v.i = pointerValue(*this, e->a);
             if (isAggregate(e->type)) return v;  // checked where its bytes are used
             return load(host(static_cast<uint32_t>(v.i), e->type->size), e->type);
         }
