@@ -4,7 +4,7 @@ JOBS       ?= 2
 CMAKE_ARGS ?=
 
 DEPS       = cmake make g++ libgtest-dev libgmock-dev
-BENCH_DEPS = libbenchmark-dev python3 vim-nox time
+BENCH_DEPS = libbenchmark-dev python3 vim-nox time lua5.4 tcc
 FUZZ_DEPS  = clang libclang-rt-14-dev
 
 .PHONY: all deps build run test asan bench fuzz clean

@@ -5,6 +5,8 @@
 #include "app/cli.h"
 #include "app/headless_shell.h"
 #include "app/version.h"
+#include "platform/paths.h"
+#include "script/runner.h"
 
 namespace {
 
@@ -19,8 +21,18 @@ int runHeadless(const zol::CommandLine& cl) {
     zol::startUp(app, zol::StartupOptions{cl.home, cl.files, {}});
     int status = app.failedOpens ? 1 : 0;
     if (!cl.script.empty()) {
-        std::fprintf(stderr, "zolder: %s: scripts cannot run in this build\n", cl.script.c_str());
-        status = kExitScriptError;
+        std::vector<std::string> args{cl.script};
+        args.insert(args.end(), cl.scriptArgs.begin(), cl.scriptArgs.end());
+        zol::ScriptRunOptions opts;
+        opts.includeDir = zol::homeDir() + "script/include";
+        opts.catchInterrupt = true;
+        const zol::ScriptRunResult r = zol::runScriptFile(cl.script, args, opts);
+        if (r.error) {
+            std::fprintf(stderr, "%s\n", r.message.c_str());
+            status = kExitScriptError;
+        } else {
+            status = r.value & 0xff;
+        }
     } else {
         for (const auto& doc : app.documents) std::printf("%s\n", zol::documentSummary(*doc).c_str());
     }

@@ -59,3 +59,5 @@ for pair in "count int|$zc|grep -c int|$gc" "count x[0-9]+y|$zx|grep -cE x[0-9]+
     printf "time ratio: %.2f\n", (b[1] > 0 ? a[1]/b[1] : 0);
   }'
 done
+echo "== scripts"
+"$root/bench/script_bench.sh" "$root/$build/zolder"

@@ -1,0 +1,217 @@
+// The pieces of the script engine that annotated scripts cannot reach: the tables,
+// the expanded text and token stream, and the run's own rules.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <thread>
+
+#include "script/errors.h"
+#include "script/interp.h"
+#include "script/lexer.h"
+#include "script/preprocess.h"
+#include "script/runner.h"
+#include "script/tokens.h"
+
+namespace zol {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(ScriptErrors, TableKeepsItsNumbersAndSpellings) {
+    EXPECT_STREQ(scriptErrorMessage(1), "Line too long");
+    EXPECT_STREQ(scriptErrorMessage(19), "Limitations: file size is too large");
+    EXPECT_STREQ(scriptErrorMessage(84), "Missing identifer");
+    EXPECT_STREQ(scriptErrorMessage(92), "Stack owerflow");
+    EXPECT_STREQ(scriptErrorMessage(99), "Unknown error");
+    EXPECT_STREQ(scriptErrorMessage(0), "");
+    EXPECT_STREQ(scriptErrorMessage(100), "");
+    EXPECT_STREQ(scriptErrorMessage(-5), "");
+}
+
+TEST(ScriptBuiltins, NameTableIsSortedAndComplete) {
+    size_t n = 0;
+    const BuiltinEntry* t = builtinTable(&n);
+    ASSERT_EQ(n, 337u);
+    std::set<int> numbers;
+    for (size_t i = 0; i < n; ++i) {
+        if (i > 0) {
+            EXPECT_LT(std::strcmp(t[i - 1].name, t[i].name), 0) << t[i].name;
+        }
+        EXPECT_EQ(findBuiltin(t[i].name), &t[i]);
+        numbers.insert(t[i].number);
+    }
+    EXPECT_EQ(numbers.size(), 337u - 3);  // three names share a number with another
+    for (int unbound : {5, 6, 22}) EXPECT_EQ(numbers.count(unbound), 0u);
+    EXPECT_EQ(findBuiltin("atan2")->number, findBuiltin("atan")->number);
+    EXPECT_EQ(findBuiltin("Zol_EdCmd")->number, 239);
+    EXPECT_EQ(findBuiltin("CallDLLFunc")->number, findBuiltin("Zol_CallDLLFunc")->number);
+    EXPECT_EQ(findBuiltin("ATAN"), nullptr);
+}
+
+TEST(ScriptPreprocessor, NamesFilesForReports) {
+    PreprocessOutput pp;
+    pp.fileNames = {"scripts/tool.c", "inc.h"};
+    EXPECT_EQ(scriptFileNameOf(pp, 0), "tool.c");
+    EXPECT_EQ(scriptFileNameOf(pp, 1), "inc.h");
+    EXPECT_EQ(scriptFileNameOf(pp, 2), "xxx.xxx");
+    pp.fileNames[0] = "dir\\win.c";
+    EXPECT_EQ(scriptFileNameOf(pp, 0), "win.c");
+    pp.fileNames[0] = "bare.c";
+    EXPECT_EQ(scriptFileNameOf(pp, 0), "mainfile");
+}
+
+TEST(ScriptPreprocessor, MarksWhereSkippedAndIncludedLinesCameFrom) {
+    const fs::path dir = fs::temp_directory_path() / ("zolder_pp_" + std::to_string(::getpid()));
+    fs::create_directories(dir);
+    std::ofstream(dir / "part.h") << "int fromHeader;\n";
+    PreprocessOutput pp;
+    preprocess((dir / "main.c").string(),
+               "#define TWICE(x) ((x) * 2)\n#if 0\nskipped\n#endif\nint a = TWICE(3);\n#include \"part.h\"\nint b;\n",
+               dir.string(), pp);
+    fs::remove_all(dir);
+    EXPECT_NE(pp.text.find("\n/*0:5*/int a = ((3) * 2);\n"), std::string::npos) << pp.text;
+    EXPECT_NE(pp.text.find("\n/*1:1*/int fromHeader;\n"), std::string::npos) << pp.text;
+    EXPECT_NE(pp.text.find("\n/*0:7*/int b;\n"), std::string::npos) << pp.text;
+    EXPECT_EQ(pp.text.find("skipped"), std::string::npos);
+    ASSERT_EQ(pp.fileNames.size(), 2u);
+    EXPECT_EQ(pp.fileNames[1], "part.h");
+}
+
+TEST(ScriptPreprocessor, RescansReplacementsButNeverRecursesIntoTheSameMacro) {
+    PreprocessOutput pp;
+    preprocess("/x/main.c", "#define A B + A\n#define B 1\n#define F(x) F(x) + A\nF(A)\n", "/x", pp);
+    // A -> B + A -> 1 + A, and inside F the argument expands before substitution.
+    EXPECT_NE(pp.text.find("F(1 + A) + 1 + A"), std::string::npos) << pp.text;
+}
+
+TEST(ScriptPreprocessor, ReportsTheSourceLineOfAnError) {
+    PreprocessOutput pp;
+    int code = 0, line = 0;
+    try {
+        preprocess("/x/main.c", "int a;\n\n#endif\n", "/x", pp);
+    } catch (const ScriptFault& f) {
+        code = f.code;
+        line = f.line;
+    }
+    EXPECT_EQ(code, kErrEndif);
+    EXPECT_EQ(line, 3);
+}
+
+TEST(ScriptLexer, WritesOneCodePerTokenAndNumbersSymbolsInOrder) {
+    TokenStream ts;
+    tokenize("beta += alpha <<= 2; if (beta != alpha) return beta->x;", ts);
+    const uint8_t want[] = {kTokIdent, '+' | kTokAssignBit, kTokIdent, kTokShl | kTokAssignBit, kTokNumber, ';', kTokIf, '(',
+                            kTokIdent, kTokNe, kTokIdent, ')', kTokReturn, kTokIdent, kTokArrow, kTokIdent, ';', kTokEnd};
+    ASSERT_EQ(ts.toks.size(), sizeof want);
+    for (size_t i = 0; i < sizeof want; ++i) EXPECT_EQ(ts.toks[i].code, want[i]) << i;
+    EXPECT_EQ(ts.toks[0].i, 1);  // beta came first
+    EXPECT_EQ(ts.toks[2].i, 2);
+    EXPECT_EQ(ts.symbols.find("alpha"), 2);
+    EXPECT_EQ(ts.symbols.sorted.front().first, "alpha");  // the table itself is sorted by name
+}
+
+TEST(ScriptLexer, TakesFileAndLineFromMarkers) {
+    TokenStream ts;
+    tokenize("a\n/*3:40*/b\nc", ts);
+    ASSERT_EQ(ts.toks.size(), 4u);
+    EXPECT_EQ(ts.toks[0].line, 1);
+    EXPECT_EQ(ts.toks[1].file, 3);
+    EXPECT_EQ(ts.toks[1].line, 40);
+    EXPECT_EQ(ts.toks[2].line, 41);
+}
+
+struct Captured {
+    ScriptRunResult result;
+    std::string out;
+};
+
+Captured run(const std::string& text, ScriptRunOptions opts = {}, std::vector<std::string> args = {"t.c"}) {
+    FILE* out = std::tmpfile();
+    opts.out = out;
+    Captured c;
+    c.result = runScriptText("/nowhere/t.c", text, args, opts);
+    std::rewind(out);
+    char buf[4096];
+    size_t n;
+    while ((n = std::fread(buf, 1, sizeof buf, out)) > 0) c.out.append(buf, n);
+    std::fclose(out);
+    return c;
+}
+
+TEST(ScriptRun, MainGetsTheArgumentsAndItsValueIsTheResult) {
+    const Captured c = run(
+        "int main(int argc, char **argv) { printf(\"%d %s %s %d\", argc, argv[0], argv[2], argv[3] == 0); return 300; }",
+        {}, {"t.c", "x", "y"});
+    EXPECT_EQ(c.result.error, 0);
+    EXPECT_EQ(c.result.value, 300);
+    EXPECT_EQ(c.out, "3 t.c y 1");
+}
+
+TEST(ScriptRun, ExitEndsTheRunWithItsStatus) {
+    const Captured c = run("void quit(void) { exit(4); } int main(void) { quit(); printf(\"no\"); return 0; }");
+    EXPECT_EQ(c.result.error, 0);
+    EXPECT_EQ(c.result.value, 4);
+    EXPECT_EQ(c.out, "");
+}
+
+TEST(ScriptRun, ErrorsGiveMinusOneAndTheReport) {
+    const Captured c = run("int main(void) {\n  int z = 0;\n  return 1 / z;\n}\n");
+    EXPECT_EQ(c.result.value, -1);
+    EXPECT_EQ(c.result.error, kErrDivZero);
+    EXPECT_EQ(c.result.message, "t.c Line 3: Divide by 0");
+}
+
+TEST(ScriptRun, StepBudgetStopsARunawayLoopAsTheUserWould) {
+    ScriptRunOptions opts;
+    opts.stepBudget = 10000;
+    const Captured c = run("int main(void) { for (;;) ; }", opts);
+    EXPECT_EQ(c.result.error, kErrTerminated);
+    EXPECT_FALSE(isScriptRunning());
+}
+
+TEST(ScriptRun, OnlyOneRunAtATime) {
+    int fds[2];
+    ASSERT_EQ(::pipe(fds), 0);
+    FILE* in = ::fdopen(fds[0], "r");
+    ScriptRunOptions opts;
+    opts.in = in;
+    ScriptRunResult first;
+    std::thread t([&] { first = runScriptText("/x/a.c", "int main(void) { return getchar(); }", {"a.c"}, opts); });
+    while (!isScriptRunning()) std::this_thread::yield();
+    const ScriptRunResult second = runScriptText("/x/b.c", "int main(void) { return 5; }", {"b.c"}, {});
+    EXPECT_TRUE(second.refused);
+    EXPECT_EQ(second.value, 0);
+    ASSERT_EQ(::write(fds[1], "A", 1), 1);
+    t.join();
+    EXPECT_EQ(first.value, 'A');
+    std::fclose(in);
+    ::close(fds[1]);
+    EXPECT_FALSE(isScriptRunning());
+    EXPECT_EQ(runScriptText("/x/c.c", "int main(void) { return 6; }", {"c.c"}, {}).value, 6);
+}
+
+TEST(ScriptRun, InterruptFromTheTerminalEndsTheRunWithError98) {
+    const fs::path dir = fs::temp_directory_path() / ("zolder_int_" + std::to_string(::getpid()));
+    fs::create_directories(dir / "home");
+    std::ofstream(dir / "loop.c") << "#include <stdio.h>\nint main(void) { printf(\"started\\n\"); fflush(stdout); for (;;) ; }\n";
+    const std::string cmd = "timeout --preserve-status -s INT 1 " + std::string(ZOLDER_BINARY) + " --headless --home " + (dir / "home").string() +
+                            " --run " + (dir / "loop.c").string() + " >" + (dir / "out").string() + " 2>" +
+                            (dir / "err").string();
+    const int raw = std::system(cmd.c_str());
+    std::ifstream err(dir / "err");
+    std::string line;
+    std::getline(err, line);
+    fs::remove_all(dir);
+    EXPECT_EQ(WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, 255);
+    EXPECT_EQ(line, "loop.c Line 2: Program terminated by user");
+}
+
+}  // namespace
+}  // namespace zol

@@ -1,0 +1,3 @@
+/* A header with a mistake on its third line. */
+int fine;
+int broken = ;

@@ -1,0 +1,1 @@
+#define SQUARE(v) ((v) * (v))

@@ -1,0 +1,64 @@
+/* Thirty nested conditionals are allowed. */
+// exit: 30
+#if 1
+#if 2
+#if 3
+#if 4
+#if 5
+#if 6
+#if 7
+#if 8
+#if 9
+#if 10
+#if 11
+#if 12
+#if 13
+#if 14
+#if 15
+#if 16
+#if 17
+#if 18
+#if 19
+#if 20
+#if 21
+#if 22
+#if 23
+#if 24
+#if 25
+#if 26
+#if 27
+#if 28
+#if 29
+#if 30
+int depth = 30;
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+#endif
+int main(void) { return depth; }

@@ -1,0 +1,1 @@
+#include "inc/n1.h"

@@ -1,0 +1,1 @@
+#define DEEPEST 12

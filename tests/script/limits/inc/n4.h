@@ -1,0 +1,1 @@
+#include "inc/n5.h"

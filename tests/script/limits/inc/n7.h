@@ -1,0 +1,1 @@
+#include "inc/n8.h"
