@@ -10,7 +10,6 @@ MacroStore* store = nullptr;
 ExternalCommandRunner external = nullptr;
 
 constexpr uint16_t kInsertChar = 2, kNullCmd = 1, kUndo = 120;
-constexpr uint16_t kPlugInCommandId = 311;
 constexpr uint16_t kRecordMacro = 230, kStopRecorder = 231, kMacro = 232, kExecScript = 235;
 
 bool takesParameter(uint16_t id) {
@@ -45,10 +44,7 @@ int execute(Document& doc, uint16_t id, uint32_t param, uint32_t flags) {
             doc.macroRunning = wasRunning;
             return 1;
         }
-        if (id >= kFirstExternalCommand && external) {
-            if (doc.recorder == 1 && store) store->recordStep(doc, kPlugInCommandId, id);
-            return external(doc, id);
-        }
+        if (id >= kFirstExternalCommand && external) return external(doc, id);
         return 0;
     }
     switch (id) {

@@ -34,8 +34,8 @@ MacroStore* macroStore();
 
 // Commands registered from outside the table (plug-ins) have ids from
 // kFirstExternalCommand on. Keys bind them by id; the runner answers 0 when no one
-// took the command. While a macro records, such a command is kept as the step
-// "PlugInCommandID" with its id as parameter.
+// took the command, and records its own macro steps, since ids are handed out anew
+// in every run.
 constexpr uint16_t kFirstExternalCommand = 2000;
 using ExternalCommandRunner = int (*)(Document& doc, uint16_t id);
 void setExternalCommandRunner(ExternalCommandRunner runner);

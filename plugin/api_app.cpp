@@ -19,6 +19,7 @@ using namespace zol;
 namespace {
 
 constexpr int kTempNameSize = ZOL_MAX_PATH;
+constexpr size_t kFindTextSize = ZOL_FIND_TEXT_SIZE;
 constexpr int kMinOpenDialogBuffer = 3;
 constexpr int kMinSaveDialogBuffer = 2;
 
@@ -88,15 +89,43 @@ BOOL ZOLAPI Zol_ExecuteMacro(HDOC h, const char* macro) {
 BOOL ZOLAPI Zol_FindDlg(char* text, BOOL* wholeWord, BOOL* matchCase, BOOL* regExp, BOOL* forward) {
     return guarded<BOOL>(0, [&]() -> BOOL {
         if (!text || !wholeWord || !matchCase || !regExp || !forward) return 0;
-        return 0;
+        FindDialogData d;
+        d.findText.assign(text, strnlen(text, kFindTextSize - 1));
+        d.wholeWord = *wholeWord;
+        d.matchCase = *matchCase;
+        d.regex = *regExp;
+        d.forward = *forward;
+        if (shell().findDialog(d, false) == FindDialogResult::Cancel) return 0;
+        copyOut(text, kFindTextSize, d.findText);
+        *wholeWord = d.wholeWord;
+        *matchCase = d.matchCase;
+        *regExp = d.regex;
+        *forward = d.forward;
+        return 1;
     });
 }
 
+// The Replace dialog's "Replace All" button is its button 3.
 int ZOLAPI Zol_ReplaceDlg(char* findText, char* replaceText, BOOL* wholeWord, BOOL* matchCase, BOOL* regExp,
                           BOOL* forward, BOOL* inSelection) {
     return guarded<int>(0, [&]() -> int {
         if (!findText || !replaceText || !wholeWord || !matchCase || !regExp || !forward || !inSelection) return 0;
-        return 0;
+        FindDialogData d;
+        d.findText.assign(findText, strnlen(findText, kFindTextSize - 1));
+        d.replaceText.assign(replaceText, strnlen(replaceText, kFindTextSize - 1));
+        d.wholeWord = *wholeWord;
+        d.matchCase = *matchCase;
+        d.regex = *regExp;
+        d.forward = *forward;
+        const FindDialogResult r = shell().findDialog(d, true);
+        if (r == FindDialogResult::Cancel) return 0;
+        copyOut(findText, kFindTextSize, d.findText);
+        copyOut(replaceText, kFindTextSize, d.replaceText);
+        *wholeWord = d.wholeWord;
+        *matchCase = d.matchCase;
+        *regExp = d.regex;
+        *forward = d.forward;
+        return r == FindDialogResult::ReplaceAll ? 2 : 1;
     });
 }
 

@@ -1,11 +1,15 @@
 // Services for plug-ins (XPZ_): commands, keys, scripts, windows and the modules.
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "config/keymap.h"
 #include "engine/document_list.h"
+#include "engine/shell.h"
 #include "platform/paths.h"
 #include "plugin/api_guard.h"
 #include "plugin/plugin_manager.h"
+#include "script/runner.h"
 
 using namespace zol;
 
@@ -13,6 +17,7 @@ namespace {
 
 constexpr int kMaxDockPosition = 4;
 constexpr const char* kPlugInFolder = "PlugIns";
+constexpr const char* kScriptIncludeFolder = "script/include";
 
 std::string orEmpty(const char* s) { return s ? s : ""; }
 
@@ -40,13 +45,21 @@ int ZOLAPI XPZ_AddCommand(ZOL_MODULE module, int itemId, const char* name, const
 
 BOOL ZOLAPI XPZ_KeyMappingDlg(ZOL_WND /*owner*/, int /*reserved1*/, int /*reserved2*/) { return 0; }
 
-BOOL ZOLAPI XPZ_IsScriptRunning(void) { return 0; }
+BOOL ZOLAPI XPZ_IsScriptRunning(void) { return isScriptRunning(); }
 
-// Scripts run only once the main window exists, and not in this build.
-BOOL ZOLAPI XPZ_ExecScript(const char* path, const char* /*arguments*/) {
+// Scripts run only once the main window exists; an error report goes to a message box.
+BOOL ZOLAPI XPZ_ExecScript(const char* path, const char* arguments) {
     return guarded<BOOL>(0, [&]() -> BOOL {
-        if (!path || !documentList() || !documentList()->mainWindow()) return 0;
-        return 0;
+        if (!path || !*path || isScriptRunning() || !documentList() || !documentList()->mainWindow()) return 0;
+        std::vector<std::string> args;
+        std::istringstream words(arguments ? arguments : "");
+        for (std::string w; words >> w;) args.push_back(w);
+        ScriptRunOptions opts;
+        opts.includeDir = homeDir() + kScriptIncludeFolder;
+        const ScriptRunResult r = runScriptFile(path, args, opts);
+        if (r.refused) return 0;
+        if (r.error) shell().message(r.message);
+        return 1;
     });
 }
 

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "engine/case_map.h"
 #include "engine/columns.h"
 #include "engine/text_util.h"
 #include "plugin/api_guard.h"
@@ -49,7 +50,12 @@ char* ZOLAPI Zol_StrUpr(char* s) {
     });
 }
 
-int ZOLAPI Zol_ToUpper(int c) { return static_cast<unsigned char>(asciiUpper(static_cast<char>(c))); }
-int ZOLAPI Zol_ToLower(int c) { return static_cast<unsigned char>(asciiLower(static_cast<char>(c))); }
-BOOL ZOLAPI Zol_IsUpper(int c) { return c >= 'A' && c <= 'Z'; }
-BOOL ZOLAPI Zol_IsAlpha(int c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+// The editor's own code page (Windows-1252); values outside a byte come back as given.
+int ZOLAPI Zol_ToUpper(int c) {
+    return c < 0 || c > 255 ? c : static_cast<unsigned char>(cpUpper(static_cast<char>(c)));
+}
+int ZOLAPI Zol_ToLower(int c) {
+    return c < 0 || c > 255 ? c : static_cast<unsigned char>(cpLower(static_cast<char>(c)));
+}
+BOOL ZOLAPI Zol_IsUpper(int c) { return c >= 0 && c <= 255 && cpLower(static_cast<char>(c)) != static_cast<char>(c); }
+BOOL ZOLAPI Zol_IsAlpha(int c) { return c >= 0 && c <= 255 && cpIsLetter(static_cast<char>(c)); }

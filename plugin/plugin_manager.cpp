@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "engine/command_params.h"
 #include "engine/command_table.h"
+#include "engine/document.h"
 #include "engine/editor_events.h"
 #include "engine/executor.h"
 #include "engine/shell.h"
@@ -18,7 +20,9 @@ namespace {
 constexpr const char* kPlugInFolder = "PlugIns";
 constexpr const char* kSplashModule = "splash.zop";
 constexpr const char* kSdkModule = "sdk.zop";
+constexpr uint16_t kPlugInCommandByName = 310;     // "PlugInCommand"
 constexpr uint16_t kPlugInCommandIdCommand = 311;  // "PlugInCommandID"
+constexpr uint16_t kParam1Command = 236;
 
 using XppCanUnload = int (*)();
 using XppUnload = void (*)(intptr_t owner);
@@ -50,7 +54,22 @@ int cmdPlugInCommandId(Document& doc, const CommandCall& call) {
     return runPlugInCommand(static_cast<int>(call.param), &doc) != 0;
 }
 
-int runExternal(Document& doc, uint16_t id) { return runPlugInCommand(id, &doc) != 0; }
+// Run from a key or a menu: a recording macro keeps the command by name, as Param1
+// characters followed by "PlugInCommand", because numbers change between runs.
+int runExternal(Document& doc, uint16_t id) {
+    const PlugInCommand* c = findPlugInCommand(id);
+    if (!c || !c->module) return 0;
+    if (doc.recorder == 1 && macroStore()) {
+        for (char ch : c->name) macroStore()->recordStep(doc, kParam1Command, static_cast<unsigned char>(ch));
+        macroStore()->recordStep(doc, kPlugInCommandByName, 0);
+    }
+    return runPlugInCommand(id, &doc) != 0;
+}
+
+int cmdPlugInCommand(Document& doc, const CommandCall&) {
+    const PlugInCommand* c = findPlugInCommand(commandParam(1));
+    return c && runPlugInCommand(c->number, &doc) != 0;
+}
 
 }  // namespace
 
@@ -246,6 +265,7 @@ bool removePlugInWindow(intptr_t handle) {
 void initPlugIns() {
     setEventListener(onEvent);
     setCommandHandler(kPlugInCommandIdCommand, cmdPlugInCommandId);
+    setCommandHandler(kPlugInCommandByName, cmdPlugInCommand);
     setExternalCommandRunner(runExternal);
 }
 

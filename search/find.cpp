@@ -6,7 +6,7 @@
 
 #include "engine/columns.h"
 #include "engine/document.h"
-#include "search/case_map.h"
+#include "engine/case_map.h"
 
 namespace zol {
 namespace {

@@ -1,7 +1,7 @@
 // Expanding a replacement template from the groups of the last match.
 #include <cstring>
 
-#include "search/case_map.h"
+#include "engine/case_map.h"
 #include "search/regex.h"
 
 namespace zol {

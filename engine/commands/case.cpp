@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/case_map.h"
 #include "engine/columns.h"
 #include "engine/commands/edit_result.h"
 #include "engine/commands/handlers.h"
@@ -14,35 +15,9 @@
 namespace zol {
 namespace {
 
-// Windows-1252 pairs beyond ASCII: the Latin-1 letters (bar the multiplication
-// and division signs) and the few in 0x80..0x9F.
-unsigned char upperOf(unsigned char c) {
-    if (c >= 'a' && c <= 'z') return static_cast<unsigned char>(c - 32);
-    if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return static_cast<unsigned char>(c - 32);
-    switch (c) {
-        case 0x9A: return 0x8A;
-        case 0x9C: return 0x8C;
-        case 0x9E: return 0x8E;
-        case 0xFF: return 0x9F;
-        default: return c;
-    }
-}
-
-unsigned char lowerOf(unsigned char c) {
-    if (c >= 'A' && c <= 'Z') return static_cast<unsigned char>(c + 32);
-    if (c >= 0xC0 && c <= 0xDE && c != 0xD7) return static_cast<unsigned char>(c + 32);
-    switch (c) {
-        case 0x8A: return 0x9A;
-        case 0x8C: return 0x9C;
-        case 0x8E: return 0x9E;
-        case 0x9F: return 0xFF;
-        default: return c;
-    }
-}
-
-char toUpperChar(char c) { return static_cast<char>(upperOf(static_cast<unsigned char>(c))); }
-char toLowerChar(char c) { return static_cast<char>(lowerOf(static_cast<unsigned char>(c))); }
-bool isLetter(char c) { return upperOf(static_cast<unsigned char>(c)) != lowerOf(static_cast<unsigned char>(c)); }
+char toUpperChar(char c) { return cpUpper(c); }
+char toLowerChar(char c) { return cpLower(c); }
+bool isLetter(char c) { return cpUpper(c) != cpLower(c); }
 
 enum class Change { Upper, Lower, Flip, Capitalize, Title, Sentence };
 

@@ -185,5 +185,19 @@ TEST_F(PlugInTest, DocumentEventsArriveWhenTheyHappen) {
     EXPECT_TRUE(plugInManager().modules.empty());
 }
 
+TEST_F(PlugInTest, AModuleDrivesAWholeEditThroughTheInterface) {
+    install("recorder.zop", "recorder.zop");
+    LibraryHandle rec = keep("recorder.zop");
+    start();
+    Document* doc = newDocument(app_);
+    const std::string path = home_ + "driven.c";
+    EXPECT_EQ(fn<int (*)(void*, const char*)>(rec, "recorder_drive")(doc, path.c_str()), 0);
+    std::ifstream in(path, std::ios::binary);
+    const std::string saved((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(saved, "int main(void)\r\n{\r\n    return 42;\r\n}\r\n");
+    EXPECT_FALSE(doc->modified);
+    EXPECT_NE(logOf(rec).find("e105 e106"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace zol

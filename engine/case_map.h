@@ -1,5 +1,6 @@
-// Case mapping of the editor's code page (Windows-1252) for searches without regard
-// to case and for the case modifiers of replacement templates.
+// Case mapping of the editor's code page (Windows-1252): the case commands, searches
+// without regard to case, the case modifiers of replacement templates and the
+// interface's character functions all use this one table.
 #pragma once
 #include <array>
 #include <cstdint>
