@@ -15,11 +15,6 @@ void writePair(int* col, int* line, int c, int l) {
     if (line) *line = l;
 }
 
-bool flag(HDOC h, bool Document::*member) {
-    Document* doc = docOf(h);
-    return doc && doc->*member;
-}
-
 }  // namespace
 
 void ZOLAPI Zol_GetCursorPos(HDOC h, int* col, int* line) {
@@ -58,7 +53,7 @@ void ZOLAPI Zol_SetWndScrollPos(HDOC h, int col, int line) {
 }
 
 BOOL ZOLAPI Zol_IsSelExist(HDOC h) {
-    return guarded<BOOL>(0, [&] { return flag(h, &Document::selExists); });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::selExists); });
 }
 
 BOOL ZOLAPI Zol_IsColumnSelMode(HDOC h) {
@@ -69,11 +64,11 @@ BOOL ZOLAPI Zol_IsColumnSelMode(HDOC h) {
 }
 
 BOOL ZOLAPI Zol_IsSelecting(HDOC h) {
-    return guarded<BOOL>(0, [&] { return flag(h, &Document::selecting); });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::selecting); });
 }
 
 BOOL ZOLAPI Zol_IsLineDrawing(HDOC h) {
-    return guarded<BOOL>(0, [&] { return flag(h, &Document::lineDrawing); });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::lineDrawing); });
 }
 
 int ZOLAPI Zol_GetSelType(HDOC h) {

@@ -208,10 +208,7 @@ void ZOLAPI Zol_SetTextFileFormat(HDOC h, int format) {
 }
 
 BOOL ZOLAPI Zol_IsModified(HDOC h) {
-    return guarded<BOOL>(0, [&] {
-        Document* doc = docOf(h);
-        return doc && doc->modified;
-    });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::modified); });
 }
 
 void ZOLAPI Zol_SetModified(HDOC h, BOOL modified) {
@@ -221,10 +218,7 @@ void ZOLAPI Zol_SetModified(HDOC h, BOOL modified) {
 }
 
 BOOL ZOLAPI Zol_IsReadOnly(HDOC h) {
-    return guarded<BOOL>(0, [&] {
-        Document* doc = docOf(h);
-        return doc && doc->readOnly;
-    });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::readOnly); });
 }
 
 void ZOLAPI Zol_SetReadOnly(HDOC h, BOOL readOnly) {
@@ -240,10 +234,7 @@ void ZOLAPI Zol_SetReadOnly(HDOC h, BOOL readOnly) {
 }
 
 BOOL ZOLAPI Zol_IsOutputWindow(HDOC h) {
-    return guarded<BOOL>(0, [&] {
-        Document* doc = docOf(h);
-        return doc && doc->outputWindow;
-    });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::outputWindow); });
 }
 
 void ZOLAPI Zol_SetOutputWindow(HDOC h, BOOL output) {
@@ -260,8 +251,5 @@ BOOL ZOLAPI Zol_IsMacroRecording(HDOC h) {
 }
 
 BOOL ZOLAPI Zol_IsMacroRunning(HDOC h) {
-    return guarded<BOOL>(0, [&] {
-        Document* doc = docOf(h);
-        return doc && doc->macroRunning;
-    });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::macroRunning); });
 }

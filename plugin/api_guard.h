@@ -32,6 +32,12 @@ void guardedVoid(F&& body) noexcept {
 Document* docOf(HDOC h);
 inline HDOC handleOf(Document* doc) { return doc; }
 
+// A per-document flag as the Is functions answer it: 0 for no document.
+inline BOOL docFlag(HDOC h, bool Document::*member) {
+    const Document* doc = docOf(h);
+    return doc && doc->*member;
+}
+
 // Copies text into a caller's buffer of size bytes, cut to size - 1 and terminated.
 inline void copyOut(char* buffer, int size, std::string_view text) {
     if (!buffer || size < 1) return;

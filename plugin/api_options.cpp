@@ -109,10 +109,7 @@ BOOL ZOLAPI Zol_CanSoftWordWrap(HDOC h) {
 }
 
 BOOL ZOLAPI Zol_IsDocWordWrap(HDOC h) {
-    return guarded<BOOL>(0, [&] {
-        Document* doc = docOf(h);
-        return doc && doc->wordWrap;
-    });
+    return guarded<BOOL>(0, [&] { return docFlag(h, &Document::wordWrap); });
 }
 
 void ZOLAPI Zol_SetDocWordWrap(HDOC h, BOOL on) {
