@@ -1,6 +1,8 @@
 // Storage for line blocks. Each line is one block: a small header followed by its
-// zero-terminated text. Blocks are carved from 1 MiB slabs and addressed by 32-bit
+// zero-terminated text. Blocks are carved from 2 MiB slabs and addressed by 32-bit
 // references so that a document of millions of short lines stays close to its file size.
+// Every slab after the first is a huge-page block: a big file loads with far fewer page
+// faults, while a small document keeps to the pages it touches.
 #pragma once
 #include <cstdint>
 #include <memory>
@@ -33,7 +35,7 @@ public:
     void clear();
 
 private:
-    static constexpr unsigned kSlabShift = 20;                 // 1 MiB slabs
+    static constexpr unsigned kSlabShift = 21;                 // 2 MiB slabs
     static constexpr uint32_t kSlabSize = 1u << kSlabShift;
     static constexpr unsigned kGrain = 4;                      // block alignment
     // A reference holds slab index and offset / kGrain.
@@ -46,7 +48,15 @@ private:
         return slabs_[ref >> kOffsetBits].get() + ((ref & ((1u << kOffsetBits) - 1)) << 2);
     }
 
-    std::vector<std::unique_ptr<char[]>> slabs_;
+    struct SlabFree {
+        bool big = false;  // from allocateBigBlock rather than new[]
+        void operator()(char* p) const;
+    };
+    using Slab = std::unique_ptr<char[], SlabFree>;
+
+    static Slab newSlab(bool first);
+
+    std::vector<Slab> slabs_;
     uint32_t used_ = kSlabSize;          // bytes used in the newest slab
     std::vector<LineRef> freeLists_;     // by blockSize / kGrain; link in the block's first word
 };
