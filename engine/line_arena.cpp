@@ -20,7 +20,7 @@ LineArena::Slab LineArena::newSlab(bool first) {
     return Slab(p, SlabFree{true});
 }
 
-LineRef LineArena::allocate(uint16_t len) {
+LineRef LineArena::allocateSlow(uint16_t len) {
     const uint32_t size = blockSize(len);
     const uint32_t cls = size / kGrain;
     LineRef ref = kNoLine;
@@ -36,10 +36,7 @@ LineRef LineArena::allocate(uint16_t len) {
         ref = static_cast<LineRef>(((slabs_.size() - 1) << kOffsetBits) | (used_ >> 2));
         used_ += size;
     }
-    LineHeader* h = header(ref);
-    *h = LineHeader{kNoLine, kNoLine, len, 0, 0};
-    text(ref)[len] = '\0';
-    return ref;
+    return initBlock(ref, len);
 }
 
 void LineArena::release(LineRef ref) {

@@ -25,7 +25,17 @@ static_assert(sizeof(LineHeader) == 12);
 class LineArena {
 public:
     // A block able to hold `len` bytes of text plus its zero; header zeroed except len.
-    LineRef allocate(uint16_t len);
+    LineRef allocate(uint16_t len) {
+        // Inline for the common case of loading a file: no freed block of the size,
+        // and room left in the newest slab.
+        const uint32_t size = blockSize(len);
+        const uint32_t cls = size / kGrain;
+        if ((cls < freeLists_.size() && freeLists_[cls] != kNoLine) || used_ + size > kSlabSize)
+            return allocateSlow(len);
+        const auto ref = static_cast<LineRef>(((slabs_.size() - 1) << kOffsetBits) | (used_ >> 2));
+        used_ += size;
+        return initBlock(ref, len);
+    }
     void release(LineRef ref);
     // True when a block made for `oldLen` bytes can hold `newLen` bytes in place.
     static bool fitsInPlace(uint16_t oldLen, uint16_t newLen) { return blockSize(newLen) <= blockSize(oldLen); }
@@ -55,6 +65,12 @@ private:
     using Slab = std::unique_ptr<char[], SlabFree>;
 
     static Slab newSlab(bool first);
+    LineRef allocateSlow(uint16_t len);
+    LineRef initBlock(LineRef ref, uint16_t len) {
+        *header(ref) = LineHeader{kNoLine, kNoLine, len, 0, 0};
+        text(ref)[len] = '\0';
+        return ref;
+    }
 
     std::vector<Slab> slabs_;
     uint32_t used_ = kSlabSize;          // bytes used in the newest slab

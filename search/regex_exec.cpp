@@ -27,10 +27,14 @@ struct TrailEntry {
 };
 
 // Scratch kept between calls so that matching a million lines allocates nothing.
-thread_local std::vector<Choice> choices;
-thread_local std::vector<TrailEntry> trail;
+thread_local std::vector<Choice> tChoices;
+thread_local std::vector<TrailEntry> tTrail;
 
 struct Matcher {
+    // This thread's scratch, looked up at the first candidate start: in a shared library
+    // every use of a thread-local costs a call, and most lines never reach a candidate.
+    std::vector<Choice>* choices;
+    std::vector<TrailEntry>* trail;
     const uint8_t* code;
     const char* text;
     bool lineStart;
@@ -62,7 +66,7 @@ struct Matcher {
         return static_cast<size_t>(s - p);
     }
 
-    void record(int slot, const char* pos) {
+    void record(std::vector<TrailEntry>& trail, int slot, const char* pos) {
         trail.push_back({static_cast<uint8_t>(slot), slots[slot]});
         slots[slot] = pos;
     }
@@ -81,6 +85,12 @@ struct Matcher {
 };
 
 bool Matcher::tryAt(const char* s) {
+    if (!choices) {
+        choices = &tChoices;
+        trail = &tTrail;
+    }
+    std::vector<Choice>& choices = *this->choices;
+    std::vector<TrailEntry>& trail = *this->trail;
     for (const char*& p : slots) p = nullptr;
     choices.clear();
     trail.clear();
@@ -119,6 +129,11 @@ bool Matcher::tryAt(const char* s) {
                     ok = false;
                     break;
                 }
+                // The first byte matched; a single-byte literal needs nothing more.
+                if (lit[1] == '\0') {
+                    ++pos;
+                    break;
+                }
                 const size_t len = std::strlen(lit);
                 ok = std::strncmp(lit, pos, len) == 0;
                 pos += len;
@@ -146,8 +161,8 @@ bool Matcher::tryAt(const char* s) {
                 break;
             }
             default:
-                if (op > kOpOpen && op < kOpOpen + kRegexGroups) record(op - kOpOpen, pos);
-                else if (op > kOpClose && op < kOpClose + kRegexGroups) record(kRegexGroups + op - kOpClose, pos);
+                if (op > kOpOpen && op < kOpOpen + kRegexGroups) record(trail, op - kOpOpen, pos);
+                else if (op > kOpClose && op < kOpClose + kRegexGroups) record(trail, kRegexGroups + op - kOpClose, pos);
                 else return false;  // not a node kind: a damaged program never matches
                 break;
         }
@@ -207,7 +222,7 @@ int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool b
     }
     if (prog->mustText && !memmem(text, len, prog->mustText, static_cast<size_t>(prog->mustLength))) return 0;
 
-    Matcher m{prog->code.data(), text, textStartIsLineStart, {}, 0, false};
+    Matcher m{nullptr, nullptr, prog->code.data(), text, textStartIsLineStart, {}, 0, false};
     const char first = prog->firstChar;
     auto found = [&]() {
         for (int i = 0; i < kRegexGroups; ++i) {
