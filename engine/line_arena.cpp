@@ -1,10 +1,26 @@
 #include "engine/line_arena.h"
 
 #include <cstring>
+#include <new>
+
+#include "platform/big_block.h"
 
 namespace zol {
 
-LineRef LineArena::allocate(uint16_t len) {
+void LineArena::SlabFree::operator()(char* p) const {
+    if (big) freeBigBlock(p, kSlabSize);
+    else delete[] p;
+}
+
+LineArena::Slab LineArena::newSlab(bool first) {
+    static_assert(kSlabSize % kBigBlockAlign == 0);
+    if (first) return Slab(new char[kSlabSize]);
+    char* p = allocateBigBlock(kSlabSize);
+    if (!p) throw std::bad_alloc();
+    return Slab(p, SlabFree{true});
+}
+
+LineRef LineArena::allocateSlow(uint16_t len) {
     const uint32_t size = blockSize(len);
     const uint32_t cls = size / kGrain;
     LineRef ref = kNoLine;
@@ -13,17 +29,14 @@ LineRef LineArena::allocate(uint16_t len) {
         std::memcpy(&freeLists_[cls], address(ref), sizeof(LineRef));
     } else {
         if (used_ + size > kSlabSize) {
-            slabs_.push_back(std::unique_ptr<char[]>(new char[kSlabSize]));
+            slabs_.push_back(newSlab(slabs_.empty()));
             // Offset 0 of slab 0 would be reference 0, which means "no line".
             used_ = slabs_.size() == 1 ? kGrain : 0;
         }
         ref = static_cast<LineRef>(((slabs_.size() - 1) << kOffsetBits) | (used_ >> 2));
         used_ += size;
     }
-    LineHeader* h = header(ref);
-    *h = LineHeader{kNoLine, kNoLine, len, 0, 0};
-    text(ref)[len] = '\0';
-    return ref;
+    return initBlock(ref, len);
 }
 
 void LineArena::release(LineRef ref) {

@@ -120,14 +120,15 @@ private:
 
     // How many of the n bytes at p fit on one line: the line ends before the byte that
     // would take it past the column or byte capacity.
-    static size_t fittingPrefix(const char* p, size_t n) {
-        // No byte is wider than a tab, so short lines need no column count.
-        if (n * static_cast<size_t>(options().tabSize) <= static_cast<size_t>(filemsg::kSplitColumns)) return n;
+    size_t fittingPrefix(const char* p, size_t n) const {
+        if (n <= surelyFits_) return n;
         const size_t fit = locateColumn(std::string_view(p, n), filemsg::kSplitColumns).offset;
         return std::min(fit, static_cast<size_t>(filemsg::kSplitBytes));
     }
 
     std::FILE* f_;
+    // No byte is wider than a tab, so lines up to this long need no column count.
+    const size_t surelyFits_ = static_cast<size_t>(filemsg::kSplitColumns) / static_cast<size_t>(options().tabSize);
     std::unique_ptr<char[]> buf_;
     size_t pos_ = 0, end_ = 0;  // unread lines are buf_[pos_, end_)
     size_t lf_ = 0, cr_ = 0;    // next LF and CR at or after pos_ (end_ when none)

@@ -293,8 +293,29 @@ struct Engine {
     uint32_t heapAlloc(uint64_t size, bool zero);        // 0 when refused
     bool heapFree(uint32_t addr);                        // false for an address no malloc gave
     HeapBlock* heapBlock(uint32_t addr);
-    void pushFrame(Function* f, uint32_t size);
-    void popFrame(Function* f, uint32_t size);
+    // In line: every script call makes one frame, and the call costs little else.
+    void pushFrame(Function* f, uint32_t size) {
+        if (data.empty()) data.assign(kDataHostSize, 0);
+        if (static_cast<uint64_t>(dataUsed) + size > kDataSpaceSize ||
+            static_cast<uint64_t>(globalTop) + frameTop + size + 2 * kObjectGap > kDataHostSize)
+            fail(kErrDataSpace);
+        dataUsed += size;
+        frameTop += (size + kObjectGap + 7) / 8 * 8;
+        fpv = kDataBase + kDataHostSize - frameTop;
+        fp = data.data() + (kDataHostSize - frameTop);
+        std::memset(fp, 0, size);
+        frameObjs.push_back(MemObject{fpv, fpv + f->paramBytes});
+        if (size > f->frameSize) frameObjs.push_back(MemObject{fpv + f->frameSize, fpv + size});
+        for (const MemObject& o : f->locals) frameObjs.push_back(MemObject{fpv + o.start, fpv + o.end});
+    }
+    void popFrame(Function* f, uint32_t size) {
+        const size_t objects = 1 + f->locals.size() + (size > f->frameSize ? 1 : 0);
+        frameObjs.erase(frameObjs.end() - static_cast<std::ptrdiff_t>(objects), frameObjs.end());
+        dataUsed -= size;
+        frameTop -= (size + kObjectGap + 7) / 8 * 8;
+        cacheStart = 1;
+        cacheEnd = 0;
+    }
     static Val load(const uint8_t* p, const Type* t) {
         Val v;
         switch (t->kind) {

@@ -34,29 +34,6 @@ uint32_t Engine::allocGlobal(uint32_t size, uint32_t align) {
     return addr;
 }
 
-void Engine::pushFrame(Function* f, uint32_t size) {
-    if (data.empty()) data.assign(kDataHostSize, 0);
-    if (static_cast<uint64_t>(dataUsed) + size > kDataSpaceSize ||
-        static_cast<uint64_t>(globalTop) + frameTop + size + 2 * kObjectGap > kDataHostSize)
-        fail(kErrDataSpace);
-    dataUsed += size;
-    frameTop += (size + kObjectGap + 7) / 8 * 8;
-    fpv = kDataBase + kDataHostSize - frameTop;
-    fp = data.data() + (kDataHostSize - frameTop);
-    std::memset(fp, 0, size);
-    frameObjs.push_back(MemObject{fpv, fpv + f->paramBytes});
-    if (size > f->frameSize) frameObjs.push_back(MemObject{fpv + f->frameSize, fpv + size});
-    for (const MemObject& o : f->locals) frameObjs.push_back(MemObject{fpv + o.start, fpv + o.end});
-}
-
-void Engine::popFrame(Function* f, uint32_t size) {
-    frameObjs.resize(frameObjs.size() - 1 - f->locals.size() - (size > f->frameSize ? 1 : 0));
-    dataUsed -= size;
-    frameTop -= (size + kObjectGap + 7) / 8 * 8;
-    cacheStart = 1;
-    cacheEnd = 0;
-}
-
 HeapBlock* Engine::heapBlock(uint32_t addr) {
     auto it = std::upper_bound(heap.begin(), heap.end(), addr, [](uint32_t x, const HeapBlock& b) { return x < b.start; });
     if (it == heap.begin()) return nullptr;

@@ -27,14 +27,24 @@ struct TrailEntry {
 };
 
 // Scratch kept between calls so that matching a million lines allocates nothing.
-thread_local std::vector<Choice> choices;
-thread_local std::vector<TrailEntry> trail;
+thread_local std::vector<Choice> tChoices;
+thread_local std::vector<TrailEntry> tTrail;
 
+// Made once per run over a line. Most lines never reach a candidate start, so whatever
+// only an attempt needs is set up at the first attempt rather than here.
 struct Matcher {
+    Matcher(const uint8_t* c, const char* t, bool atLineStart) : code(c), text(t), lineStart(atLineStart) {}
+
+    // This thread's scratch: in a shared library every use of a thread-local costs a call.
+    std::vector<Choice>* choices = nullptr;
+    std::vector<TrailEntry>* trail = nullptr;
     const uint8_t* code;
     const char* text;
     bool lineStart;
+    // Null at the start of an attempt. Only group marks write them before a match ends,
+    // so they are cleared again only after an attempt that passed one.
     const char* slots[2 * kRegexGroups];
+    bool slotsDirty = true;
     uint64_t steps = 0;
     bool gaveUp = false;
 
@@ -62,9 +72,10 @@ struct Matcher {
         return static_cast<size_t>(s - p);
     }
 
-    void record(int slot, const char* pos) {
+    void record(std::vector<TrailEntry>& trail, int slot, const char* pos) {
         trail.push_back({static_cast<uint8_t>(slot), slots[slot]});
         slots[slot] = pos;
+        slotsDirty = true;
     }
 
     // Largest count in [min, from] after which the repetition can go on, or -1.
@@ -81,7 +92,16 @@ struct Matcher {
 };
 
 bool Matcher::tryAt(const char* s) {
-    for (const char*& p : slots) p = nullptr;
+    if (!choices) {
+        choices = &tChoices;
+        trail = &tTrail;
+    }
+    std::vector<Choice>& choices = *this->choices;
+    std::vector<TrailEntry>& trail = *this->trail;
+    if (slotsDirty) {
+        for (const char*& p : slots) p = nullptr;
+        slotsDirty = false;
+    }
     choices.clear();
     trail.clear();
     size_t scan = 1;
@@ -119,6 +139,11 @@ bool Matcher::tryAt(const char* s) {
                     ok = false;
                     break;
                 }
+                // The first byte matched; a single-byte literal needs nothing more.
+                if (lit[1] == '\0') {
+                    ++pos;
+                    break;
+                }
                 const size_t len = std::strlen(lit);
                 ok = std::strncmp(lit, pos, len) == 0;
                 pos += len;
@@ -146,8 +171,8 @@ bool Matcher::tryAt(const char* s) {
                 break;
             }
             default:
-                if (op > kOpOpen && op < kOpOpen + kRegexGroups) record(op - kOpOpen, pos);
-                else if (op > kOpClose && op < kOpClose + kRegexGroups) record(kRegexGroups + op - kOpClose, pos);
+                if (op > kOpOpen && op < kOpOpen + kRegexGroups) record(trail, op - kOpOpen, pos);
+                else if (op > kOpClose && op < kOpClose + kRegexGroups) record(trail, kRegexGroups + op - kOpClose, pos);
                 else return false;  // not a node kind: a damaged program never matches
                 break;
         }
@@ -195,7 +220,9 @@ int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool b
                  bool textStartIsLineStart) {
     if (!prog || !text || prog->code.empty() || prog->code[0] != kRegexMagic) return 0;
     prog->gaveUp = false;
-    for (int i = 0; i < kRegexGroups; ++i) prog->groupStart[i] = prog->groupEnd[i] = nullptr;
+    // A match always sets group 0, so its start being null means all groups already are.
+    if (prog->groupStart[0])
+        for (int i = 0; i < kRegexGroups; ++i) prog->groupStart[i] = prog->groupEnd[i] = nullptr;
     const size_t len = std::strlen(text);
     const char* end = text + len;
     const char* last;  // the last candidate start, inclusive
@@ -207,7 +234,7 @@ int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool b
     }
     if (prog->mustText && !memmem(text, len, prog->mustText, static_cast<size_t>(prog->mustLength))) return 0;
 
-    Matcher m{prog->code.data(), text, textStartIsLineStart, {}, 0, false};
+    Matcher m(prog->code.data(), text, textStartIsLineStart);
     const char first = prog->firstChar;
     auto found = [&]() {
         for (int i = 0; i < kRegexGroups; ++i) {
@@ -234,9 +261,9 @@ int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool b
             }
         }
         if (!hit) return 0;
-        m.slots[0] = hit;
-        m.slots[kRegexGroups] = m.slots[0] + litLen;
-        return found();
+        prog->groupStart[0] = hit;
+        prog->groupEnd[0] = hit + litLen;
+        return 1;
     }
     if (!backward) {
         if (prog->anchored) {

@@ -10,6 +10,27 @@ namespace {
 
 using scan::kNotFound;
 
+// Colours n bytes. Most tokens are a few bytes long, and a plain loop over them would be
+// turned into a call of memset by the compiler; overlapping stores cover 1 to 16 bytes
+// without a call or a loop.
+inline void fillColour(uint8_t* p, size_t n, uint8_t c) {
+    if (n > 16) {
+        std::memset(p, c, n);
+    } else if (n >= 8) {
+        const uint64_t w = 0x0101010101010101ull * c;
+        std::memcpy(p, &w, 8);
+        std::memcpy(p + n - 8, &w, 8);
+    } else if (n >= 4) {
+        const uint32_t w = 0x01010101u * c;
+        std::memcpy(p, &w, 4);
+        std::memcpy(p + n - 4, &w, 4);
+    } else if (n > 0) {
+        p[0] = c;
+        p[n / 2] = c;
+        p[n - 1] = c;
+    }
+}
+
 class LineScan {
 public:
     LineScan(const SyntaxHighlight& d, std::string_view text, uint8_t* out) : d_(d), s_(text), out_(out) {}
@@ -54,12 +75,7 @@ public:
 private:
     void paint(size_t from, size_t to, int slot) {
         if (to <= from) return;
-        const uint8_t c = d_.colour[static_cast<size_t>(slot)];
-        if (to - from > 16) {
-            std::memset(out_ + from, c, to - from);
-            return;
-        }
-        for (size_t i = from; i < to; ++i) out_[i] = c;
+        fillColour(out_ + from, to - from, d_.colour[static_cast<size_t>(slot)]);
     }
     int restAs(size_t from, int slot, int result) {
         paint(from, s_.size(), slot);
@@ -142,14 +158,7 @@ private:
         const uint8_t* const colour = d_.colour.data();
         uint8_t* const out = out_;
         auto clsAt = [cls, s](size_t k) { return cls[static_cast<unsigned char>(s[k])]; };
-        auto fill = [out, colour](size_t from, size_t to, int slot) {
-            const uint8_t c = colour[slot];
-            if (to - from > 16) {
-                std::memset(out + from, c, to - from);
-                return;
-            }
-            for (size_t k = from; k < to; ++k) out[k] = c;
-        };
+        auto fill = [out, colour](size_t from, size_t to, int slot) { fillColour(out + from, to - from, colour[slot]); };
         while (i < end) {
             const char c = s[i];
             const uint16_t f = clsAt(i);

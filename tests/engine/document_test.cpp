@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "engine/columns.h"
 #include "engine/options.h"
 #include "tests/engine/doc_helpers.h"
@@ -81,6 +83,36 @@ TEST(LineList, GrowingAndShrinkingLinesKeepTheirNeighboursAndState) {
     mid = doc.lines.setText(mid, "t");
     EXPECT_EQ(textOf(doc), "one\nt\nthree");
     EXPECT_EQ(doc.lines.text(doc.lines.prev(doc.lines.find(2))), "t");
+}
+
+// Several megabytes of lines fill more than one slab, and later slabs come from the
+// platform's big blocks; every line must stay reachable through moves and a reset.
+TEST(LineList, ManySlabsKeepEveryLineThroughMovesAndReset) {
+    auto list = std::make_unique<LineList>();
+    const std::string body(300, 'q');
+    LineRef tail = list->first;
+    constexpr int kLines = 30000;  // about 9 MB
+    for (int i = 0; i < kLines; ++i) {
+        const std::string text = std::to_string(i) + body;
+        tail = i == 0 ? list->setText(list->first, text) : list->insertAfter(tail, i, text);
+    }
+    LineList other;
+    std::swap(other.arena, list->arena);
+    std::swap(other.first, list->first);
+    std::swap(other.current, list->current);
+    std::swap(other.currentIndex, list->currentIndex);
+    std::swap(other.lastIndex, list->lastIndex);
+    list.reset();
+    ASSERT_EQ(other.count(), kLines);
+    int i = 0;
+    for (LineRef r = other.first; r != kNoLine; r = other.next(r), ++i)
+        ASSERT_EQ(other.text(r), std::to_string(i) + body);
+    EXPECT_EQ(i, kLines);
+    other.reset();
+    EXPECT_EQ(other.count(), 1);
+    EXPECT_EQ(other.text(other.first), "");
+    other.insertAfter(other.first, 1, "after reset");
+    EXPECT_EQ(other.text(other.next(other.first)), "after reset");
 }
 
 TEST(Edit, InsertSplitsLinesAtEveryKindOfLineEnd) {

@@ -216,5 +216,40 @@ TEST(RegexDialect, PathologicalPatternsGiveUpInsteadOfHanging) {
     EXPECT_EQ(prog->groupEnd[0] - long_.c_str(), 200000);
 }
 
+// One program run over many texts, as a search over the lines of a document does:
+// groups from an earlier match or from a failed attempt must not show through.
+TEST(RegexDialect, ReusedProgramReportsOnlyTheGroupsOfItsLastRun) {
+    int err = 0;
+    auto prog = regexCompile("{a|b{c}d}", &err);
+    ASSERT_TRUE(prog);
+    const char* full = "xbcd";
+    ASSERT_EQ(regexExecute(prog.get(), full, nullptr, false, true), 1);
+    EXPECT_EQ(prog->groupStart[2] - full, 2);
+
+    // The attempt at 0 passes group 2 and fails; the match at 4 goes the other way.
+    const char* other = "bcx a";
+    ASSERT_EQ(regexExecute(prog.get(), other, nullptr, false, true), 1);
+    EXPECT_EQ(prog->groupStart[0] - other, 4);
+    EXPECT_EQ(prog->groupStart[1] - other, 4);
+    EXPECT_EQ(prog->groupStart[2], nullptr);
+    EXPECT_EQ(prog->groupEnd[2], nullptr);
+
+    ASSERT_EQ(regexExecute(prog.get(), full, nullptr, false, true), 1);
+    EXPECT_EQ(regexExecute(prog.get(), "zzz", nullptr, false, true), 0);
+    for (int i = 0; i < kRegexGroups; ++i) {
+        EXPECT_EQ(prog->groupStart[i], nullptr) << i;
+        EXPECT_EQ(prog->groupEnd[i], nullptr) << i;
+    }
+
+    // A plain literal is found without the matcher; its groups follow the same rule.
+    auto lit = regexCompile("cd", &err);
+    ASSERT_TRUE(lit);
+    ASSERT_EQ(regexExecute(lit.get(), full, nullptr, false, true), 1);
+    EXPECT_EQ(lit->groupStart[0] - full, 2);
+    EXPECT_EQ(lit->groupEnd[0] - full, 4);
+    EXPECT_EQ(regexExecute(lit.get(), "zzz", nullptr, false, true), 0);
+    EXPECT_EQ(lit->groupStart[0], nullptr);
+}
+
 }  // namespace
 }  // namespace zol
