@@ -146,7 +146,6 @@ inline constexpr char kBookmarkName[] = "Bookmark &name:";
 inline constexpr char kBookmarkAdd[] = "&Add...";
 inline constexpr char kBookmarkGoTo[] = "&Go To";
 inline constexpr char kBookmarkDelete[] = "&Delete";
-inline constexpr char kBookmarkNoFile[] = "The document has no file yet. Save it before adding a bookmark.";
 inline constexpr char kBookmarkColumns[] = "Name\tFile\tLine\tColumn";
 
 }  // namespace zol::dlgmsg
