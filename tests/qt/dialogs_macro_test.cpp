@@ -1,13 +1,9 @@
-// The macro table comes before Qt, whose keyword macros would clash with it.
-#include "script/macro_text.h"
-#include "script/macros.h"
-
 #include <gtest/gtest.h>
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -15,6 +11,8 @@
 
 #include "app/qt/dialogs/macro_dialogs.h"
 #include "engine/executor.h"
+#include "script/macro_text.h"
+#include "script/macros.h"
 #include "tests/qt/dialogs_support.h"
 
 namespace zol {

@@ -1,5 +1,3 @@
-// The macro table has a member named like a Qt keyword macro: it comes before Qt.
-#include "script/macros.h"
 #include "app/qt/dialogs/macro_dialogs.h"
 
 #include <QDialogButtonBox>
@@ -21,6 +19,7 @@
 #include "engine/executor.h"
 #include "engine/shell.h"
 #include "script/macro_text.h"
+#include "script/macros.h"
 
 namespace zol {
 
