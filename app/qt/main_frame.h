@@ -59,6 +59,8 @@ public:
     QString statusText() const;
     // Carries out a command the view cannot (files, windows, help); true when taken.
     bool frameCommand(TVekWinEditor* view, uint16_t id);
+    // Offers to reload documents whose files changed on disk (when the window gets focus).
+    void checkExternalChanges();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -75,7 +77,6 @@ private:
     void refreshDocumentBar();
     void refreshRecentMenu();
     void refreshKeyNames(QMenu* menu);
-    void checkExternalChanges();
     void rememberView(const Document& doc);
     void tile(bool horizontal);
     void runOnActive(uint16_t id);
