@@ -17,6 +17,7 @@
 #include "app/qt/main_frame.h"
 #include "app/qt/qt_shell.h"
 #include "engine/document.h"
+#include "config/keymap.h"
 #include "engine/options.h"
 #include "plugin/plugin_manager.h"
 
@@ -67,9 +68,11 @@ protected:
     }
 
     void TearDown() override {
-        watcher_.stop();
         for (const auto& d : app_->documents) d->modified = false;
+        setKeyMapChanged(false);
+        answer_ = QMessageBox::No;
         shutDown(*app_);
+        watcher_.stop();
         frame_.reset();
         setShell(nullptr);
         app_.reset();
