@@ -5,6 +5,7 @@
 #include <QFontInfo>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
@@ -19,6 +20,7 @@
 #include "engine/options.h"
 #include "engine/selection.h"
 #include "engine/wordwrap.h"
+#include "platform/paths.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
 
@@ -89,8 +91,12 @@ void TVekWinEditor::detach() {
 
 void TVekWinEditor::setEditorFont(const QFont& font) {
     font_ = font;
+    // Runs of text are drawn in one call each; spacing the letters to a whole number
+    // of pixels keeps every character on its column.
+    const qreal advance = QFontMetricsF(font_).horizontalAdvance(QLatin1Char('M'));
+    charWidth_ = std::max(1, qRound(advance));
+    font_.setLetterSpacing(QFont::AbsoluteSpacing, charWidth_ - advance);
     const QFontMetrics fm(font_);
-    charWidth_ = std::max(1, fm.horizontalAdvance(QLatin1Char('M')));
     lineHeight_ = std::max(1, fm.height());
     ascent_ = fm.ascent();
     updateScrollBars();
@@ -99,7 +105,7 @@ void TVekWinEditor::setEditorFont(const QFont& font) {
 
 QString TVekWinEditor::caption() const {
     if (!doc_) return {};
-    QString title = QString::fromLocal8Bit(doc_->fileName.c_str()) + QStringLiteral("[*]");
+    QString title = QString::fromLocal8Bit(std::string(fileNamePart(doc_->fileName)).c_str()) + QStringLiteral("[*]");
     if (doc_->readOnly) title += QStringLiteral(" (") + QLatin1String(qtmsg::kReadOnly) + QLatin1Char(')');
     return title;
 }

@@ -39,10 +39,13 @@ public:
     // The key word of the pending prefix key, 0 when none is pending.
     uint16_t pendingPrefixKey() const { return pending_ ? prefixKey_ : 0; }
     void setEditorFont(const QFont& font);
-    // Window title: the file name, with the modified mark for QMdiSubWindow.
+    // Window and tab title: the file's name without its folder, with the modified
+    // mark for QMdiSubWindow.
     QString caption() const;
     // Screen rectangle of the caret in viewport coordinates.
     QRect caretRect() const;
+    int charWidth() const { return charWidth_; }
+    int lineHeight() const { return lineHeight_; }
 
     // EditorView
     bool preCommand(uint16_t id, uint32_t param, uint32_t flags) override;

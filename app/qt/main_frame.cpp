@@ -168,6 +168,7 @@ void TMainFrame::syncViews() {
         sub->installEventFilter(this);
         sub->setWindowTitle(view->caption());
         sub->setWindowModified(doc->modified);
+        sub->setToolTip(qs(doc->fileName));
         sub->show();
     }
     if (TVekWinEditor* v = app_.active ? viewOf(app_.active) : nullptr) {

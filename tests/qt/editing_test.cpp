@@ -106,7 +106,7 @@ TEST_F(EditingTest, AltDragSelectsAColumnAndDoubleClickAWord) {
     const QRect first = view()->caretRect();
     const QPoint origin = first.topLeft() + QPoint(1, first.height() / 2);
     QWidget* vp = view()->viewport();
-    const int charWidth = QFontMetrics(editorFont()).horizontalAdvance(QLatin1Char('M'));
+    const int charWidth = view()->charWidth();
     QTest::mousePress(vp, Qt::LeftButton, Qt::AltModifier, origin + QPoint(charWidth, 0));
     QMouseEvent move(QEvent::MouseMove, QPointF(origin + QPoint(3 * charWidth, first.height())),
                      vp->mapToGlobal(QPointF(origin + QPoint(3 * charWidth, first.height()))), Qt::NoButton,
