@@ -326,14 +326,15 @@ void TVekWinEditor::paintRuler(QPainter& p) {
     p.setPen(palette().color(QPalette::ButtonText));
     const int cols = visibleColumns() + 1;
     for (int i = 0; i < cols; ++i) {
-        const int col = firstCol_ + i;
-        const int x = gutter + i * charWidth_;
-        if (col % 10 == 0) {
+        const int column = firstCol_ + i + 1;  // the ruler counts from 1, as the status bar does
+        const int x = gutter + i * charWidth_ + charWidth_ / 2;
+        if (column % 10 == 0) {
             p.drawText(QRect(x + 2, 0, charWidth_ * 4, band.height()), Qt::AlignLeft | Qt::AlignVCenter,
-                       QString::number(col + 1 == 1 ? 1 : col));
-            p.drawLine(x, band.height() / 2, x, band.height() - 1);
+                       QString::number(column));
+            p.drawLine(x, band.height() / 3, x, band.height() - 1);
         } else {
-            p.drawLine(x, band.height() - (col % 5 == 0 ? band.height() / 3 : band.height() / 6), x, band.height() - 1);
+            const int tick = column % 5 == 0 ? band.height() / 3 : band.height() / 6;
+            p.drawLine(x, band.height() - tick, x, band.height() - 1);
         }
     }
     const int cx = gutter + (doc_->cursor.col - firstCol_) * charWidth_;
@@ -448,6 +449,7 @@ void TVekWinEditor::runCommand(uint16_t id, uint32_t param) {
     // The command may have closed the document (scripts, plug-ins).
     if (doc_ != doc || (documentAlive && !documentAlive(doc))) return;
     afterCommand();
+    Q_EMIT commandDone(id);
 }
 
 void TVekWinEditor::afterCommand() {

@@ -64,6 +64,8 @@ Q_SIGNALS:
     void statusChanged();
     void captionChanged();
     void gotFocus();
+    // A command ran on the document, which is still there.
+    void commandDone(uint16_t id);
 
 protected:
     void paintEvent(QPaintEvent* e) override;

@@ -49,6 +49,7 @@ namespace {
 
 constexpr int kAutoSaveTickMs = 5000;
 constexpr int kGroups = 13;
+constexpr int kModesGroup = 10;
 constexpr int kKeyNamesInMenu = 2;
 // The session's documents, keys "1".."n" of this section of "zol.ini".
 constexpr const char* kDesktopSection = "Desktop";
@@ -155,6 +156,12 @@ void TMainFrame::syncViews() {
         view->frameCommand = [this](TVekWinEditor* v, uint16_t id) { return frameCommand(v, id); };
         connect(view, &TVekWinEditor::statusChanged, this, [this, view] {
             if (view == activeView()) refreshStatus();
+        });
+        // Modes and options are the same for every window.
+        connect(view, &TVekWinEditor::commandDone, this, [this](uint16_t id) {
+            if (commandGroup(id) != kModesGroup) return;
+            for (QMdiSubWindow* s : mdi_->subWindowList())
+                if (TVekWinEditor* w = viewIn(s)) w->redraw();
         });
         connect(view, &TVekWinEditor::captionChanged, this, [this, view] {
             if (QWidget* sub = view->parentWidget()) {

@@ -5,7 +5,7 @@
 namespace zol::qtmsg {
 
 inline constexpr char kAppTitle[] = "Zolder";
-inline constexpr char kReadOnlyDocument[] = "The document is read-only.";
+inline constexpr char kReadOnlyDocument[] = "Document is read only!";
 inline constexpr char kNotInCodePage[] = "The character U+%1 is not in the Windows-1252 code page.";
 inline constexpr char kPendingPrefix[] = "%1 ...";
 inline constexpr char kRecording[] = "REC";
