@@ -10,6 +10,7 @@
 #include <QTextBlock>
 
 #include "app/qt/dialogs/macro_dialogs.h"
+#include "config/keymap.h"
 #include "engine/executor.h"
 #include "script/macro_text.h"
 #include "script/macros.h"
@@ -25,14 +26,20 @@ protected:
     void SetUp() override {
         dlgtest::ensureApp();
         saved_ = macros();
+        savedChanged_ = keyMapChanged();
+        setKeyMapChanged(false);
         macros() = MacroTable{};
         id_ = addMacro(macros(), Macro{true, "typeab", "", {{2, 'a'}, {2, 'b'}}});
         ASSERT_NE(id_, 0);
     }
-    void TearDown() override { macros() = saved_; }
+    void TearDown() override {
+        macros() = saved_;
+        setKeyMapChanged(savedChanged_);
+    }
     const std::vector<MacroStep>& steps() { return macroById(macros(), id_)->steps; }
 
     MacroTable saved_;
+    bool savedChanged_ = false;
     uint16_t id_ = 0;
     dlgtest::RecordingShell shell_;
 };
@@ -49,6 +56,7 @@ TEST_F(MacroDialogTest, EditShowsTheTextFormAndCompilesTheChange) {
     EXPECT_EQ(shell_.questions[0], "Macro has changed. Compile?");
     const uint16_t newLine = commandId("NewLine", false);
     EXPECT_EQ(steps(), (std::vector<MacroStep>{{2, 'x'}, {2, '\t'}, {2, 'y'}, {newLine, 0}}));
+    EXPECT_TRUE(keyMapChanged());  // the key file holds the macros: it must be saved
 }
 
 TEST_F(MacroDialogTest, BadLineKeepsTheMacroAndTheUsersText) {
@@ -69,6 +77,7 @@ TEST_F(MacroDialogTest, BadLineKeepsTheMacroAndTheUsersText) {
     ASSERT_FALSE(shell_.messages.empty());
     EXPECT_EQ(shell_.messages[0].rfind("Line 2: ", 0), 0u) << shell_.messages[0];
     EXPECT_EQ(steps(), before);
+    EXPECT_FALSE(keyMapChanged());
 }
 
 TEST_F(MacroDialogTest, UnchangedTextClosesWithoutAsking) {
@@ -109,6 +118,7 @@ TEST_F(MacroDialogTest, ListCreatesAndRenamesAndRefusesATakenName) {
     EXPECT_EQ(macroById(macros(), second)->description, "does little");
     EXPECT_TRUE(macroById(macros(), second)->steps.empty());
     EXPECT_EQ(findMacro("typeab"), id_);
+    EXPECT_TRUE(keyMapChanged());
 }
 
 }  // namespace
