@@ -40,6 +40,13 @@ constexpr uint16_t kInsertCharId = 2;
 constexpr int kCaretBlinkMs = 500;
 constexpr int kLineCaretWidth = 2;
 
+uint16_t lookupPrimaryKey(uint16_t word) {
+    if (word == 0) return 0;
+    for (const KeyMapEntry& e : keyMap().tables[0])
+        if (e.key == word) return e.command;
+    return 0;
+}
+
 QColor toQColor(Rgb c) { return QColor(c.r, c.g, c.b); }
 
 uint16_t idOf(const char* name) {
@@ -489,9 +496,13 @@ void TVekWinEditor::keyPressEvent(QKeyEvent* e) {
         if (c.unicode() < 0x20 || c.unicode() == 0x7F) printable = false;
     // Ctrl and Alt together is AltGr on many layouts: its characters are typed.
     if (printable && pending_ == 0 && (ctrl == alt)) {
-        typeText(text);
-        e->accept();
-        return;
+        // Keypad keys type their character unless the key map gives them a command.
+        const bool keypad = mods.testFlag(Qt::KeypadModifier);
+        if (!keypad || lookupPrimaryKey(keyWordOf(e->key(), mods)) == 0) {
+            typeText(text);
+            e->accept();
+            return;
+        }
     }
     const uint16_t word = keyWordOf(e->key(), mods);
     if (word == 0) {

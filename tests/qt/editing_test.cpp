@@ -4,6 +4,7 @@
 
 #include "app/qt/key_words.h"
 #include "config/keymap.h"
+#include "engine/command_table.h"
 #include "engine/selection.h"
 #include "qt_fixture.h"
 
@@ -70,6 +71,18 @@ TEST_F(EditingTest, PrefixKeyWaitsForItsSecondKey) {
     EXPECT_EQ(view()->pendingPrefixKey(), 0);
     QTest::keyClicks(view(), "q");
     EXPECT_EQ(frame_->statusText().indexOf("Ctrl+K ..."), -1);
+}
+
+TEST_F(EditingTest, KeypadKeysTypeUnlessBound) {
+    frame_->newFile();
+    ASSERT_TRUE(bindKey(keyMap(), 0, parseKeyName("NumPad5"), findCommand(std::string_view("DupLine"))->id));
+    QTest::keyClicks(view(), "ab");
+    QTest::keyClick(view(), Qt::Key_6, Qt::KeypadModifier);
+    QTest::keyClick(view(), Qt::Key_5);
+    EXPECT_EQ(line(0), "ab65");
+    QTest::keyClick(view(), Qt::Key_5, Qt::KeypadModifier);
+    EXPECT_EQ(lastLine(doc()), 1);
+    EXPECT_EQ(line(1), "ab65");
 }
 
 TEST_F(EditingTest, ColumnBlockCopiedAndPastedAsABlock) {
