@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <algorithm>
 #include <cstdlib>
 
 #include "app/qt/dialogs/find_dialog.h"
@@ -194,17 +195,18 @@ TEST_F(FindDialogTest, ScreenshotMatchesTheReference) {
     const QImage ref = QImage(QStringLiteral(ZOLDER_SOURCE_DIR "/tests/qt/reference/find_dialog.png"))
                            .convertToFormat(QImage::Format_RGB32);
     ASSERT_FALSE(ref.isNull()) << "no reference; the new shot is " << out.toStdString();
-    ASSERT_EQ(shot.size(), ref.size());
-    // Font rendering may differ by a little between machines: allow a few pixels off.
-    long off = 0;
-    for (int y = 0; y < shot.height(); ++y) {
-        for (int x = 0; x < shot.width(); ++x) {
+    // Font rendering may differ a little between machines: allow a few pixels off,
+    // counting those that only one of the pictures has.
+    const int w = std::min(shot.width(), ref.width()), h = std::min(shot.height(), ref.height());
+    long off = long(shot.width()) * shot.height() + long(ref.width()) * ref.height() - 2L * w * h;
+    for (int y = 0; y < h; ++y) {
+        for (int x = 0; x < w; ++x) {
             const QRgb a = shot.pixel(x, y), b = ref.pixel(x, y);
             if (std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b)) > 96)
                 ++off;
         }
     }
-    EXPECT_LE(off, shot.width() * shot.height() / 50) << "pixels off; the new shot is " << out.toStdString();
+    EXPECT_LE(off, shot.width() * shot.height() / 100) << "pixels off; the new shot is " << out.toStdString();
 }
 
 }  // namespace
