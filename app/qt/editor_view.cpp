@@ -237,6 +237,12 @@ void TVekWinEditor::ensureCursorVisible() {
 
 Pos TVekWinEditor::posAt(QPoint p) const {
     if (!doc_) return {};
+    // Above the text (dragging out of the window): the line before the first one shown.
+    if (p.y() < rulerHeight() && firstLine_ > 0) {
+        const std::string_view above = lineText(*doc_, firstLine_ - 1);
+        const int col = std::clamp(firstCol_ + std::max(0, (p.x() - gutterWidth()) / charWidth_), 0, kMaxColumns);
+        return makePos(options().cursorBeyondEol ? col : std::min(col, zol::lineWidth(above)), firstLine_ - 1);
+    }
     const int rowIndex = std::max(0, (p.y() - rulerHeight()) / lineHeight_);
     const std::vector<Row> rows = layoutRows(firstLine_, rowIndex + 1);
     if (rows.empty()) return makePos(0, lastLine(*doc_));

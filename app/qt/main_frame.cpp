@@ -48,6 +48,8 @@ namespace zol {
 namespace {
 
 constexpr int kAutoSaveTickMs = 5000;
+// How long a message stays in the status bar.
+constexpr int kMessageMs = 10000;
 constexpr int kGroups = 13;
 constexpr int kModesGroup = 10;
 constexpr int kKeyNamesInMenu = 2;
@@ -96,6 +98,8 @@ TMainFrame::TMainFrame(Application& app) : app_(app), shell_(std::make_unique<Qt
     buildStatusBar();
     connect(&autoSaveTimer_, &QTimer::timeout, this, [this] { autoSaveTick(app_); });
     autoSaveTimer_.start(kAutoSaveTickMs);
+    messageTimer_.setSingleShot(true);
+    connect(&messageTimer_, &QTimer::timeout, message_, &QLabel::clear);
     connect(qApp, &QApplication::applicationStateChanged, this, [this](Qt::ApplicationState s) {
         if (s == Qt::ApplicationActive) checkExternalChanges();
     });
@@ -593,7 +597,10 @@ QString TMainFrame::statusText() const {
     return parts.join(QLatin1Char('|'));
 }
 
-void TMainFrame::showMessage(const QString& text) { message_->setText(text); }
+void TMainFrame::showMessage(const QString& text) {
+    message_->setText(text);
+    messageTimer_.start(kMessageMs);
+}
 
 // ---- session ----
 

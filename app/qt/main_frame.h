@@ -102,6 +102,7 @@ private:
     QLabel* recording_ = nullptr;
     QLabel* prefix_ = nullptr;
     QTimer autoSaveTimer_;
+    QTimer messageTimer_;
     bool checkingFiles_ = false;
     bool syncing_ = false;
 };
