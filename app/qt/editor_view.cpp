@@ -92,9 +92,11 @@ TVekWinEditor::TVekWinEditor(Document* doc, QWidget* parent) : QAbstractScrollAr
 TVekWinEditor::~TVekWinEditor() { detach(); }
 
 void TVekWinEditor::detach() {
-    if (doc_ && doc_->view == this && (!documentAlive || documentAlive(doc_))) doc_->view = nullptr;
+    if (live() && doc_->view == this) doc_->view = nullptr;
     doc_ = nullptr;
 }
+
+bool TVekWinEditor::live() const { return doc_ && (!documentAlive || documentAlive(doc_)); }
 
 void TVekWinEditor::setEditorFont(const QFont& font) {
     font_ = font;
@@ -111,7 +113,7 @@ void TVekWinEditor::setEditorFont(const QFont& font) {
 }
 
 QString TVekWinEditor::caption() const {
-    if (!doc_) return {};
+    if (!live()) return {};
     QString title = QString::fromLocal8Bit(std::string(fileNamePart(doc_->fileName)).c_str()) + QStringLiteral("[*]");
     if (doc_->readOnly) title += QStringLiteral(" (") + QLatin1String(qtmsg::kReadOnly) + QLatin1Char(')');
     return title;
@@ -136,7 +138,7 @@ std::vector<size_t> TVekWinEditor::rowStarts(std::string_view text) const {
 
 std::vector<TVekWinEditor::Row> TVekWinEditor::layoutRows(int32_t firstLine, int count) const {
     std::vector<Row> rows;
-    if (!doc_ || count <= 0) return rows;
+    if (!live() || count <= 0) return rows;
     const int32_t last = lastLine(*doc_);
     if (firstLine > last) return rows;
     LineRef r = doc_->lines.find(firstLine);
@@ -171,14 +173,14 @@ int TVekWinEditor::visibleColumns() const {
 int TVekWinEditor::pageLines() const { return visibleRows(); }
 
 void TVekWinEditor::setFirstVisibleLine(int32_t line) {
-    if (!doc_) return;
+    if (!live()) return;
     firstLine_ = std::clamp<int32_t>(line, 0, lastLine(*doc_));
     updateScrollBars();
     viewport()->update();
 }
 
 void TVekWinEditor::updateScrollBars() {
-    if (!doc_) return;
+    if (!live()) return;
     QScrollBar* v = verticalScrollBar();
     const QSignalBlocker blockV(v);
     v->setRange(0, lastLine(*doc_));
@@ -203,7 +205,7 @@ void TVekWinEditor::scrollContentsBy(int, int) {
 }
 
 void TVekWinEditor::ensureCursorVisible() {
-    if (!doc_) return;
+    if (!live()) return;
     const Pos c = doc_->cursor;
     const int rows = visibleRows();
     if (c.line < firstLine_) {
@@ -236,7 +238,7 @@ void TVekWinEditor::ensureCursorVisible() {
 }
 
 Pos TVekWinEditor::posAt(QPoint p) const {
-    if (!doc_) return {};
+    if (!live()) return {};
     // Above the text (dragging out of the window): the line before the first one shown.
     if (p.y() < rulerHeight() && firstLine_ > 0) {
         const std::string_view above = lineText(*doc_, firstLine_ - 1);
@@ -260,7 +262,7 @@ Pos TVekWinEditor::posAt(QPoint p) const {
 }
 
 QRect TVekWinEditor::caretRect() const {
-    if (!doc_) return {};
+    if (!live()) return {};
     const Pos c = doc_->cursor;
     if (c.line < firstLine_) return {};
     const std::vector<Row> rows = layoutRows(firstLine_, visibleRows() + 1);
@@ -283,7 +285,7 @@ QRect TVekWinEditor::caretRect() const {
 void TVekWinEditor::paintEvent(QPaintEvent*) {
     QPainter p(viewport());
     p.setFont(font_);
-    if (!doc_) return;
+    if (!live()) return;
     const SyntaxHighlightTable& table = syntaxTable();
     const int slot = doc_->syntaxSlot;
     const std::optional<Rgb> bg = backgroundColour(table, slot);
@@ -456,11 +458,15 @@ void TVekWinEditor::scriptCommand() {
 }
 
 void TVekWinEditor::runCommand(uint16_t id, uint32_t param) {
-    if (!doc_) return;
+    if (!live()) return;
     Document* doc = doc_;
     execute(*doc, id, param);
     // The command may have closed the document (scripts, plug-ins).
-    if (doc_ != doc || (documentAlive && !documentAlive(doc))) return;
+    if (doc_ != doc || !live()) {
+        doc_ = nullptr;
+        Q_EMIT documentClosed();
+        return;
+    }
     afterCommand();
     Q_EMIT commandDone(id);
 }
@@ -488,12 +494,12 @@ void TVekWinEditor::typeText(const QString& text) {
         const uint16_t cmd = keyCommand(keyMap(), *doc_, static_cast<uint16_t>(byte), pending);
         pending_ = pending;
         if (cmd) runCommand(cmd, cmd == kInsertCharId ? static_cast<uint32_t>(byte) : 0);
-        if (!doc_) return;
+        if (!live()) return;
     }
 }
 
 void TVekWinEditor::keyPressEvent(QKeyEvent* e) {
-    if (!doc_) return;
+    if (!live()) return;
     const QString text = e->text();
     const Qt::KeyboardModifiers mods = e->modifiers();
     const bool ctrl = mods.testFlag(Qt::ControlModifier), alt = mods.testFlag(Qt::AltModifier);
@@ -525,7 +531,7 @@ void TVekWinEditor::keyPressEvent(QKeyEvent* e) {
 }
 
 void TVekWinEditor::inputMethodEvent(QInputMethodEvent* e) {
-    if (doc_ && !e->commitString().isEmpty()) typeText(e->commitString());
+    if (live() && !e->commitString().isEmpty()) typeText(e->commitString());
     e->accept();
 }
 
@@ -548,7 +554,7 @@ void TVekWinEditor::focusOutEvent(QFocusEvent* e) {
 // ---- mouse ----
 
 void TVekWinEditor::mousePressEvent(QMouseEvent* e) {
-    if (!doc_ || e->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(e);
+    if (!live() || e->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(e);
     setFocus(Qt::MouseFocusReason);
     const Pos at = posAt(e->position().toPoint());
     if (e->modifiers().testFlag(Qt::ShiftModifier)) {
@@ -566,7 +572,7 @@ void TVekWinEditor::mousePressEvent(QMouseEvent* e) {
 }
 
 void TVekWinEditor::mouseMoveEvent(QMouseEvent* e) {
-    if (!doc_ || !dragging_) return;
+    if (!live() || !dragging_) return;
     const Pos at = posAt(e->position().toPoint());
     if (at == doc_->cursor) return;
     setSelection(*doc_, dragAnchor_, at);
@@ -577,7 +583,7 @@ void TVekWinEditor::mouseMoveEvent(QMouseEvent* e) {
 void TVekWinEditor::mouseReleaseEvent(QMouseEvent*) { dragging_ = false; }
 
 void TVekWinEditor::mouseDoubleClickEvent(QMouseEvent* e) {
-    if (!doc_ || e->button() != Qt::LeftButton) return;
+    if (!live() || e->button() != Qt::LeftButton) return;
     dragging_ = false;
     runCommand(idOf("SelectWord"));
 }

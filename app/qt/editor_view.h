@@ -64,6 +64,8 @@ Q_SIGNALS:
     void statusChanged();
     void captionChanged();
     void gotFocus();
+    // A command closed the window's own document.
+    void documentClosed();
     // A command ran on the document, which is still there.
     void commandDone(uint16_t id);
 
@@ -89,6 +91,7 @@ private:
         int startCol;
         bool lastOfLine;
     };
+    bool live() const;
     bool wrapping() const;
     int wrapColumns() const;
     std::vector<size_t> rowStarts(std::string_view text) const;

@@ -161,6 +161,7 @@ void TMainFrame::syncViews() {
         connect(view, &TVekWinEditor::statusChanged, this, [this, view] {
             if (view == activeView()) refreshStatus();
         });
+        connect(view, &TVekWinEditor::documentClosed, this, &TMainFrame::syncViews, Qt::QueuedConnection);
         // Modes and options are the same for every window.
         connect(view, &TVekWinEditor::commandDone, this, [this](uint16_t id) {
             if (commandGroup(id) != kModesGroup) return;
