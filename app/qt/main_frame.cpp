@@ -107,8 +107,14 @@ TMainFrame::TMainFrame(Application& app) : app_(app), shell_(std::make_unique<Qt
 }
 
 TMainFrame::~TMainFrame() {
+    // Children go after this part of the object: none of their signals may reach it.
+    QObject::disconnect(mdi_, nullptr, this, nullptr);
+    QObject::disconnect(qApp, nullptr, this, nullptr);
     for (QMdiSubWindow* sub : mdi_->subWindowList())
-        if (TVekWinEditor* v = viewIn(sub)) v->detach();
+        if (TVekWinEditor* v = viewIn(sub)) {
+            QObject::disconnect(v, nullptr, this, nullptr);
+            v->detach();
+        }
     if (app_.mainWindow == reinterpret_cast<intptr_t>(this)) app_.mainWindow = 0;
 }
 
