@@ -3,11 +3,16 @@
 #include <QAction>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QDir>
+#include <atomic>
+#include <chrono>
 #include <fstream>
+#include <thread>
 #include <map>
 #include <sstream>
 
 #include "app/qt/key_words.h"
+#include "app/qt/single_instance.h"
 #include "config/keymap.h"
 #include "config/recent_views.h"
 #include "engine/command_table.h"
@@ -98,6 +103,39 @@ TEST_F(FrameTest, EveryCommandHasAMenuItemWithItsKeys) {
     for (const CommandRecord& r : commandTable()) EXPECT_TRUE(items.count(r.id)) << r.name;
     EXPECT_TRUE(items[findCommand(std::string_view("SaveFile"))->id].endsWith("\tCtrl+S, Ctrl+K, S"))
         << items[findCommand(std::string_view("SaveFile"))->id].toStdString();
+}
+
+TEST_F(FrameTest, SessionDocumentsComeBackNextTime) {
+    open("a.txt", "a");
+    open("b.txt", "b");
+    frame_->newFile();  // without a file: nothing to reopen
+    frame_->saveDesktop();
+    while (!app_->documents.empty()) ASSERT_TRUE(frame_->closeDocumentWindow(app_->documents.back().get()));
+    std::filesystem::remove(home_ / "b.txt");  // gone meanwhile: skipped without a word
+    frame_->restoreDesktop();
+    ASSERT_EQ(app_->documents.size(), 1u);
+    EXPECT_EQ(line(0), "a");
+    EXPECT_TRUE(boxTexts_.empty());
+}
+
+TEST_F(FrameTest, SecondInstanceHandsItsFilesOver) {
+    TInstanceServer server;
+    ASSERT_TRUE(server.listen(home_.string()));
+    QStringList received;
+    QObject::connect(&server, &TInstanceServer::filesReceived, [&](const QStringList& f) { received = f; });
+    std::atomic<int> result{-1};
+    std::thread second([&] { result = handOverFiles(home_.string(), {"/tmp/x.c", "rel.txt"}) ? 1 : 0; });
+    for (int i = 0; i < 500 && result < 0; ++i) {
+        QApplication::processEvents();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    second.join();
+    EXPECT_EQ(result, 1);
+    ASSERT_EQ(received.size(), 2);
+    EXPECT_EQ(received[0], QStringLiteral("/tmp/x.c"));
+    EXPECT_EQ(received[1], QDir::current().absoluteFilePath(QStringLiteral("rel.txt")));
+    // No instance of another home answers.
+    EXPECT_FALSE(handOverFiles((home_ / "other").string(), {"/tmp/x.c"}));
 }
 
 TEST(DesktopText, ClipboardLineEndsBytesAndColumnBlocks) {
