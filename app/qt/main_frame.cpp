@@ -214,6 +214,13 @@ Document* TMainFrame::openFile(const std::string& path) {
             if (TVekWinEditor* v = viewOf(doc)) {
                 v->setFirstVisibleLine(std::max(0, r->line - v->pageLines() / 2));
                 v->redraw();
+                // Separate windows come back where they were; tabs have no place of their own.
+                auto* sub = qobject_cast<QMdiSubWindow*>(v->parentWidget());
+                if (sub && mdi_->viewMode() == QMdiArea::SubWindowView && r->width > 0 && r->height > 0) {
+                    if (r->showState == 3) sub->showMaximized();
+                    else if (r->showState == 2) sub->showMinimized();
+                    else sub->setGeometry(r->x, r->y, r->width, r->height);
+                }
             }
         }
     }
