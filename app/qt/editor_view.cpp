@@ -537,6 +537,12 @@ void TVekWinEditor::inputMethodEvent(QInputMethodEvent* e) {
 
 bool TVekWinEditor::focusNextPrevChild(bool) { return false; }
 
+QVariant TVekWinEditor::inputMethodQuery(Qt::InputMethodQuery query) const {
+    // Input methods put their window beside the caret.
+    if (query == Qt::ImCursorRectangle) return caretRect();
+    return QAbstractScrollArea::inputMethodQuery(query);
+}
+
 void TVekWinEditor::focusInEvent(QFocusEvent* e) {
     caretOn_ = true;
     caretTimer_.start();

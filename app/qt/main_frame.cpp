@@ -124,14 +124,22 @@ void TMainFrame::applySettings() {
     resize(std::max(w.width, 200), std::max(w.height, 150));
     if (w.x != kDefaultWindowPos && w.y != kDefaultWindowPos) move(w.x, w.y);
     if (w.maximized) setWindowState(windowState() | Qt::WindowMaximized);
+    applyViewSettings();
+    recentViewLoad();
+    refreshRecentMenu();
+}
+
+void TMainFrame::applyViewSettings() {
+    const Settings& s = settings();
     statusBar()->setVisible(s.statusBar);
     toolBar_->setVisible(s.buttonBar);
     documentBar_->setVisible(s.docToolBar);
     const QFont font = editorFont();
     for (QMdiSubWindow* sub : mdi_->subWindowList())
-        if (TVekWinEditor* v = viewIn(sub)) v->setEditorFont(font);
-    recentViewLoad();
-    refreshRecentMenu();
+        if (TVekWinEditor* v = viewIn(sub)) {
+            v->setEditorFont(font);
+            v->redraw();
+        }
 }
 
 TVekWinEditor* TMainFrame::activeView() const {
@@ -436,11 +444,7 @@ void TMainFrame::buildMenus() {
     menus[8]->addSeparator();
     QAction* optionsAction = menus[8]->addAction(QString::fromLatin1(qtmsg::kOptionsAction), this, [this] {
 #ifdef ZOLDER_HAVE_OPTIONS_DIALOG
-        if (TOptionsDialog::run(this)) {
-            applySettings();
-            for (QMdiSubWindow* sub : mdi_->subWindowList())
-                if (TVekWinEditor* v = viewIn(sub)) v->redraw();
-        }
+        if (TOptionsDialog::run(this)) applyViewSettings();
 #endif
     });
 #ifndef ZOLDER_HAVE_OPTIONS_DIALOG

@@ -38,6 +38,8 @@ public:
 
     // Window placement, fonts and bars from the settings; call after startUp.
     void applySettings();
+    // Fonts, bars and the look of every window, after the options changed.
+    void applyViewSettings();
     // Opens (or activates) a file, restoring its cursor from "LastFilesInfo"; null when
     // it could not be opened (the reason is already shown).
     Document* openFile(const std::string& path);
