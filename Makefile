@@ -3,7 +3,7 @@ BUILD      ?= build
 JOBS       ?= 2
 CMAKE_ARGS ?=
 
-DEPS       = cmake make g++ libgtest-dev libgmock-dev
+DEPS       = cmake make g++ libgtest-dev libgmock-dev qt6-base-dev fonts-dejavu-core
 BENCH_DEPS = libbenchmark-dev python3 vim-nox time lua5.4 tcc
 FUZZ_DEPS  = clang libclang-rt-14-dev
 
@@ -32,7 +32,7 @@ build: deps
 	cmake --build $(BUILD) -j$(JOBS)
 
 run: build
-	$(BUILD)/zolder --headless --home $(BUILD)/runhome data/samples/hello.c
+	$(BUILD)/zolder --home $(BUILD)/runhome data/samples/hello.c
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j$(JOBS)

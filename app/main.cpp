@@ -4,6 +4,7 @@
 #include "app/application.h"
 #include "app/cli.h"
 #include "app/headless_shell.h"
+#include "app/qt/desktop.h"
 #include "app/version.h"
 #include "platform/paths.h"
 #include "script/runner.h"
@@ -58,9 +59,6 @@ int main(int argc, char** argv) {
         std::printf("zolder %s\n", zol::programVersion());
         return 0;
     }
-    if (!cl.headless) {
-        std::fprintf(stderr, "zolder: the desktop shell is not part of this build; use --headless\n");
-        return kExitUsage;
-    }
+    if (!cl.headless) return zol::runDesktop(argc, argv, cl);
     return runHeadless(cl);
 }

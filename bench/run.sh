@@ -61,3 +61,11 @@ for pair in "count int|$zc|grep -c int|$gc" "count x[0-9]+y|$zx|grep -cE x[0-9]+
 done
 echo "== scripts"
 "$root/bench/script_bench.sh" "$root/$build/zolder"
+
+echo
+echo "== desktop editor: first paint of a 10,000-line file, repaint in big.c"
+head -n 10000 "$data/big.c" > "$home/tenk.c"
+qhome=$(mktemp -d)
+"$root/$build/bench/zolder_qt_run" firstpaint "$qhome" "$home/tenk.c" 2>/dev/null
+"$root/$build/bench/zolder_qt_run" repaint "$qhome" "$data/big.c" 2>/dev/null
+rm -rf "$qhome"

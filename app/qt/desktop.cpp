@@ -1,0 +1,48 @@
+#include "app/qt/desktop.h"
+
+#include <QApplication>
+
+#include "app/application.h"
+#include "app/qt/main_frame.h"
+#include "app/qt/qt_shell.h"
+#include "app/qt/single_instance.h"
+#include "config/settings.h"
+#include "platform/paths.h"
+#include "platform/profile.h"
+
+namespace zol {
+
+int runDesktop(int argc, char** argv, const CommandLine& cl) {
+    QApplication qapp(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Zolder"));
+
+    // A second instance only passes its files on; it must not touch the home first.
+    initHomeDir(cl.home);
+    const bool multi = getProfileInt("Settings", "AllowMultiInst", 0, kSettingsFile) & 1;
+    if (!multi && !cl.files.empty() && handOverFiles(homeDir(), cl.files)) return 0;
+
+    Application app;
+    TMainFrame frame(app);
+    setShell(&frame.qtShell());
+    startUp(app, StartupOptions{cl.home, {}, {}});
+    frame.applySettings();
+    TInstanceServer server;
+    if (!settings().allowMultiInst && server.listen(homeDir())) {
+        QObject::connect(&server, &TInstanceServer::filesReceived, &frame, [&frame](const QStringList& files) {
+            for (const QString& f : files) frame.openFile(f.toLocal8Bit().toStdString());
+            frame.raise();
+            frame.activateWindow();
+        });
+    }
+    frame.syncViews();  // documents recovered from side files
+    frame.restoreDesktop();
+    for (const std::string& f : cl.files) frame.openFile(f);
+    if (app.documents.empty()) frame.newFile();
+    frame.show();
+    const int status = QApplication::exec();
+    shutDown(app);
+    setShell(nullptr);
+    return status;
+}
+
+}  // namespace zol

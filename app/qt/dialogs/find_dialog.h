@@ -1,0 +1,56 @@
+// The Find and Replace dialogs and the pattern builder they open.
+#pragma once
+#include <QDialog>
+
+#include "engine/shell.h"
+
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace zol {
+
+// Puts piece `index` of dlgmsg::kPatternPieces at the caret of edit (over its
+// selection, if any) and places the caret where the piece wants it.
+void insertPatternPiece(QLineEdit* edit, int index);
+
+// The pattern builder: one button per piece; a click inserts it into the target and
+// closes the builder.
+class TRegExprDialog : public QDialog {
+    Q_OBJECT
+public:
+    TRegExprDialog(QWidget* parent, QLineEdit* target);
+    // False when closed without choosing a piece.
+    static bool run(QWidget* parent, QLineEdit* target);
+};
+
+class TFindDialog : public QDialog {
+    Q_OBJECT
+public:
+    TFindDialog(QWidget* parent, const FindDialogData& data, bool replace);
+    // Fills the dialog from data; unless cancelled writes the choices back and puts
+    // the texts into the search histories.
+    static FindDialogResult run(QWidget* parent, FindDialogData& data, bool replace);
+
+private:
+    void finish(FindDialogResult result);
+    void updateButtons();
+
+    bool replace_;
+    FindDialogResult result_ = FindDialogResult::Cancel;
+    FindDialogData data_;
+    QComboBox* findText_;
+    QComboBox* replaceText_ = nullptr;
+    QCheckBox* wholeWord_;
+    QCheckBox* matchCase_;
+    QCheckBox* regex_;
+    QRadioButton* up_;
+    QRadioButton* down_;
+    QPushButton* findButton_;
+    QPushButton* replaceButton_ = nullptr;
+    QPushButton* replaceAllButton_ = nullptr;
+};
+
+}  // namespace zol

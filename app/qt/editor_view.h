@@ -1,0 +1,126 @@
+// TVekWinEditor: the window of one document. Paints the visible lines, turns key
+// presses and mouse actions into editor commands, and answers the engine's view hooks.
+#pragma once
+#include <QAbstractScrollArea>
+#include <QFont>
+#include <QTimer>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "engine/document.h"
+#include "engine/shell.h"
+
+namespace zol {
+
+// The editor font from the "FontName", "FontSize" and "FontWeight" settings; a face
+// that is not fixed-pitch gives way to the system's fixed font of that size.
+QFont editorFont();
+
+class TVekWinEditor : public QAbstractScrollArea, public EditorView {
+    Q_OBJECT
+
+public:
+    explicit TVekWinEditor(Document* doc, QWidget* parent = nullptr);
+    ~TVekWinEditor() override;
+
+    Document* document() const { return doc_; }
+    // Cuts the tie to the document before it is destroyed.
+    void detach();
+
+    // Whoever owns the window decides about commands the window itself cannot carry
+    // out (files, windows, help); true means it took the command.
+    std::function<bool(TVekWinEditor*, uint16_t)> frameCommand;
+    // True while the document is alive; the view may outlive it by a moment.
+    std::function<bool(const Document*)> documentAlive;
+
+    // Runs one command on the document and brings the window up to date.
+    void runCommand(uint16_t id, uint32_t param = 0);
+    // The key word of the pending prefix key, 0 when none is pending.
+    uint16_t pendingPrefixKey() const { return pending_ ? prefixKey_ : 0; }
+    void setEditorFont(const QFont& font);
+    // Window and tab title: the file's name without its folder, with the modified
+    // mark for QMdiSubWindow.
+    QString caption() const;
+    // Screen rectangle of the caret in viewport coordinates.
+    QRect caretRect() const;
+    int charWidth() const { return charWidth_; }
+    int lineHeight() const { return lineHeight_; }
+
+    // EditorView
+    bool preCommand(uint16_t id, uint32_t param, uint32_t flags) override;
+    void readOnlyNotify() override;
+    void redraw() override;
+    void refreshCaption() override;
+    void refreshStatus() override;
+    int pageLines() const override;
+    int32_t firstVisibleLine() const override { return firstLine_; }
+    void setFirstVisibleLine(int32_t line) override;
+    void macroCommand() override;
+    void scriptCommand() override;
+    void namedBookmarksDialog() override;
+
+Q_SIGNALS:
+    void statusChanged();
+    void captionChanged();
+    void gotFocus();
+    // A command closed the window's own document.
+    void documentClosed();
+    // A command ran on the document, which is still there.
+    void commandDone(uint16_t id);
+
+protected:
+    void paintEvent(QPaintEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+    void keyPressEvent(QKeyEvent* e) override;
+    void inputMethodEvent(QInputMethodEvent* e) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    void mousePressEvent(QMouseEvent* e) override;
+    void mouseMoveEvent(QMouseEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+    void mouseDoubleClickEvent(QMouseEvent* e) override;
+    void focusInEvent(QFocusEvent* e) override;
+    void focusOutEvent(QFocusEvent* e) override;
+    bool focusNextPrevChild(bool next) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    // One screen row: bytes [begin, end) of a line, starting at column startCol.
+    struct Row {
+        int32_t line;
+        size_t begin, end;
+        int startCol;
+        bool lastOfLine;
+    };
+    bool live() const;
+    bool wrapping() const;
+    int wrapColumns() const;
+    std::vector<size_t> rowStarts(std::string_view text) const;
+    std::vector<Row> layoutRows(int32_t firstLine, int count) const;
+    int visibleRows() const;
+    int visibleColumns() const;
+    int gutterWidth() const;
+    int rulerHeight() const;
+    Pos posAt(QPoint p) const;
+    void typeText(const QString& text);
+    void ensureCursorVisible();
+    void updateScrollBars();
+    void afterCommand();
+    void paintRuler(QPainter& p);
+    void paintRow(QPainter& p, const Row& row, int y, std::string_view text, const uint8_t* colours);
+
+    Document* doc_;
+    QFont font_;
+    int charWidth_ = 8, lineHeight_ = 16, ascent_ = 12;
+    int32_t firstLine_ = 0;
+    int firstCol_ = 0;
+    uint16_t pending_ = 0;    // prefix table waiting for its second key
+    uint16_t prefixKey_ = 0;  // the key that opened it
+    bool dragging_ = false;
+    Pos dragAnchor_;
+    QTimer caretTimer_;
+    bool caretOn_ = true;
+    mutable std::vector<uint8_t> colourBuf_;
+};
+
+}  // namespace zol

@@ -1,0 +1,96 @@
+// Whole-process timings of the desktop editor (offscreen platform):
+//   qt_run firstpaint HOME FILE   milliseconds from main() to the first painted view
+//   qt_run repaint HOME FILE      a key press at the end of FILE and page scrolls,
+//                                 each with its repaint: median and worst milliseconds
+#include <QApplication>
+#include <QKeyEvent>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "app/application.h"
+#include "app/qt/editor_view.h"
+#include "app/qt/main_frame.h"
+#include "app/qt/qt_shell.h"
+#include "engine/command_table.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double msSince(Clock::time_point t) {
+    return std::chrono::duration<double, std::milli>(Clock::now() - t).count();
+}
+
+// Quits the event loop at the first paint of a document view.
+class FirstPaint : public QObject {
+public:
+    Clock::time_point start;
+    double ms = -1;
+    bool eventFilter(QObject* o, QEvent* e) override {
+        if (ms < 0 && e->type() == QEvent::Paint && o->parent() && qobject_cast<zol::TVekWinEditor*>(o->parent())) {
+            ms = msSince(start);
+            QMetaObject::invokeMethod(qApp, &QApplication::quit, Qt::QueuedConnection);
+        }
+        return false;
+    }
+};
+
+void report(const char* what, std::vector<double> v) {
+    std::sort(v.begin(), v.end());
+    std::printf("%s: median %.2f ms, worst %.2f ms over %zu\n", what, v[v.size() / 2], v.back(), v.size());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const Clock::time_point start = Clock::now();
+    if (argc != 4) {
+        std::fprintf(stderr, "usage: qt_run firstpaint|repaint HOME FILE\n");
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication qapp(argc, argv);
+    zol::Application app;
+    zol::TMainFrame frame(app);
+    zol::setShell(&frame.qtShell());
+    zol::startUp(app, zol::StartupOptions{argv[2], {}, {}});
+    frame.applySettings();
+    frame.resize(1000, 720);
+
+    if (std::strcmp(argv[1], "firstpaint") == 0) {
+        FirstPaint probe;
+        probe.start = start;
+        qapp.installEventFilter(&probe);
+        if (!frame.openFile(argv[3])) return 1;
+        frame.show();
+        QApplication::exec();
+        std::printf("launch to first paint: %.1f ms\n", probe.ms);
+    } else {
+        if (!frame.openFile(argv[3])) return 1;
+        frame.show();
+        QApplication::processEvents();
+        zol::TVekWinEditor* view = frame.activeView();
+        std::printf("document: %d lines\n", static_cast<int>(view->document()->lines.count()));
+        view->runCommand(zol::findCommand(std::string_view("TextEnd"))->id);
+        view->viewport()->repaint();
+        auto timed = [&](int key, const QString& text) {
+            const Clock::time_point t = Clock::now();
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+            QApplication::sendEvent(view, &press);
+            view->viewport()->repaint();
+            return msSince(t);
+        };
+        std::vector<double> keys, pages;
+        for (int i = 0; i < 50; ++i) keys.push_back(timed(Qt::Key_X, QStringLiteral("x")));
+        for (int i = 0; i < 50; ++i) pages.push_back(timed(Qt::Key_PageUp, QString()));
+        report("key press at the end, painted", keys);
+        report("page scroll, painted", pages);
+        for (const auto& d : app.documents) d->modified = false;
+    }
+    zol::shutDown(app);
+    zol::setShell(nullptr);
+    return 0;
+}

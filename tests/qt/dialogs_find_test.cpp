@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QImage>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <algorithm>
+#include <cstdlib>
+
+#include "app/qt/dialogs/find_dialog.h"
+#include "search/history.h"
+#include "tests/qt/dialogs_support.h"
+
+namespace zol {
+namespace {
+
+using dlgtest::whenModal;
+
+class FindDialogTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        dlgtest::ensureApp();
+        setSearchHistoryLists(&finds_, &replaces_);
+    }
+    void TearDown() override { setSearchHistoryLists(nullptr, nullptr); }
+    std::vector<std::string> finds_, replaces_;
+};
+
+template <class T>
+T* child(QWidget* w, const char* name) {
+    T* c = w->findChild<T*>(name);
+    EXPECT_NE(c, nullptr) << name;
+    return c;
+}
+
+// Opens the builder on a field holding "abXY" with the caret (or a selection) at
+// `from`, clicks piece `index`, and gives back the field.
+struct BuilderResult {
+    QString text;
+    int caret;
+};
+BuilderResult pickPiece(int index, int from, int selected = 0) {
+    QLineEdit edit("abXY");
+    edit.setCursorPosition(from);
+    if (selected) edit.setSelection(from, selected);
+    whenModal<TRegExprDialog>([index](TRegExprDialog* d) {
+        QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("piece%1").arg(index)), Qt::LeftButton);
+    });
+    EXPECT_TRUE(TRegExprDialog::run(nullptr, &edit));
+    return {edit.text(), edit.cursorPosition()};
+}
+
+TEST_F(FindDialogTest, PatternBuilderOffersThePiecesInOrderAndPlacesTheCaret) {
+    const char* order[] = {".",        "[]",          "[^]",      "\\t",   "^",        "$",
+                           "|",        "*",           "+",        "{}",    "[a-zA-Z0-9]", "[a-zA-Z]",
+                           "[0-9]",    "[0-9a-fA-F]+", "[0-9]+",  "[a-zA-Z]+", "\"[^\"]*\"|'[^']*'", "^$"};
+    TRegExprDialog builder(nullptr, nullptr);
+    for (int i = 0; i < 18; ++i) {
+        auto* b = builder.findChild<QPushButton*>(QStringLiteral("piece%1").arg(i));
+        ASSERT_NE(b, nullptr) << i;
+        EXPECT_EQ(b->text(), QString(order[i])) << i;
+    }
+    EXPECT_EQ(builder.findChild<QPushButton*>("piece18"), nullptr);
+
+    struct Case {
+        int piece;
+        const char* text;
+        int caret;
+    } cases[] = {
+        {0, "ab.XY", 3},          // after
+        {1, "ab[]XY", 3},         // between the brackets
+        {2, "ab[^]XY", 4},        // before the closing bracket
+        {3, "ab\\tXY", 4},        // after the escape
+        {9, "ab{}XY", 3},         // between the braces
+        {13, "ab[0-9a-fA-F]+XY", 14},
+        {16, "ab\"[^\"]*\"|'[^']*'XY", 17},
+        {17, "ab^$XY", 4},
+    };
+    for (const Case& c : cases) {
+        const BuilderResult r = pickPiece(c.piece, 2);
+        EXPECT_EQ(r.text, QString(c.text)) << c.piece;
+        EXPECT_EQ(r.caret, c.caret) << c.piece;
+    }
+    // At the very start, and over a selection, which the piece replaces.
+    BuilderResult r = pickPiece(1, 0);
+    EXPECT_EQ(r.text, "[]abXY");
+    EXPECT_EQ(r.caret, 1);
+    r = pickPiece(2, 2, 2);
+    EXPECT_EQ(r.text, "ab[^]");
+    EXPECT_EQ(r.caret, 4);
+}
+
+TEST_F(FindDialogTest, BuilderFromTheDialogEditsTheSearchFieldAndTurnsOnRegex) {
+    FindDialogData data;
+    data.findText = "foo";
+    whenModal<TFindDialog>([](TFindDialog* d) {
+        QLineEdit* field = child<QComboBox>(d, "findText")->lineEdit();
+        field->setCursorPosition(0);
+        whenModal<TRegExprDialog>([](TRegExprDialog* b) { child<QPushButton>(b, "piece2")->click(); });
+        child<QPushButton>(d, "patternButton")->click();
+        QTest::keyClicks(field, "x");  // typed at the caret the piece left
+        child<QPushButton>(d, "findButton")->click();
+    });
+    EXPECT_EQ(TFindDialog::run(nullptr, data, false), FindDialogResult::Find);
+    EXPECT_EQ(data.findText, "[^x]foo");
+    EXPECT_TRUE(data.regex);
+    ASSERT_FALSE(finds_.empty());
+    EXPECT_EQ(finds_.front(), "[^x]foo");
+}
+
+TEST_F(FindDialogTest, OptionsRoundTripThroughTheReplaceDialog) {
+    FindDialogData data{"abc", "def", true, false, true, false};
+    whenModal<TFindDialog>([](TFindDialog* d) {
+        // What came in is shown.
+        EXPECT_EQ(child<QComboBox>(d, "findText")->currentText(), "abc");
+        EXPECT_EQ(child<QComboBox>(d, "replaceText")->currentText(), "def");
+        EXPECT_TRUE(child<QCheckBox>(d, "wholeWord")->isChecked());
+        EXPECT_FALSE(child<QCheckBox>(d, "matchCase")->isChecked());
+        EXPECT_TRUE(child<QCheckBox>(d, "regex")->isChecked());
+        EXPECT_TRUE(child<QRadioButton>(d, "up")->isChecked());
+        // Every option changed goes back out.
+        child<QCheckBox>(d, "wholeWord")->click();
+        child<QCheckBox>(d, "matchCase")->click();
+        child<QCheckBox>(d, "regex")->click();
+        child<QRadioButton>(d, "down")->click();
+        QLineEdit* repl = child<QComboBox>(d, "replaceText")->lineEdit();
+        repl->clear();
+        repl->insert(QString::fromUtf8("caf\xc3\xa9"));  // é is in the code page
+        child<QPushButton>(d, "replaceAllButton")->click();
+    });
+    EXPECT_EQ(TFindDialog::run(nullptr, data, true), FindDialogResult::ReplaceAll);
+    EXPECT_EQ(data.findText, "abc");
+    EXPECT_EQ(data.replaceText, "caf\xe9");
+    EXPECT_FALSE(data.wholeWord);
+    EXPECT_TRUE(data.matchCase);
+    EXPECT_FALSE(data.regex);
+    EXPECT_TRUE(data.forward);
+    EXPECT_EQ(replaces_.front(), "caf\xe9");
+}
+
+TEST_F(FindDialogTest, RefusedOrCancelledDialogChangesNothing) {
+    const FindDialogData before{"abc", "", false, true, false, true};
+    FindDialogData data = before;
+    whenModal<TFindDialog>([](TFindDialog* d) {
+        QLineEdit* field = child<QComboBox>(d, "findText")->lineEdit();
+        // A character outside the code page is refused with a message; the dialog stays.
+        field->setText(QString::fromUtf8("a\xe2\x86\x92" "b"));
+        whenModal<QMessageBox>([](QMessageBox* box) { box->accept(); });
+        child<QPushButton>(d, "findButton")->click();
+        EXPECT_TRUE(d->isVisible());
+        // An empty text cannot be searched for.
+        field->clear();
+        EXPECT_FALSE(child<QPushButton>(d, "findButton")->isEnabled());
+        child<QCheckBox>(d, "wholeWord")->click();
+        child<QPushButton>(d, "cancelButton")->click();
+    });
+    EXPECT_EQ(TFindDialog::run(nullptr, data, false), FindDialogResult::Cancel);
+    EXPECT_EQ(data.findText, before.findText);
+    EXPECT_EQ(data.wholeWord, before.wholeWord);
+    EXPECT_TRUE(finds_.empty());
+}
+
+TEST_F(FindDialogTest, HistoryIsOfferedMostRecentFirst) {
+    rememberFind("one");
+    rememberFind("two");
+    FindDialogData data;
+    whenModal<TFindDialog>([](TFindDialog* d) {
+        QComboBox* combo = child<QComboBox>(d, "findText");
+        ASSERT_EQ(combo->count(), 2);
+        EXPECT_EQ(combo->itemText(0), "two");
+        combo->setCurrentIndex(1);
+        child<QPushButton>(d, "findButton")->click();
+    });
+    EXPECT_EQ(TFindDialog::run(nullptr, data, false), FindDialogResult::Find);
+    EXPECT_EQ(data.findText, "one");
+    EXPECT_EQ(finds_, (std::vector<std::string>{"one", "two"}));
+}
+
+// The dialog's look, compared with the committed picture. To refresh it after an
+// intended change, copy the PNG this test writes into the build folder over the
+// reference.
+TEST_F(FindDialogTest, ScreenshotMatchesTheReference) {
+    FindDialogData data{"while", "", false, true, false, true};
+    TFindDialog dlg(nullptr, data, false);
+    dlg.adjustSize();
+    dlg.show();
+    QApplication::processEvents();
+    const QImage shot = dlg.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QString out = QStringLiteral(ZOLDER_BUILD_DIR "/find_dialog.png");
+    ASSERT_TRUE(shot.save(out));
+    const QImage ref = QImage(QStringLiteral(ZOLDER_SOURCE_DIR "/tests/qt/reference/find_dialog.png"))
+                           .convertToFormat(QImage::Format_RGB32);
+    ASSERT_FALSE(ref.isNull()) << "no reference; the new shot is " << out.toStdString();
+    // Font rendering may differ a little between machines: allow a few pixels off,
+    // counting those that only one of the pictures has.
+    const int w = std::min(shot.width(), ref.width()), h = std::min(shot.height(), ref.height());
+    long off = long(shot.width()) * shot.height() + long(ref.width()) * ref.height() - 2L * w * h;
+    for (int y = 0; y < h; ++y) {
+        for (int x = 0; x < w; ++x) {
+            const QRgb a = shot.pixel(x, y), b = ref.pixel(x, y);
+            if (std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b)) > 96)
+                ++off;
+        }
+    }
+    EXPECT_LE(off, shot.width() * shot.height() / 100) << "pixels off; the new shot is " << out.toStdString();
+}
+
+}  // namespace
+}  // namespace zol

@@ -1,0 +1,61 @@
+// What the dialog tests share: the application object on the offscreen platform, a
+// way to act on a modal dialog once it is up, and a shell that records what it is told.
+#pragma once
+#include <QApplication>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/shell.h"
+
+namespace zol::dlgtest {
+
+inline void ensureApp() {
+    if (QApplication::instance()) return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "test_qt";
+    static char* argv[] = {name, nullptr};
+    new QApplication(argc, argv);
+}
+
+// Calls step with the top modal widget as soon as it is a D. Gives up after a few
+// thousand polls so that a dialog that never opens fails the test instead of hanging.
+template <class D>
+void whenModal(std::function<void(D*)> step) {
+    auto* timer = new QTimer;
+    auto polls = std::make_shared<int>(0);
+    QObject::connect(timer, &QTimer::timeout, [timer, step, polls] {
+        if (auto* d = qobject_cast<D*>(QApplication::activeModalWidget())) {
+            timer->stop();
+            timer->deleteLater();
+            step(d);
+        } else if (++*polls > 4000) {
+            timer->stop();
+            timer->deleteLater();
+        }
+    });
+    timer->start(1);
+}
+
+class RecordingShell : public Shell {
+public:
+    RecordingShell() { setShell(this); }
+    ~RecordingShell() override { setShell(nullptr); }
+    void message(std::string_view text) override { messages.emplace_back(text); }
+    Answer ask(std::string_view text, bool) override {
+        questions.emplace_back(text);
+        return answer;
+    }
+    void statusMessage(std::string_view) override {}
+    ClipboardData getClipboard() override { return {}; }
+    void setClipboard(const ClipboardData&) override {}
+
+    Answer answer = Answer::Yes;
+    std::vector<std::string> messages;
+    std::vector<std::string> questions;
+};
+
+}  // namespace zol::dlgtest
