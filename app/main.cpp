@@ -4,14 +4,15 @@
 #include "app/application.h"
 #include "app/cli.h"
 #include "app/headless_shell.h"
-#include "app/qt/desktop.h"
 #include "app/version.h"
+#include "platform/dynlib.h"
 #include "platform/paths.h"
 #include "script/runner.h"
 
 namespace {
 
 constexpr int kExitUsage = 2;
+constexpr const char* kDesktopModule = "libzolderdesktop.so";
 constexpr int kExitScriptError = 255;
 
 int runHeadless(const zol::CommandLine& cl) {
@@ -42,6 +43,24 @@ int runHeadless(const zol::CommandLine& cl) {
     return status;
 }
 
+// The desktop front end lives in a module beside the program (build tree) or in the
+// library folder (installed), so that the headless runner never loads Qt.
+int runDesktop(int argc, char** argv, const zol::CommandLine& cl) {
+    using Entry = int (*)(int, char**, const zol::CommandLine*);
+    const std::string dir = zol::executablePath().substr(0, zol::executablePath().rfind('/') + 1);
+    std::string why;
+    for (const std::string& path : {dir + kDesktopModule, dir + "../lib/zolder/" + kDesktopModule}) {
+        zol::LibraryHandle lib = zol::openLibrary(path, &why);
+        if (!lib) continue;
+        if (auto entry = reinterpret_cast<Entry>(zol::librarySymbol(lib, "zolder_run_desktop")))
+            return entry(argc, argv, &cl);
+        zol::closeLibrary(lib);
+    }
+    std::fprintf(stderr, "zolder: the desktop editor cannot start (%s); use --headless\n",
+                 why.empty() ? kDesktopModule : why.c_str());
+    return kExitUsage;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -59,6 +78,6 @@ int main(int argc, char** argv) {
         std::printf("zolder %s\n", zol::programVersion());
         return 0;
     }
-    if (!cl.headless) return zol::runDesktop(argc, argv, cl);
+    if (!cl.headless) return runDesktop(argc, argv, cl);
     return runHeadless(cl);
 }
