@@ -71,19 +71,8 @@ bool isSystemService(int num) {
 
 Val Engine::callBuiltin(Expr* e) {
     const size_t n = e->args.size();
-    Val small[8];
-    std::vector<Val> big;
-    Val* av = small;
-    if (n > 8) {
-        big.resize(n);
-        av = big.data();
-    }
-    const int before = cells;
-    for (size_t i = 0; i < n; ++i) {
-        av[i] = eval(e->args[i]);
-        if (++cells > kStackCells) fail(kErrStackOverflow);
-    }
-    cells = before;
+    ArgValues args;
+    Val* av = evalArgs(e, args);
     curFile = e->file;
     curLine = e->line;
     BArgs a{*this, e, av, n};

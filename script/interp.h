@@ -446,6 +446,27 @@ struct Engine {
     }
     Val loadBits(const Expr* lv, const uint8_t* p) const;
     Val storeBits(const Expr* lv, uint8_t* p, Val v) const;
+    // A call's argument values, evaluated left to right; each holds a stack cell while
+    // the next one is evaluated.
+    struct ArgValues {
+        Val small[8];
+        std::vector<Val> big;
+    };
+    Val* evalArgs(Expr* e, ArgValues& store) {
+        const size_t n = e->args.size();
+        Val* av = store.small;
+        if (n > 8) {
+            store.big.resize(n);
+            av = store.big.data();
+        }
+        const int before = cells;
+        for (size_t i = 0; i < n; ++i) {
+            av[i] = eval(e->args[i]);
+            if (++cells > kStackCells) fail(kErrStackOverflow);
+        }
+        cells = before;
+        return av;
+    }
     Val call(Function* f, Expr* e);
     Flow exec(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);

@@ -23,19 +23,8 @@ Val Engine::call(Function* f, Expr* e) {
     if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
     if (!f->compiled) compileFunction(f);
     const size_t n = e->args.size();
-    Val small[8];
-    std::vector<Val> big;
-    Val* av = small;
-    if (n > 8) {
-        big.resize(n);
-        av = big.data();
-    }
-    const int cellsBefore = cells;
-    for (size_t i = 0; i < n; ++i) {
-        av[i] = eval(e->args[i]);
-        if (++cells > kStackCells) fail(kErrStackOverflow);
-    }
-    cells = cellsBefore;
+    ArgValues args;
+    Val* av = evalArgs(e, args);
     const size_t np = f->type->params.size();
     uint32_t extra = 0;
     for (size_t i = np; i < n; ++i) extra += round4(e->argTypes[i]->size);

@@ -67,36 +67,32 @@ void rebaseGroups(RegexProgram& prog, const char* from, const char* to) {
 int regexSearch(Searcher& s, const char* hay, std::string_view line, size_t start, LineHit& hit) {
     RegexProgram& prog = *s.prog;
     const size_t len = line.size();
+    // After a run that matched: keeps the match when the whole-word rule allows it.
+    auto accept = [&](size_t& at) {
+        at = static_cast<size_t>(prog.groupStart[0] - hay);
+        const size_t n = static_cast<size_t>(prog.groupEnd[0] - prog.groupStart[0]);
+        if (s.options.wholeWord && !wholeWordAt(line, at, n)) return false;
+        rebaseGroups(prog, hay, line.data());
+        hit = {at, n};
+        return true;
+    };
+    auto noMatch = [&] {
+        s.gaveUp = prog.gaveUp;
+        return prog.gaveUp ? kSearchError : kSearchNotFound;
+    };
+    size_t at = 0;
     if (s.options.forward) {
         for (size_t from = std::min(start, len);;) {
-            if (!regexExecute(&prog, hay + from, nullptr, false, from == 0)) {
-                s.gaveUp = prog.gaveUp;
-                return prog.gaveUp ? kSearchError : kSearchNotFound;
-            }
-            const size_t at = static_cast<size_t>(prog.groupStart[0] - hay);
-            const size_t n = static_cast<size_t>(prog.groupEnd[0] - prog.groupStart[0]);
-            if (!s.options.wholeWord || wholeWordAt(line, at, n)) {
-                rebaseGroups(prog, hay, line.data());
-                hit = {at, n};
-                return kSearchFound;
-            }
+            if (!regexExecute(&prog, hay + from, nullptr, false, from == 0)) return noMatch();
+            if (accept(at)) return kSearchFound;
             if (at >= len) return kSearchNotFound;
             from = at + 1;
         }
     }
     const char* limit = start >= len ? nullptr : hay + start;
     for (;;) {
-        if (limit == hay || !regexExecute(&prog, hay, limit, true, true)) {
-            s.gaveUp = prog.gaveUp;
-            return prog.gaveUp ? kSearchError : kSearchNotFound;
-        }
-        const size_t at = static_cast<size_t>(prog.groupStart[0] - hay);
-        const size_t n = static_cast<size_t>(prog.groupEnd[0] - prog.groupStart[0]);
-        if (!s.options.wholeWord || wholeWordAt(line, at, n)) {
-            rebaseGroups(prog, hay, line.data());
-            hit = {at, n};
-            return kSearchFound;
-        }
+        if (limit == hay || !regexExecute(&prog, hay, limit, true, true)) return noMatch();
+        if (accept(at)) return kSearchFound;
         limit = hay + at;
     }
 }
