@@ -63,9 +63,9 @@ std::string formatArgs(BArgs& a, const std::string& fmt, size_t first) {
             break;
         }
         const char conv = fmt[i];
-        std::string spec = "%" + flags;
-        if (width >= 0) spec += std::to_string(width);
-        if (prec >= 0) spec += "." + std::to_string(prec);
+        std::string directive = "%" + flags;
+        if (width >= 0) directive += std::to_string(width);
+        if (prec >= 0) directive += "." + std::to_string(prec);
         char buf[512];
         std::string piece;
         auto fmtInto = [&](const std::string& sp, auto value) {
@@ -85,7 +85,7 @@ std::string formatArgs(BArgs& a, const std::string& fmt, size_t first) {
                 int64_t v = isFloating(a.e->argTypes[ix]) ? static_cast<int64_t>(a.v[ix].d) : a.v[ix].i;
                 if (len == 1) v = static_cast<int16_t>(v);
                 else if (len != 3) v = static_cast<int32_t>(v);
-                fmtInto(spec + "lld", static_cast<long long>(v));
+                fmtInto(directive + "lld", static_cast<long long>(v));
                 break;
             }
             case 'u': case 'o': case 'x': case 'X': {
@@ -93,7 +93,7 @@ std::string formatArgs(BArgs& a, const std::string& fmt, size_t first) {
                 uint64_t v = static_cast<uint64_t>(isFloating(a.e->argTypes[ix]) ? static_cast<int64_t>(a.v[ix].d) : a.v[ix].i);
                 if (len == 1) v = static_cast<uint16_t>(v);
                 else if (len != 3) v = static_cast<uint32_t>(v);
-                fmtInto(spec + "ll" + conv, static_cast<unsigned long long>(v));
+                fmtInto(directive + "ll" + conv, static_cast<unsigned long long>(v));
                 break;
             }
             case 'c': {
@@ -127,7 +127,7 @@ std::string formatArgs(BArgs& a, const std::string& fmt, size_t first) {
             case 'f': case 'F': case 'e': case 'E': case 'g': case 'G': case 'a': case 'A': {
                 const size_t ix = next();
                 const double v = isFloating(a.e->argTypes[ix]) ? a.v[ix].d : static_cast<double>(a.v[ix].i);
-                fmtInto(spec + conv, v);
+                fmtInto(directive + conv, v);
                 break;
             }
             case 'p': {

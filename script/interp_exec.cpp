@@ -84,31 +84,41 @@ Val Engine::call(Function* f, Expr* e) {
     return result;
 }
 
+// Where a block starts: at `from`, or at the statement holding the label or case being
+// sought; false when the block does not hold it.
+static bool blockStart(const Engine& en, const Stmt* s, size_t from, size_t& i) {
+    i = from;
+    if (!en.seekKey) return true;
+    auto it = s->labels.find(en.seekKey);
+    if (it == s->labels.end()) return false;
+    i = it->second;
+    return true;
+}
+
+// After statement i ended with f: true with i moved to the next statement to run (the
+// following one, or the one holding a goto's label), false when f leaves the block.
+static bool nextInBlock(Engine& en, const Stmt* s, Flow f, size_t& i) {
+    if (f == Flow::Normal) {
+        ++i;
+        return true;
+    }
+    if (f != Flow::Goto) return false;
+    // The label is in this list or somewhere inside one of its statements.
+    auto it = s->labels.find(en.gotoLabel);
+    if (it == s->labels.end()) return false;
+    en.seekKey = en.gotoLabel;
+    i = it->second;
+    return true;
+}
+
 Flow Engine::execBlock(Stmt* s, size_t from) {
     if (s->jmpChild) return execJumpBlock(s, from);
-    size_t i = from;
-    if (seekKey) {
-        auto it = s->labels.find(seekKey);
-        if (it == s->labels.end()) return Flow::Normal;
-        i = it->second;
-    }
+    size_t i;
+    if (!blockStart(*this, s, from, i)) return Flow::Normal;
     const size_t n = s->list.size();
     while (i < n) {
         const Flow f = exec(s->list[i]);
-        if (f == Flow::Normal) {
-            ++i;
-            continue;
-        }
-        if (f == Flow::Goto) {
-            // The label is in this list or somewhere inside one of its statements.
-            auto it = s->labels.find(gotoLabel);
-            if (it != s->labels.end()) {
-                seekKey = gotoLabel;
-                i = it->second;
-                continue;
-            }
-        }
-        return f;
+        if (!nextInBlock(*this, s, f, i)) return f;
     }
     return Flow::Normal;
 }
@@ -127,12 +137,8 @@ Flow Engine::execJumpBlock(Stmt* s, size_t from) {
     } scope{*this, jmpActs.size(), jmpTargets.size()};
     jmpActs.push_back(act);
     const int savedCells = cells, savedVars = liveVars;
-    size_t i = from;
-    if (seekKey) {
-        auto it = s->labels.find(seekKey);
-        if (it == s->labels.end()) return Flow::Normal;
-        i = it->second;
-    }
+    size_t i;
+    if (!blockStart(*this, s, from, i)) return Flow::Normal;
     const size_t n = s->list.size();
     for (;;) {
         try {
@@ -146,19 +152,7 @@ Flow Engine::execJumpBlock(Stmt* s, size_t from) {
                 } else {
                     f = exec(c);
                 }
-                if (f == Flow::Normal) {
-                    ++i;
-                    continue;
-                }
-                if (f == Flow::Goto) {
-                    auto it = s->labels.find(gotoLabel);
-                    if (it != s->labels.end()) {
-                        seekKey = gotoLabel;
-                        i = it->second;
-                        continue;
-                    }
-                }
-                return f;
+                if (!nextInBlock(*this, s, f, i)) return f;
             }
             return Flow::Normal;
         } catch (const LongJump& j) {
