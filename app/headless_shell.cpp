@@ -31,16 +31,7 @@ Answer HeadlessShell::ask(std::string_view text, bool withCancel) {
 void HeadlessShell::statusMessage(std::string_view) {}
 
 bool HeadlessShell::askMacroName(std::string&) { return true; }
-bool HeadlessShell::openFile(const std::string& path) {
-    if (!app_) return false;
-    const std::string full = fullPath(path);
-    for (const auto& doc : app_->documents) {
-        if (doc->hasFile && doc->fileName == full) {
-            setActiveDocument(*app_, doc.get());
-            return true;
-        }
-    }
-    return openDocument(*app_, path) != nullptr;
-}
+// openDocument activates a file that is already open.
+bool HeadlessShell::openFile(const std::string& path) { return app_ && openDocument(*app_, path) != nullptr; }
 
 }  // namespace zol

@@ -74,12 +74,7 @@ int ZOLAPI Zol_GetNumberOfLines(HDOC h) {
 }
 
 int ZOLAPI Zol_GetLine(HDOC h, int line, char* buffer, int size) {
-    return guarded<int>(0, [&] {
-        if (!buffer) return 0;
-        Document* doc = docOf(h);
-        if (!doc && size >= 1) buffer[0] = '\0';
-        return getLine(doc, line, buffer, size);
-    });
+    return guarded<int>(0, [&] { return getLine(docOf(h), line, buffer, size); });
 }
 
 BOOL ZOLAPI Zol_SetLine(HDOC h, int line, const char* text) {

@@ -182,25 +182,6 @@ TEST_F(Api, StringHelpersCountScreenColumns) {
     EXPECT_STREQ(Zol_StrLwr(up), "mixed");
 }
 
-TEST_F(Api, DialogsAreCancelledWithoutWindows) {
-    char buf[64] = "start";
-    BOOL a = 0, b = 0, c = 0, d = 0, e = 0;
-    short format = 0;
-    int value = 5;
-    EXPECT_EQ(Zol_OpenFileDlg(buf, 2, "", ""), 0);
-    EXPECT_EQ(Zol_OpenFileDlg(buf, sizeof buf, "*.c", "Open"), 0);
-    EXPECT_EQ(Zol_SaveFileDlg(buf, sizeof buf, &format, "Save"), 0);
-    EXPECT_EQ(Zol_GetIntDlg("t", "p", &value, 0, 9), 0);
-    EXPECT_EQ(value, 5);
-    EXPECT_EQ(Zol_FindDlg(buf, &a, &b, &c, nullptr), 0);
-    EXPECT_EQ(Zol_ReplaceDlg(buf, buf, &a, &b, &c, &d, &e), 0);
-    EXPECT_STREQ(buf, "start");
-    EXPECT_EQ(XPZ_KeyMappingDlg(0, 0, 0), 0);
-    EXPECT_EQ(XPZ_ExecScript("x.c", ""), 0);  // no main window, no script
-    EXPECT_TRUE(XPZ_EntryPoint(1, 0));
-    EXPECT_FALSE(XPZ_EntryPoint(3, 0));
-}
-
 TEST_F(Api, DockableWindowsNeedTheirLeadingFields) {
     install("recorder.zop", "rec.zop");
     ASSERT_EQ(XPZ_LoadPlugIn("rec.zop"), 1);
