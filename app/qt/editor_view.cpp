@@ -24,14 +24,8 @@
 #include "syntax/scanner.h"
 #include "syntax/table.h"
 
-#if __has_include("app/qt/dialogs/macro_dialogs.h")
 #include "app/qt/dialogs/macro_dialogs.h"
-#define ZOLDER_HAVE_MACRO_DIALOG 1
-#endif
-#if __has_include("app/qt/dialogs/named_bookmarks.h")
 #include "app/qt/dialogs/named_bookmarks.h"
-#define ZOLDER_HAVE_BOOKMARKS_DIALOG 1
-#endif
 
 namespace zol {
 namespace {
@@ -439,18 +433,12 @@ void TVekWinEditor::refreshCaption() { Q_EMIT captionChanged(); }
 void TVekWinEditor::refreshStatus() { Q_EMIT statusChanged(); }
 
 void TVekWinEditor::macroCommand() {
-#ifdef ZOLDER_HAVE_MACRO_DIALOG
     if (doc_) TMacroDialog::run(this, doc_);
-#else
-    shell().statusMessage(qtmsg::kNotAvailable);
-#endif
 }
 
 void TVekWinEditor::namedBookmarksDialog() {
-#ifdef ZOLDER_HAVE_BOOKMARKS_DIALOG
     if (doc_) TNamedBookmarks::run(this, doc_);
     if (doc_ && (!documentAlive || documentAlive(doc_))) afterCommand();
-#endif
 }
 
 void TVekWinEditor::scriptCommand() {

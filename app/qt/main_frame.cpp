@@ -39,10 +39,7 @@
 #include "plugin/plugin_manager.h"
 #include "script/runner.h"
 
-#if __has_include("app/qt/dialogs/options_dialog.h")
 #include "app/qt/dialogs/options_dialog.h"
-#define ZOLDER_HAVE_OPTIONS_DIALOG 1
-#endif
 
 namespace zol {
 namespace {
@@ -442,16 +439,9 @@ void TMainFrame::buildMenus() {
     file->addAction(QString::fromLatin1(qtmsg::kExitAction), this, &QWidget::close);
 
     menus[8]->addSeparator();
-    QAction* optionsAction = menus[8]->addAction(QString::fromLatin1(qtmsg::kOptionsAction), this, [this] {
-#ifdef ZOLDER_HAVE_OPTIONS_DIALOG
+    menus[8]->addAction(QString::fromLatin1(qtmsg::kOptionsAction), this, [this] {
         if (TOptionsDialog::run(this)) applyViewSettings();
-#endif
     });
-#ifndef ZOLDER_HAVE_OPTIONS_DIALOG
-    optionsAction->setEnabled(false);
-#else
-    (void)optionsAction;
-#endif
     QMenu* window = menus[11];
     window->addSeparator();
     QAction* tabs = window->addAction(QString::fromLatin1(qtmsg::kTabsAction));

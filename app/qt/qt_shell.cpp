@@ -12,22 +12,10 @@
 #include "app/qt/main_frame.h"
 #include "app/qt/messages.h"
 
-#if __has_include("app/qt/dialogs/find_dialog.h")
-#include "app/qt/dialogs/find_dialog.h"
-#define ZOLDER_HAVE_FIND_DIALOG 1
-#endif
-#if __has_include("app/qt/dialogs/goto_dialog.h")
-#include "app/qt/dialogs/goto_dialog.h"
-#define ZOLDER_HAVE_GOTO_DIALOG 1
-#endif
-#if __has_include("app/qt/dialogs/macro_dialogs.h")
-#include "app/qt/dialogs/macro_dialogs.h"
-#define ZOLDER_HAVE_RECORD_MACRO_DIALOG 1
-#endif
-#if __has_include("app/qt/dialogs/character_dialog.h")
 #include "app/qt/dialogs/character_dialog.h"
-#define ZOLDER_HAVE_CHARACTER_DIALOG 1
-#endif
+#include "app/qt/dialogs/find_dialog.h"
+#include "app/qt/dialogs/goto_dialog.h"
+#include "app/qt/dialogs/macro_dialogs.h"
 
 namespace zol {
 namespace {
@@ -159,42 +147,19 @@ bool QtShell::readMeDialog(std::string_view t, std::string_view text) {
 void QtShell::plugInsChanged() { frame_->rebuildPlugInMenu(); }
 
 int QtShell::chooseCharacter(std::string_view t) {
-#ifdef ZOLDER_HAVE_CHARACTER_DIALOG
     return TCharacterDialog::run(frame_, orTitle(t));
-#else
-    (void)t;
-    return -1;
-#endif
 }
 
 bool QtShell::askMacroName(std::string& name) {
-#ifdef ZOLDER_HAVE_RECORD_MACRO_DIALOG
     return TRecordMacroDialog::run(frame_, name);
-#else
-    (void)name;
-    return true;
-#endif
 }
 
 FindDialogResult QtShell::findDialog(FindDialogData& data, bool replace) {
-#ifdef ZOLDER_HAVE_FIND_DIALOG
     return TFindDialog::run(frame_, data, replace);
-#else
-    (void)data;
-    (void)replace;
-    return FindDialogResult::Cancel;
-#endif
 }
 
 bool QtShell::askNumber(std::string_view prompt, int& value) {
-#ifdef ZOLDER_HAVE_GOTO_DIALOG
     return TGoToDialog::run(frame_, fromAnsi(prompt), value);
-#else
-    bool ok = false;
-    const int v = QInputDialog::getInt(frame_, title(), fromAnsi(prompt), value, 1, 2147483647, 1, &ok);
-    if (ok) value = v;
-    return ok;
-#endif
 }
 
 bool QtShell::openFile(const std::string& path) { return frame_->openFile(path) != nullptr; }
