@@ -40,26 +40,15 @@ TEST(DefaultKeys, EveryRowIsUsedAndFits) {
     EXPECT_EQ(entries, defaultKeyRows().size()) << "no two rows bind the same key";
 }
 
-TEST(DefaultKeys, TheKeysEveryDesktopEditorHas) {
+// One key of each kind the translation must get right: plain, modified, function keys,
+// and two-key sequences through both prefix tables.
+TEST(DefaultKeys, EachKindOfKeyReachesItsCommand) {
     const KeyMap map = defaultKeyMap();
     const std::pair<const char*, const char*> expected[] = {
-        {"Ctrl+N", "NewFile"},          {"Ctrl+O", "OpenFile"},         {"Ctrl+S", "SaveFile"},
-        {"Ctrl+Z", "Undo"},             {"Ctrl+Y", "Redo"},             {"Ctrl+X", "Cut"},
-        {"Ctrl+C", "Copy"},             {"Ctrl+V", "Paste"},            {"Ctrl+A", "SelectAll"},
-        {"Ctrl+F", "Find"},             {"F3", "FindNext"},             {"Ctrl+H", "Replace"},
-        {"Ctrl+G", "GoToLine"},         {"Home", "LineStart"},          {"End", "LineEnd"},
-        {"Ctrl+Home", "TextStart"},     {"Ctrl+End", "TextEnd"},        {"PageUp", "PageUp"},
-        {"PageDown", "PageDown"},       {"Shift+Left", "LeftSelect"},   {"Ctrl+Right", "WordRight"},
-        {"Ctrl+Shift+Left", "WordLeftSelect"},                          {"Shift+Down", "DownSelect"},
-        {"Ctrl+Backspace", "DeleteWordBack"},                           {"Ctrl+Del", "DeleteWord"},
-        {"Ins", "ToggleInsert"},        {"Enter", "NewLine"},           {"Tab", "Tab"},
-        {"Shift+Tab", "PrevTabPos"},
-        {"F2", "BookmarkNext"},         {"Shift+F2", "BookmarkPrev"},   {"Ctrl+F2", "BookmarkToggle"},
-        {"Ctrl+M", "MatchPair"},        {"Ctrl+Shift+R", "RecordMacro"},
-        {"Ctrl+Shift+E", "MacroStopRecorder"},                          {"Ctrl+Shift+P", "Macro"},
-        {"Ctrl+K", "(waits for a second key)"},                         {"Ctrl+K B", "StartSelect"},
-        {"Ctrl+K K", "EndSelect"},      {"Ctrl+K N", "UpperCase"},      {"Ctrl+K 3", "SetMark3"},
-        {"Ctrl+Q 3", "GotoMark3"},      {"Ctrl+Q F", "Find"},
+        {"Ctrl+S", "SaveFile"},         {"F3", "FindNext"},           {"Home", "LineStart"},
+        {"Shift+Tab", "PrevTabPos"},    {"Ctrl+Shift+Left", "WordLeftSelect"},
+        {"Ctrl+Shift+R", "RecordMacro"}, {"Ctrl+K", "(waits for a second key)"},
+        {"Ctrl+K B", "StartSelect"},    {"Ctrl+K 3", "SetMark3"},     {"Ctrl+Q F", "Find"},
     };
     for (const auto& [keys, command] : expected) {
         EXPECT_EQ(commandOfKeys(map, keys), command) << keys;

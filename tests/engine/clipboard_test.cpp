@@ -56,7 +56,7 @@ TEST_F(Clipboard, ColumnBlockRoundTripIsOneRecord) {
     EXPECT_EQ(text(), "xxbcxxxx\nyyb \nzzbczzzz");
 }
 
-TEST_F(Clipboard, ColumnPasteAddsLinesAtTheEnd) {
+TEST_F(Clipboard, ColumnPasteAddsLinesAtTheEndAndKeepsTabbedTextAligned) {
     fill(doc, "ab");
     putColumnBlock("12\r\n34\r\n56", 2, 3);
     moveTo(3, 0);
@@ -64,9 +64,7 @@ TEST_F(Clipboard, ColumnPasteAddsLinesAtTheEnd) {
     EXPECT_EQ(text(), "ab 12\n   34\n   56");
     run("Undo");
     EXPECT_EQ(text(), "ab");
-}
 
-TEST_F(Clipboard, ColumnPasteInsideATabKeepsTheRestAligned) {
     fill(doc, "a\tb\nc");
     putColumnBlock("XY\r\nZW", 2, 2);
     moveTo(4, 0);
@@ -74,7 +72,7 @@ TEST_F(Clipboard, ColumnPasteInsideATabKeepsTheRestAligned) {
     EXPECT_EQ(text(), "a   XY    b\nc   ZW");
 }
 
-TEST_F(Clipboard, ConsecutivePastesUndoTogether) {
+TEST_F(Clipboard, ConsecutivePastesUndoTogetherButColumnPastesStandAlone) {
     shell_.clip.text = "a\r\nb";
     run("Paste");
     run("Paste");
@@ -83,9 +81,7 @@ TEST_F(Clipboard, ConsecutivePastesUndoTogether) {
     EXPECT_EQ(label(), "&Undo Paste");
     run("Undo");
     EXPECT_EQ(text(), "");
-}
 
-TEST_F(Clipboard, ColumnPastesStandAlone) {
     fill(doc, "....\n....");
     putColumnBlock("ab\r\ncd", 2, 2);
     run("Paste");

@@ -5,8 +5,10 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "engine/command_table.h"
 #include "engine/executor.h"
 #include "engine/options.h"
 #include "engine/shell.h"
@@ -28,8 +30,31 @@ public:
 
 class RecordingView final : public EditorView {
 public:
+    bool preCommand(uint16_t id, uint32_t param, uint32_t) override {
+        seen.push_back({id, param});
+        return swallow;
+    }
     void readOnlyNotify() override { ++readOnlyNotes; }
+    std::vector<std::pair<uint16_t, uint32_t>> seen;
+    bool swallow = false;
     int readOnlyNotes = 0;
+};
+
+// "col,line", so that failures print positions readably.
+inline std::string str(Pos p) { return std::to_string(p.col) + "," + std::to_string(p.line); }
+
+class FakeEditorView : public EditorView {
+public:
+    int pageLines() const override { return page; }
+    int32_t firstVisibleLine() const override { return first; }
+    void setFirstVisibleLine(int32_t line) override { first = line; }
+    void redraw() override { ++redraws; }
+    void refreshStatus() override { ++statusRefreshes; }
+
+    int page = 10;
+    int32_t first = 0;
+    int redraws = 0;
+    int statusRefreshes = 0;
 };
 
 class CommandTest : public ::testing::Test {
@@ -64,6 +89,7 @@ protected:
         setCursor(doc, end);
         doc.lastCmd = 0;
     }
+    std::string here() const { return str(doc.cursor); }
     std::string text() const { return textOf(doc); }
     size_t undoDepth() const { return doc.undo.undo.size(); }
 

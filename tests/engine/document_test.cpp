@@ -125,28 +125,6 @@ TEST(Edit, InsertSplitsLinesAtEveryKindOfLineEnd) {
     EXPECT_TRUE(doc.modified);
 }
 
-TEST(Edit, InsertPastTheEndPadsAndInsideATabExpandsIt) {
-    Document doc;
-    fill(doc, "ab\n\tx");
-    setCursor(doc, makePos(5, 0));
-    ASSERT_TRUE(insertText(doc, "!"));
-    EXPECT_EQ(lineText(doc, 0), "ab   !");
-    // Inside a tab the whole tab becomes tab-size blanks, moving the text right.
-    setCursor(doc, makePos(3, 1));
-    ASSERT_TRUE(insertText(doc, "y"));
-    EXPECT_EQ(lineText(doc, 1), "   y     x");
-}
-
-TEST(Edit, RefusesLinesWiderThanTheCapacity) {
-    Document doc;
-    fill(doc, std::string(kMaxColumns - 1, 'a'));
-    setCursor(doc, makePos(kMaxColumns - 1, 0));
-    EXPECT_TRUE(insertText(doc, "b"));
-    EXPECT_FALSE(insertText(doc, "c"));
-    EXPECT_EQ(lineWidthAt(doc, 0), kMaxColumns);
-    EXPECT_FALSE(insertText(doc, "\t"));
-}
-
 TEST(Edit, DeleteAndRangeTextAgreeAcrossLines) {
     Document doc;
     fill(doc, "alpha\nbeta\ngamma");

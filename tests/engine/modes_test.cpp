@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "tests/engine/cursor_fixture.h"
+#include "tests/engine/command_fixture.h"
 
 namespace zol::test {
 namespace {
 
-class ModeCommands : public CursorFixture {};
+class ModeCommands : public CommandTest {};
 
 struct ModeCase {
     const char* toggle;

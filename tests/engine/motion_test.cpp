@@ -4,17 +4,17 @@
 #include <vector>
 
 #include "engine/commands/motion.h"
-#include "tests/engine/cursor_fixture.h"
+#include "tests/engine/command_fixture.h"
 
 namespace zol::test {
 namespace {
 
-class CursorMoves : public CursorFixture {
+class CursorMoves : public CommandTest {
 protected:
     // Columns where repeated runs of a word move stop on line 0, until the move
     // leaves the line or stops moving.
     std::vector<int> stops(std::string_view command, int fromCol) {
-        at(fromCol, 0);
+        moveTo(fromCol, 0);
         std::vector<int> out;
         while (run(command) && doc.cursor.line == 0) out.push_back(doc.cursor.col);
         return out;
@@ -24,7 +24,7 @@ protected:
 TEST_F(CursorMoves, LeftAndRightThroughTabsOrOverThem) {
     setTabSize(4);
     fill(doc, "ab\tc\nxy");  // the tab spans columns 2 and 3, c is at 4
-    at(2, 0);
+    moveTo(2, 0);
     run("CursorRight");
     EXPECT_EQ(here(), "3,0");  // inside the tab
     run("CursorRight");
@@ -33,46 +33,46 @@ TEST_F(CursorMoves, LeftAndRightThroughTabsOrOverThem) {
     EXPECT_EQ(here(), "3,0");
 
     options().cursorThroughTabs = false;
-    at(2, 0);
+    moveTo(2, 0);
     run("CursorRight");
     EXPECT_EQ(here(), "4,0");
     run("CursorLeft");
     EXPECT_EQ(here(), "2,0");
-    at(3, 0);  // left inside the tab while it was allowed
+    moveTo(3, 0);  // left inside the tab while it was allowed
     run("CursorRight");
     EXPECT_EQ(here(), "4,0");
-    at(3, 0);
+    moveTo(3, 0);
     run("CursorLeft");
     EXPECT_EQ(here(), "2,0");
 }
 
 TEST_F(CursorMoves, LeftAndRightAcrossLineEnds) {
     fill(doc, "abc\nxy");
-    at(0, 1);
+    moveTo(0, 1);
     run("CursorLeft");
     EXPECT_EQ(here(), "3,0");
-    at(0, 0);
+    moveTo(0, 0);
     EXPECT_EQ(run("CursorLeft"), 0);
     EXPECT_EQ(here(), "0,0");
 
-    at(3, 0);  // beyond the end is allowed by default
+    moveTo(3, 0);  // beyond the end is allowed by default
     run("CursorRight");
     EXPECT_EQ(here(), "4,0");
     run("CursorLeft");
     run("CursorLeft");
     EXPECT_EQ(here(), "2,0");
-    at(kMaxColumns, 0);
+    moveTo(kMaxColumns, 0);
     EXPECT_EQ(run("CursorRight"), 0);
     EXPECT_EQ(doc.cursor.col, kMaxColumns);
 
     options().cursorBeyondEol = false;
-    at(3, 0);
+    moveTo(3, 0);
     run("CursorRight");
     EXPECT_EQ(here(), "0,1");
-    at(2, 1);
+    moveTo(2, 1);
     EXPECT_EQ(run("CursorRight"), 0);
     EXPECT_EQ(here(), "2,1");
-    at(9, 0);  // left beyond the end before the option was switched off
+    moveTo(9, 0);  // left beyond the end before the option was switched off
     run("CursorLeft");
     EXPECT_EQ(here(), "2,0");
 }
@@ -80,7 +80,7 @@ TEST_F(CursorMoves, LeftAndRightAcrossLineEnds) {
 TEST_F(CursorMoves, UpAndDownKeepTheDesiredColumn) {
     fill(doc, "abcdefgh\nab\nabcdefgh\n\tx");
     options().cursorBeyondEol = false;
-    at(6, 0);
+    moveTo(6, 0);
     run("CursorDown");
     EXPECT_EQ(here(), "2,1");
     run("CursorDown");
@@ -96,23 +96,23 @@ TEST_F(CursorMoves, UpAndDownKeepTheDesiredColumn) {
     EXPECT_EQ(here(), "1,2");
 
     options().cursorThroughTabs = false;
-    at(5, 2);
+    moveTo(5, 2);
     run("CursorDown");
     EXPECT_EQ(here(), "0,3");  // pulled to the tab's start
     run("CursorUp");
     EXPECT_EQ(here(), "5,2");
 
     options().cursorBeyondEol = true;
-    at(6, 0);
+    moveTo(6, 0);
     run("CursorDown");
     EXPECT_EQ(here(), "6,1");
-    at(3, 0);
+    moveTo(3, 0);
     EXPECT_EQ(run("CursorUp"), 0);
 }
 
 TEST_F(CursorMoves, LineStartEndAndFirstNonBlank) {
     fill(doc, "   foo  \n \t ");
-    at(5, 0);
+    moveTo(5, 0);
     run("LineEnd");
     EXPECT_EQ(here(), "8,0");
     run("FirstNonBlank");
@@ -120,7 +120,7 @@ TEST_F(CursorMoves, LineStartEndAndFirstNonBlank) {
     run("LineStart");
     EXPECT_EQ(here(), "0,0");
     EXPECT_EQ(run("LineStart"), 0);  // no toggling to the first non-blank
-    at(0, 1);
+    moveTo(0, 1);
     run("FirstNonBlank");
     EXPECT_EQ(here(), "9,1");  // a blank line: past its blanks
     run("TextStart");
@@ -142,24 +142,24 @@ TEST_F(CursorMoves, ThreeWordStylesOnOneLine) {
 
 TEST_F(CursorMoves, WordMovesCrossLines) {
     fill(doc, "one two\n  (next");
-    at(7, 0);
+    moveTo(7, 0);
     run("WordRight");
     EXPECT_EQ(here(), "3,1");  // plain: the next line's first word
-    at(7, 0);
+    moveTo(7, 0);
     run("WordRightMS");
     EXPECT_EQ(here(), "0,1");  // MS and smart: the next line's start
     run("WordRightSmart");
     EXPECT_EQ(here(), "2,1");
-    at(0, 1);
+    moveTo(0, 1);
     run("WordLeft");
     EXPECT_EQ(here(), "4,0");
-    at(0, 1);
+    moveTo(0, 1);
     run("WordLeftSmart");
     EXPECT_EQ(here(), "7,0");
-    at(12, 0);  // beyond the end of the line
+    moveTo(12, 0);  // beyond the end of the line
     run("WordLeft");
     EXPECT_EQ(here(), "4,0");
-    at(5, 1);
+    moveTo(5, 1);
     EXPECT_EQ(run("WordRight"), 1);
     EXPECT_EQ(here(), "7,1");
     EXPECT_EQ(run("WordRight"), 0);  // end of the text
@@ -174,14 +174,14 @@ TEST_F(CursorMoves, SmartWordsSplitAcronymsAndUnderscores) {
 TEST_F(CursorMoves, WordMovesOverTabsUseColumns) {
     fill(doc, "a\tbb\tc");  // tab size 8: bb at 8, c at 16
     EXPECT_EQ(stops("WordRight", 0), (std::vector<int>{8, 16, 17}));
-    at(5, 0);  // inside the first tab
+    moveTo(5, 0);  // inside the first tab
     run("WordLeft");
     EXPECT_EQ(here(), "0,0");
 }
 
 TEST_F(CursorMoves, ParagraphsAreRunsOfNonBlankLines) {
     fill(doc, "para one\nstill one\n\n   \npara two\ntwo b\n\nlast");
-    at(3, 0);
+    moveTo(3, 0);
     run("ParaDown");
     EXPECT_EQ(here(), "0,4");
     run("ParaDown");
@@ -190,16 +190,16 @@ TEST_F(CursorMoves, ParagraphsAreRunsOfNonBlankLines) {
     EXPECT_EQ(here(), "4,7");
     EXPECT_EQ(run("ParaDown"), 0);
 
-    at(2, 5);
+    moveTo(2, 5);
     run("ParaUp");
     EXPECT_EQ(here(), "0,4");  // start of its own paragraph first
     run("ParaUp");
     EXPECT_EQ(here(), "0,0");
     EXPECT_EQ(run("ParaUp"), 0);
-    at(0, 3);
+    moveTo(0, 3);
     run("ParaUp");
     EXPECT_EQ(here(), "0,0");
-    at(2, 7);
+    moveTo(2, 7);
     run("ParaUp");
     EXPECT_EQ(here(), "0,7");
     run("ParaUp");
@@ -209,7 +209,7 @@ TEST_F(CursorMoves, ParagraphsAreRunsOfNonBlankLines) {
 TEST_F(CursorMoves, TabStops) {
     setTabSize(4);
     fill(doc, "abcdefghij");
-    at(1, 0);
+    moveTo(1, 0);
     run("NextTabPos");
     EXPECT_EQ(here(), "4,0");
     run("NextTabPos");
@@ -223,7 +223,7 @@ TEST_F(CursorMoves, TabStops) {
     EXPECT_EQ(run("PrevTabPos"), 0);
 
     options().cursorBeyondEol = false;
-    at(9, 0);
+    moveTo(9, 0);
     run("NextTabPos");
     EXPECT_EQ(here(), "10,0");
     EXPECT_EQ(run("NextTabPos"), 0);
@@ -239,7 +239,7 @@ TEST_F(CursorMoves, PagesAndWindowFollowTheView) {
     fill(doc, numberedLines(99));  // 100 lines, the last empty
     FakeEditorView view;
     doc.view = &view;
-    at(3, 0);
+    moveTo(3, 0);
     run("PageDown");
     EXPECT_EQ(here(), "3,10");
     EXPECT_EQ(view.first, 10);
@@ -281,7 +281,7 @@ TEST_F(CursorMoves, PagesWithoutAViewAre25Lines) {
 
 TEST_F(CursorMoves, GoToLineAndColumnClamp) {
     fill(doc, "a\nb\tc\nc\nd\ne\nf\ng\nh\ni\nj\nk");
-    at(1, 0);
+    moveTo(1, 0);
     run("GoToLineNum", 10);
     EXPECT_EQ(here(), "0,9");
     run("GoToLineNum", 0);
@@ -314,15 +314,6 @@ TEST_F(CursorMoves, JumpsAMillionLines) {
     EXPECT_EQ(doc.lines.text(doc.lines.current), "line 1000000");
     run("GoToLineNum", 2);
     EXPECT_EQ(doc.lines.text(doc.lines.current), "line 2");
-}
-
-TEST_F(CursorMoves, PlainMoveDropsTheSelection) {
-    fill(doc, "abc\ndef");
-    run("RightSelect");
-    ASSERT_TRUE(doc.selExists);
-    EXPECT_EQ(run("CursorDown"), 1);
-    EXPECT_FALSE(doc.selExists);
-    EXPECT_EQ(here(), "1,1");
 }
 
 }  // namespace

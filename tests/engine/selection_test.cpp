@@ -2,12 +2,12 @@
 
 #include "engine/selection.h"
 #include "engine/undo.h"
-#include "tests/engine/cursor_fixture.h"
+#include "tests/engine/command_fixture.h"
 
 namespace zol::test {
 namespace {
 
-class Selecting : public CursorFixture {
+class Selecting : public CommandTest {
 protected:
     // "begin-end" of the selection in document order, or "none".
     std::string selection() const {
@@ -18,7 +18,7 @@ protected:
 
 TEST_F(Selecting, ExtendsFromTheAnchorAndCollapses) {
     fill(doc, "abcdef\nghijkl");
-    at(2, 0);
+    moveTo(2, 0);
     run("RightSelect");
     run("RightSelect");
     EXPECT_EQ(selection(), "2,0-4,0");
@@ -40,7 +40,7 @@ TEST_F(Selecting, ExtendsFromTheAnchorAndCollapses) {
 TEST_F(Selecting, ColumnSelectionIsARectangle) {
     fill(doc, "abcdefg\nhi\nopqrstu");
     run("SetColumnSelMode");
-    at(2, 0);
+    moveTo(2, 0);
     run("DownSelect");
     run("DownSelect");
     run("RightSelect");
@@ -49,14 +49,6 @@ TEST_F(Selecting, ColumnSelectionIsARectangle) {
     EXPECT_EQ(selLeftCol(doc), 2);
     EXPECT_EQ(selRightCol(doc), 4);
     EXPECT_EQ(selectedText(doc), "cd\r\n  \r\nqr");  // short lines are padded
-
-    doc.lastCmd = 9;  // as DeleteBlock would run it
-    ASSERT_TRUE(deleteSelection(doc));
-    EXPECT_EQ(textOf(doc), "abefg\nhi\nopstu");
-    EXPECT_EQ(here(), "2,0");
-    EXPECT_FALSE(doc.selExists);
-    undo(doc);  // one record for the whole block
-    EXPECT_EQ(textOf(doc), "abcdefg\nhi\nopqrstu");
 }
 
 TEST_F(Selecting, ColumnBlockSplitsATabItCuts) {
@@ -86,31 +78,31 @@ TEST_F(Selecting, CharacterSelectionDeletesAndCopies) {
 
 TEST_F(Selecting, SelectWordTakesWordsAndPunctuationRuns) {
     fill(doc, "foo_bar  x->y");
-    at(2, 0);
+    moveTo(2, 0);
     run("SelectWord");
     EXPECT_EQ(selection(), "0,0-7,0");
     EXPECT_EQ(here(), "7,0");
-    at(7, 0);  // just after the word
+    moveTo(7, 0);  // just after the word
     run("SelectWord");
     EXPECT_EQ(selection(), "0,0-7,0");
-    at(10, 0);
+    moveTo(10, 0);
     run("SelectWord");
     EXPECT_EQ(selection(), "10,0-12,0");
     run("HideSelect");
-    at(8, 0);  // between two blanks
+    moveTo(8, 0);  // between two blanks
     EXPECT_EQ(run("SelectWord"), 0);
     EXPECT_EQ(selection(), "none");
 }
 
 TEST_F(Selecting, SelectLineGrowsLineByLine) {
     fill(doc, "one\ntwo\nthree");
-    at(1, 1);
+    moveTo(1, 1);
     run("SelectLine");
     EXPECT_EQ(selection(), "0,1-0,2");
     run("SelectLine");
     EXPECT_EQ(selection(), "0,1-5,2");  // the last line has no line end to take
     EXPECT_EQ(run("SelectLine"), 0);
-    at(2, 0);
+    moveTo(2, 0);
     run("SelectLine");
     EXPECT_EQ(selection(), "0,0-0,1");
 }
@@ -118,25 +110,25 @@ TEST_F(Selecting, SelectLineGrowsLineByLine) {
 TEST_F(Selecting, SelectAllAndParaUseCharacterMode) {
     fill(doc, "a b\nc\n\nd e\nf");
     run("SetColumnSelMode");
-    at(1, 1);
+    moveTo(1, 1);
     run("SelectAll");
     EXPECT_EQ(selection(), "0,0-1,4");
     EXPECT_EQ(doc.selMode, SelMode::Char);
     EXPECT_EQ(here(), "1,4");
-    at(1, 0);
+    moveTo(1, 0);
     run("SelectPara");
     EXPECT_EQ(selection(), "0,0-0,2");
-    at(0, 4);
+    moveTo(0, 4);
     run("SelectPara");
     EXPECT_EQ(selection(), "0,3-1,4");
     run("HideSelect");
-    at(0, 2);
+    moveTo(0, 2);
     EXPECT_EQ(run("SelectPara"), 0);
     EXPECT_EQ(selection(), "none");
 }
 
 TEST_F(Selecting, SelectAllOfAnEmptyDocumentSelectsNothing) {
-    at(5, 0);  // beyond the end of the only, empty line
+    moveTo(5, 0);  // beyond the end of the only, empty line
     run("SelectAll");
     EXPECT_EQ(selection(), "none");
     EXPECT_EQ(here(), "0,0");
@@ -144,7 +136,7 @@ TEST_F(Selecting, SelectAllOfAnEmptyDocumentSelectsNothing) {
 
 TEST_F(Selecting, MarkingModeExtendsWithPlainMoves) {
     fill(doc, "abcdef\nghijkl");
-    at(1, 0);
+    moveTo(1, 0);
     run("StartSelect");
     run("CursorRight");
     run("CursorRight");
@@ -160,9 +152,9 @@ TEST_F(Selecting, MarkingModeExtendsWithPlainMoves) {
     EXPECT_EQ(selection(), "none");
 
     // A cursor placed from outside still ends the marked range.
-    at(2, 0);
+    moveTo(2, 0);
     run("StartSelect");
-    at(4, 1);
+    moveTo(4, 1);
     run("EndSelect");
     EXPECT_EQ(selection(), "2,0-4,1");
 
@@ -203,7 +195,7 @@ TEST_F(Selecting, EndsAreClampedToTheText) {
     clearSelection(doc);
     EXPECT_EQ(selection(), "none");
     Pos b, e;
-    at(1, 1);
+    moveTo(1, 1);
     EXPECT_FALSE(selectionRange(doc, b, e));
     EXPECT_EQ(str(b), "1,1");
 }

@@ -30,7 +30,6 @@ TEST_F(Typing, CharactersGoInAtTheCursorAndReplaceASelection) {
     EXPECT_TRUE(doc.modified);
 }
 
-
 TEST_F(Typing, OverwriteReplacesUntilTheEndOfTheLine) {
     options().overwrite = true;
     fill(doc, "abc\n\tz");
@@ -200,7 +199,6 @@ TEST_F(Typing, ColumnBlocksAreCutFromEveryLineAsOneRecord) {
     EXPECT_EQ(text(), "abcdef\nab\na\tb\nabcdefgh");
 }
 
-
 TEST_F(Typing, WordDeletion) {
     fill(doc, "foo  bar+=baz");
     run("DeleteWord");
@@ -219,7 +217,6 @@ TEST_F(Typing, WordDeletion) {
     run("DeleteWordBack");
     EXPECT_EQ(text(), "x");
 }
-
 
 TEST_F(Typing, DeleteLineKeepsBookmarksOnTheirLines) {
     fill(doc, "a\nb\nc\nd");
@@ -268,9 +265,9 @@ TEST_F(Typing, NewLineIndentsLikeTheLineAbove) {
     moveTo(9, 0);
     run("NewLine");
     EXPECT_EQ(text(), "\tx\n");
-}
 
-TEST_F(Typing, NewLineTakesTheIndentOfTheNearestNonEmptyLine) {
+    // The indent of the nearest non-empty line above.
+    options().autoIndent = true;
     fill(doc, "  a\n\n");
     moveTo(0, 2);
     run("NewLine");
@@ -302,54 +299,6 @@ TEST_F(Typing, NewLineInLeadingWhiteSpace) {
     run("InsertLine");  // no indent, the cursor stays
     EXPECT_EQ(text(), "  \n  foo");
     EXPECT_EQ(doc.cursor, makePos(2, 0));
-}
-
-TEST_F(Typing, ABreakInColumnZeroTakesTheBookmarkAlong) {
-    fill(doc, "abc\ndef");
-    doc.lines.header(doc.lines.find(0)).bookmark = 1;
-    run("NewLine");
-    EXPECT_EQ(text(), "\nabc\ndef");
-    EXPECT_EQ(doc.lines.header(doc.lines.find(0)).bookmark, 0);
-    EXPECT_EQ(doc.lines.header(doc.lines.find(1)).bookmark, 1);
-
-    moveTo(1, 1);
-    run("NewLine");
-    EXPECT_EQ(doc.lines.header(doc.lines.find(1)).bookmark, 1);
-    EXPECT_EQ(doc.lines.header(doc.lines.find(2)).bookmark, 0);
-}
-
-TEST_F(Typing, CommentBlocks) {
-    run("InsertComment");
-    const std::string stars(68, '*');
-    EXPECT_EQ(text(), std::string("/").append(stars).append("\n\n").append(stars).append("/\n"));
-    fill(doc, "");
-    run("InsertCommentLight");
-    const std::string dashes(67, '-');
-    EXPECT_EQ(text(), std::string("/*").append(dashes).append("\n\n").append(dashes).append("*/\n"));
-    EXPECT_EQ(doc.cursor, makePos(0, 3));
-}
-
-TEST_F(Typing, ReadOnlyDocumentRefusesAndNotifiesOnce) {
-    test::RecordingView view;
-    doc.view = &view;
-    fill(doc, "abc");
-    doc.readOnly = true;
-    type("x");
-    run("Backspace");
-    run("NewLine");
-    run("Paste");
-    EXPECT_EQ(text(), "abc");
-    EXPECT_EQ(view.readOnlyNotes, 4);
-    EXPECT_EQ(undoDepth(), 0u);
-
-    doc.modified = true;  // unsaved changes: no notification
-    type("x");
-    doc.modified = false;
-    doc.macroRunning = true;
-    type("x");
-    EXPECT_EQ(view.readOnlyNotes, 4);
-    EXPECT_EQ(text(), "abc");
-    doc.view = nullptr;
 }
 
 }  // namespace

@@ -46,9 +46,6 @@ TEST_F(WriteTest, FormatChoosesTheLineEnd) {
 }
 
 TEST_F(WriteTest, BackupNames) {
-    EXPECT_EQ(backupName("/d/a.txt", 0), "/d/a.bak");
-    EXPECT_EQ(backupName("/d/a.txt", 1), "/d/a.txt.bak");
-    EXPECT_EQ(backupName("/d/dir.x/readme", 0), "/d/dir.x/readme.bak");
     EXPECT_EQ(backupName("c:\\dir.x\\readme", 0), "c:\\dir.x\\readme.bak");
     EXPECT_EQ(backupName("a.b.c", 0), "a.b.bak");
     EXPECT_EQ(backupName("/d/.profile", 0), "/d/.profile.bak");

@@ -19,7 +19,7 @@ TEST_F(ProfileRead, NamesMatchWithoutCaseAndFirstDuplicateWins) {
     EXPECT_EQ(getProfileString("Main", "OnlyLater", "d", "a.ini"), "d");
 }
 
-TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemoved) {
+TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemovedAndMissingGivesTheDefault) {
     put("a.ini",
         "[S]\n"
         "  spaced  =   value with blanks \t \n"
@@ -42,13 +42,10 @@ TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemoved) {
     EXPECT_EQ(getProfileString("S", "bare", "def", "a.ini"), "");
     EXPECT_EQ(getProfileString("S", "; commented", "def", "a.ini"), "def");
     EXPECT_EQ(findProfileString("S", "nothing", "a.ini"), std::nullopt);
-}
-
-TEST_F(ProfileRead, DefaultsForMissingFileSectionOrKey) {
-    EXPECT_EQ(getProfileString("S", "k", "dflt  ", "none.ini"), "dflt");
-    put("a.ini", "[S]\nk=v\n");
-    EXPECT_EQ(getProfileString("T", "k", "d", "a.ini"), "d");
+    // Defaults for a missing section, key or file.
+    EXPECT_EQ(getProfileString("T", "spaced", "d", "a.ini"), "d");
     EXPECT_EQ(getProfileString("S", "x", "d", "a.ini"), "d");
+    EXPECT_EQ(getProfileString("S", "k", "dflt  ", "none.ini"), "dflt");
     EXPECT_FALSE(exists("none.ini"));
 }
 

@@ -40,27 +40,31 @@ TEST_F(ProfileWrite, NewKeyFollowsTheLastKeyOfItsSection) {
     expected.insert(expected.find("; about printing"), "Wrap=0\r\n");
     expected.insert(expected.find("\r\n\r\n\r\n[Last]") + 2, "Footer=&p\r\n");
     EXPECT_EQ(get("a.ini"), expected);
+    // No temporary files remain.
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir), std::filesystem::directory_iterator()), 1);
 }
 
-TEST_F(ProfileWrite, NewKeyInLastLineWithoutLineEnd) {
-    put("a.ini", kSample);
-    ASSERT_TRUE(writeProfileString("Last", "y", "2", "a.ini"));
-    EXPECT_EQ(get("a.ini"), std::string(kSample) + "\r\ny=2\r\n");
-}
-
-TEST_F(ProfileWrite, NewSectionGoesToTheEnd) {
-    put("a.ini", "[A]\nk=1\n\n");
-    ASSERT_TRUE(writeProfileString("B", "k", "2", "a.ini"));
-    EXPECT_EQ(get("a.ini"), "[A]\nk=1\n\n[B]\nk=2\n");
-    put("b.ini", "[A]\r\nk=1");
-    ASSERT_TRUE(writeProfileString("B", "k", "2", "b.ini"));
-    EXPECT_EQ(get("b.ini"), "[A]\r\nk=1\r\n[B]\r\nk=2\r\n");
-}
-
-TEST_F(ProfileWrite, KeyInSectionWithoutKeysGoesUnderTheHeader) {
-    put("a.ini", "[A]\n; nothing yet\n\n[B]\n");
-    ASSERT_TRUE(writeProfileString("A", "k", "v", "a.ini"));
-    EXPECT_EQ(get("a.ini"), "[A]\nk=v\n; nothing yet\n\n[B]\n");
+TEST_F(ProfileWrite, KeysAndSectionsGoWhereTheFileAlreadyHasThem) {
+    struct Case {
+        std::string before;
+        const char *section, *key, *value;
+        std::string after;
+    };
+    const Case cases[] = {
+        {kSample, "Last", "y", "2", std::string(kSample) + "\r\ny=2\r\n"},  // last line without a line end
+        {"[A]\nk=1\n\n", "B", "k", "2", "[A]\nk=1\n\n[B]\nk=2\n"},      // a new section goes to the end
+        {"[A]\r\nk=1", "B", "k", "2", "[A]\r\nk=1\r\n[B]\r\nk=2\r\n"},
+        {"[A]\n; nothing yet\n\n[B]\n", "A", "k", "v", "[A]\nk=v\n; nothing yet\n\n[B]\n"},
+        {"[S]\nk=1\nK=2\n[s]\nk=3\n", "s", "K", "9", "[S]\nk=9\nK=2\n[s]\nk=3\n"},  // only the first duplicate
+        {"[S]\n  flag  \n", "S", "flag", "1", "[S]\n  flag=1\n"},                    // a bare key gains a value
+    };
+    int n = 0;
+    for (const Case& c : cases) {
+        const std::string name = "c" + std::to_string(n++) + ".ini";
+        put(name, c.before);
+        ASSERT_TRUE(writeProfileString(c.section, c.key, c.value, name)) << name;
+        EXPECT_EQ(get(name), c.after) << name;
+    }
 }
 
 TEST_F(ProfileWrite, MissingFileIsCreatedInTheHome) {
@@ -68,24 +72,16 @@ TEST_F(ProfileWrite, MissingFileIsCreatedInTheHome) {
     EXPECT_EQ(get("new.ini"), "[S]\nk=v\n");
     EXPECT_FALSE(writeProfileString("S", "k", "v", path("no/such/folder.ini")));
     EXPECT_FALSE(exists("no"));
-}
-
-TEST_F(ProfileWrite, OnlyTheFirstOfDuplicatesChanges) {
-    put("a.ini", "[S]\nk=1\nK=2\n[s]\nk=3\n");
-    ASSERT_TRUE(writeProfileString("s", "K", "9", "a.ini"));
-    EXPECT_EQ(get("a.ini"), "[S]\nk=9\nK=2\n[s]\nk=3\n");
+    // Deleting from a missing file creates nothing.
+    ASSERT_TRUE(writeProfileString("S", "k", nullptr, "none.ini"));
+    ASSERT_TRUE(writeProfileString("S", nullptr, nullptr, "none.ini"));
+    EXPECT_FALSE(exists("none.ini"));
 }
 
 TEST_F(ProfileWrite, ValuesStayOnOneLine) {
     ASSERT_TRUE(writeProfileString("S", "k", "one\n[Evil]\r\nx=1", "a.ini"));
     EXPECT_EQ(getProfileSectionNames("a.ini"), std::vector<std::string>{"S"});
     EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "one [Evil]  x=1");
-}
-
-TEST_F(ProfileWrite, BareKeyGainsAValue) {
-    put("a.ini", "[S]\n  flag  \n");
-    ASSERT_TRUE(writeProfileString("S", "flag", "1", "a.ini"));
-    EXPECT_EQ(get("a.ini"), "[S]\n  flag=1\n");
 }
 
 TEST_F(ProfileWrite, UnchangedValueLeavesTheFileAlone) {
@@ -98,17 +94,6 @@ TEST_F(ProfileWrite, UnchangedValueLeavesTheFileAlone) {
     // Replaced as a whole: the old file lives on under the other link.
     EXPECT_EQ(fs::hard_link_count(path("a.ini")), 1u);
     EXPECT_EQ(get("link.ini"), "[S]\nk=v\n");
-}
-
-TEST_F(ProfileWrite, NoTemporaryFilesRemain) {
-    put("a.ini", kSample);
-    for (int i = 0; i < 5; ++i) ASSERT_TRUE(writeProfileString("S", "k" + std::to_string(i), "v", "a.ini"));
-    int files = 0;
-    for (const auto& e : std::filesystem::directory_iterator(dir)) {
-        (void)e;
-        ++files;
-    }
-    EXPECT_EQ(files, 1);
 }
 
 TEST_F(ProfileWrite, WritesGoThroughSymbolicLinks) {
@@ -131,7 +116,7 @@ TEST_F(ProfileWrite, ReadOnlyFileIsNotWritten) {
     EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "1");
 }
 
-TEST_F(ProfileWrite, NullValueDeletesKeyAndItsDuplicates) {
+TEST_F(ProfileWrite, NullValueDeletesKeysAndNullKeySections) {
     put("a.ini", "[S]\nk=1\n; note\nK=2\nj=3\n[T]\nk=4\n");
     ASSERT_TRUE(writeProfileString("s", "k", nullptr, "a.ini"));
     EXPECT_EQ(get("a.ini"), "[S]\n; note\nj=3\n[T]\nk=4\n");
@@ -141,21 +126,14 @@ TEST_F(ProfileWrite, NullValueDeletesKeyAndItsDuplicates) {
     ASSERT_TRUE(writeProfileString("T", "none", nullptr, "a.ini"));
     ASSERT_TRUE(writeProfileString("U", "none", nullptr, "a.ini"));
     EXPECT_EQ(get("a.ini"), "[S]\n; note\nj=3\n[T]\n");
-}
 
-TEST_F(ProfileWrite, NullKeyDeletesTheWholeSection) {
-    put("a.ini", "[A]\na=1\n\n[B]\nb=1\n; b's note\n\n[a]\nc=2\n[C]\nc=3");
+    // A null key deletes the whole section, with its duplicates.
+    put("b.ini", "[A]\na=1\n\n[B]\nb=1\n; b's note\n\n[a]\nc=2\n[C]\nc=3");
     const char* noKey = nullptr;
-    ASSERT_TRUE(writeProfileString("A", noKey, "ignored", "a.ini"));
-    EXPECT_EQ(get("a.ini"), "[B]\nb=1\n; b's note\n\n[C]\nc=3");
-    ASSERT_TRUE(writeProfileString("c", std::nullopt, std::nullopt, "a.ini"));
-    EXPECT_EQ(get("a.ini"), "[B]\nb=1\n; b's note\n\n");
-}
-
-TEST_F(ProfileWrite, DeletingFromAMissingFileCreatesNothing) {
-    ASSERT_TRUE(writeProfileString("S", "k", nullptr, "none.ini"));
-    ASSERT_TRUE(writeProfileString("S", nullptr, nullptr, "none.ini"));
-    EXPECT_FALSE(exists("none.ini"));
+    ASSERT_TRUE(writeProfileString("A", noKey, "ignored", "b.ini"));
+    EXPECT_EQ(get("b.ini"), "[B]\nb=1\n; b's note\n\n[C]\nc=3");
+    ASSERT_TRUE(writeProfileString("c", std::nullopt, std::nullopt, "b.ini"));
+    EXPECT_EQ(get("b.ini"), "[B]\nb=1\n; b's note\n\n");
 }
 
 TEST_F(ProfileWrite, BatchWritesOnceAndReadsSeeItsChanges) {

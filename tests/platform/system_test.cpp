@@ -107,15 +107,5 @@ TEST(Clock, ConventionsFromLocaleFormats) {
     EXPECT_EQ(conventionsFromFormats("%r", "%F").hours24, false);
 }
 
-TEST(Clock, LocalTimeIsInRange) {
-    LocalTime t = localTimeNow();
-    EXPECT_GE(t.year, 2020);
-    EXPECT_TRUE(t.month >= 1 && t.month <= 12);
-    EXPECT_TRUE(t.day >= 1 && t.day <= 31);
-    EXPECT_TRUE(t.hour >= 0 && t.hour <= 23);
-    TimeConventions c = timeConventions();
-    EXPECT_NE(c.timeSeparator, '\0');
-}
-
 }  // namespace
 }  // namespace zol

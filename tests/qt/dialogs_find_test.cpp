@@ -18,6 +18,7 @@
 namespace zol {
 namespace {
 
+using dlgtest::child;
 using dlgtest::whenModal;
 
 class FindDialogTest : public ::testing::Test {
@@ -29,13 +30,6 @@ protected:
     void TearDown() override { setSearchHistoryLists(nullptr, nullptr); }
     std::vector<std::string> finds_, replaces_;
 };
-
-template <class T>
-T* child(QWidget* w, const char* name) {
-    T* c = w->findChild<T*>(name);
-    EXPECT_NE(c, nullptr) << name;
-    return c;
-}
 
 // Opens the builder on a field holding "abXY" with the caret (or a selection) at
 // `from`, clicks piece `index`, and gives back the field.
@@ -54,18 +48,7 @@ BuilderResult pickPiece(int index, int from, int selected = 0) {
     return {edit.text(), edit.cursorPosition()};
 }
 
-TEST_F(FindDialogTest, PatternBuilderOffersThePiecesInOrderAndPlacesTheCaret) {
-    const char* order[] = {".",        "[]",          "[^]",      "\\t",   "^",        "$",
-                           "|",        "*",           "+",        "{}",    "[a-zA-Z0-9]", "[a-zA-Z]",
-                           "[0-9]",    "[0-9a-fA-F]+", "[0-9]+",  "[a-zA-Z]+", "\"[^\"]*\"|'[^']*'", "^$"};
-    TRegExprDialog builder(nullptr, nullptr);
-    for (int i = 0; i < 18; ++i) {
-        auto* b = builder.findChild<QPushButton*>(QStringLiteral("piece%1").arg(i));
-        ASSERT_NE(b, nullptr) << i;
-        EXPECT_EQ(b->text(), QString(order[i])) << i;
-    }
-    EXPECT_EQ(builder.findChild<QPushButton*>("piece18"), nullptr);
-
+TEST_F(FindDialogTest, PatternBuilderPlacesThePieceAndTheCaret) {
     struct Case {
         int piece;
         const char* text;
@@ -76,8 +59,6 @@ TEST_F(FindDialogTest, PatternBuilderOffersThePiecesInOrderAndPlacesTheCaret) {
         {2, "ab[^]XY", 4},        // before the closing bracket
         {3, "ab\\tXY", 4},        // after the escape
         {9, "ab{}XY", 3},         // between the braces
-        {13, "ab[0-9a-fA-F]+XY", 14},
-        {16, "ab\"[^\"]*\"|'[^']*'XY", 17},
         {17, "ab^$XY", 4},
     };
     for (const Case& c : cases) {

@@ -95,7 +95,7 @@ TEST_F(MacroDialogTest, ListCreatesAndRenamesAndRefusesATakenName) {
         whenModal<TMacroNameDialog>([](TMacroNameDialog* n) {
             QTest::keyClicks(n->findChild<QLineEdit*>("name"), "second");
             QTest::keyClicks(n->findChild<QLineEdit*>("description"), "does little");
-            n->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+            dlgtest::pressOk(n);
         });
         d->findChild<QPushButton*>("new")->click();
         EXPECT_EQ(list->count(), 2);
@@ -105,7 +105,7 @@ TEST_F(MacroDialogTest, ListCreatesAndRenamesAndRefusesATakenName) {
             auto* name = n->findChild<QLineEdit*>("name");
             name->setText("typeab");
             whenModal<QMessageBox>([](QMessageBox* box) { box->accept(); });
-            n->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+            dlgtest::pressOk(n);
             EXPECT_TRUE(n->isVisible());
             n->reject();
         });

@@ -19,6 +19,8 @@
 namespace zol {
 namespace {
 
+using dlgtest::child;
+using dlgtest::pressOk;
 using dlgtest::whenModal;
 
 class OptionsDialogTest : public ::testing::Test {
@@ -35,22 +37,13 @@ protected:
         setWordCharMode(savedWordMode_);
         wrapFileRules() = WrapFileRules{settings().alwaysWordWrapFileExt, settings().neverWordWrapFileExt};
     }
-    static void ok(QDialog* d) { d->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); }
-
     EditOptions savedOptions_;
     Settings savedSettings_;
     int savedWordMode_ = 0;
 };
 
-template <class T>
-T* option(QWidget* d, const char* key) {
-    T* w = d->findChild<T*>(key);
-    EXPECT_NE(w, nullptr) << key;
-    return w;
-}
-
 void choose(QWidget* d, const char* key, int value) {
-    QComboBox* c = option<QComboBox>(d, key);
+    QComboBox* c = child<QComboBox>(d, key);
     c->setCurrentIndex(c->findData(value));
 }
 
@@ -60,20 +53,20 @@ TEST_F(OptionsDialogTest, OkAppliesEveryKindOfOption) {
     options().autoSaveEvery = 10;
     settings().fontSize = 10;
     whenModal<TOptionsDialog>([](TOptionsDialog* d) {
-        EXPECT_EQ(option<QSpinBox>(d, "TabSize")->value(), 8);
-        option<QSpinBox>(d, "TabSize")->setValue(4);
-        option<QSpinBox>(d, "AutoSaveEvery")->setValue(3);
-        option<QCheckBox>(d, "LineNumbers")->click();
-        option<QCheckBox>(d, "CursorThroughtTabs")->setChecked(true);
+        EXPECT_EQ(child<QSpinBox>(d, "TabSize")->value(), 8);
+        child<QSpinBox>(d, "TabSize")->setValue(4);
+        child<QSpinBox>(d, "AutoSaveEvery")->setValue(3);
+        child<QCheckBox>(d, "LineNumbers")->click();
+        child<QCheckBox>(d, "CursorThroughtTabs")->setChecked(true);
         choose(d, "DefaultFileFormat", 1);
         choose(d, "WordWrapMethod", 2);
         choose(d, "BackupFilesAs", 1);
         choose(d, "Language", 0);
-        option<QLineEdit>(d, "NewFileExtension")->setText("c");
-        option<QLineEdit>(d, "NeverWordWrapFileExt")->setText("log");
-        option<QLineEdit>(d, "KeyMappingFile")->setText("/home/me/keys/my.key");
-        option<QSpinBox>(d, "FontSize")->setValue(12);
-        ok(d);
+        child<QLineEdit>(d, "NewFileExtension")->setText("c");
+        child<QLineEdit>(d, "NeverWordWrapFileExt")->setText("log");
+        child<QLineEdit>(d, "KeyMappingFile")->setText("/home/me/keys/my.key");
+        child<QSpinBox>(d, "FontSize")->setValue(12);
+        pressOk(d);
     });
     ASSERT_TRUE(TOptionsDialog::run(nullptr));
     EXPECT_EQ(options().tabSize, 4);
@@ -96,12 +89,12 @@ TEST_F(OptionsDialogTest, RefusedOrCancelledChoicesChangeNothing) {
     const EditOptions before = options();
     const std::string ext = settings().newFileExtension;
     whenModal<TOptionsDialog>([](TOptionsDialog* d) {
-        option<QSpinBox>(d, "TabSize")->setValue(3);
-        option<QCheckBox>(d, "Ruler")->click();
+        child<QSpinBox>(d, "TabSize")->setValue(3);
+        child<QCheckBox>(d, "Ruler")->click();
         // A name that could not be a file's extension is refused; the dialog stays.
-        option<QLineEdit>(d, "NewFileExtension")->setText("a*b");
+        child<QLineEdit>(d, "NewFileExtension")->setText("a*b");
         whenModal<QMessageBox>([](QMessageBox* box) { box->accept(); });
-        ok(d);
+        pressOk(d);
         EXPECT_TRUE(d->isVisible());
         d->reject();
     });

@@ -22,7 +22,7 @@ namespace {
 
 using dlgtest::whenModal;
 
-void pressOk(QDialog* d) { d->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); }
+using dlgtest::pressOk;
 
 TEST(SmallDialogs, GoToTakesOnlyANumberAndCancelKeepsTheValue) {
     dlgtest::ensureApp();

@@ -2,7 +2,11 @@
 // way to act on a modal dialog once it is up, and a shell that records what it is told.
 #pragma once
 #include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTimer>
+#include <gtest/gtest.h>
 #include <functional>
 #include <memory>
 #include <string>
@@ -39,6 +43,15 @@ void whenModal(std::function<void(D*)> step) {
     });
     timer->start(1);
 }
+
+template <class T>
+T* child(QWidget* w, const char* name) {
+    T* c = w->findChild<T*>(name);
+    EXPECT_NE(c, nullptr) << name;
+    return c;
+}
+
+inline void pressOk(QDialog* d) { d->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); }
 
 class RecordingShell : public Shell {
 public:

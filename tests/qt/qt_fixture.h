@@ -20,24 +20,14 @@
 #include "config/keymap.h"
 #include "engine/options.h"
 #include "plugin/plugin_manager.h"
+#include "tests/qt/dialogs_support.h"
 
 namespace zol::qttest {
-
-inline QApplication& qtApp() {
-    static int argc = 1;
-    static char name[] = "test_qt";
-    static char* argv[] = {name, nullptr};
-    if (!qApp) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        new QApplication(argc, argv);
-    }
-    return *static_cast<QApplication*>(QCoreApplication::instance());
-}
 
 class DesktopTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        qtApp();
+        dlgtest::ensureApp();
         namespace fs = std::filesystem;
         const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
         home_ = fs::temp_directory_path() / "zolder_qt_tests" / (std::string(info->test_suite_name()) + "_" + info->name());
@@ -78,12 +68,15 @@ protected:
         app_.reset();
     }
 
-    Document* open(const std::string& name, const std::string& bytes) {
+    std::filesystem::path write(const std::string& name, const std::string& bytes) {
         const std::filesystem::path p = home_ / name;
         FILE* f = std::fopen(p.c_str(), "wb");
         std::fwrite(bytes.data(), 1, bytes.size(), f);
         std::fclose(f);
-        return frame_->openFile(p.string());
+        return p;
+    }
+    Document* open(const std::string& name, const std::string& bytes) {
+        return frame_->openFile(write(name, bytes).string());
     }
     TVekWinEditor* view() { return frame_->activeView(); }
     Document& doc() { return *view()->document(); }

@@ -80,12 +80,7 @@ TEST_F(ViewTest, ScrollingFollowsKeysAndTheWheel) {
 }
 
 TEST_F(ViewTest, DroppedFilesOpen) {
-    const std::filesystem::path file = home_ / "dropped.txt";
-    {
-        std::FILE* f = std::fopen(file.c_str(), "wb");
-        std::fputs("dropped", f);
-        std::fclose(f);
-    }
+    const std::filesystem::path file = write("dropped.txt", "dropped");
     frame_->newFile();
     QMimeData mime;
     mime.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),

@@ -14,6 +14,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -103,19 +104,24 @@ std::string testName(const ::testing::TestParamInfo<std::string>& info) {
 
 INSTANTIATE_TEST_SUITE_P(Annotated, ScriptFile, ::testing::ValuesIn(scripts()), testName);
 
-// The suite runner over programs with their expected output beside them.
-TEST(CSuiteRunner, PassesTheOwnC89Programs) {
+// Runs run-c-suite.sh with FLAGS over DIR; its exit status and what it printed.
+std::pair<int, std::string> runCSuite(const std::string& flags, const fs::path& dir) {
     const fs::path root = fs::path(ZOLDER_SOURCE_DIR) / "tests" / "script";
     const std::string cmd = "ZOLDER=" + std::string(ZOLDER_BINARY) + " " + (root / "run-c-suite.sh").string() + " " +
-                            (root / "c89").string() + " 2>&1";
+                            flags + " " + dir.string() + " 2>&1";
     FILE* p = ::popen(cmd.c_str(), "r");
-    ASSERT_NE(p, nullptr);
+    if (!p) return {-1, ""};
     std::string out;
     char buf[4096];
     size_t n;
     while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
     const int raw = ::pclose(p);
-    EXPECT_EQ(WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, 0) << out;
+    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, out};
+}
+
+TEST(CSuiteRunner, PassesTheOwnC89Programs) {
+    const auto [status, out] = runCSuite("", fs::path(ZOLDER_SOURCE_DIR) / "tests" / "script" / "c89");
+    EXPECT_EQ(status, 0) << out;
     EXPECT_NE(out.find(" passed, 0 failed"), std::string::npos) << out;
 }
 
@@ -126,21 +132,10 @@ TEST(CSuiteRunner, ReportsEachFailureAndTheCount) {
     std::ofstream(dir / "good.c.expected") << "a b\n";
     std::ofstream(dir / "bad.c") << "int main(void) { return 2; }\n";
     std::ofstream(dir / "bad.expect") << "";
-    const fs::path root = fs::path(ZOLDER_SOURCE_DIR) / "tests" / "script";
-    auto run = [&](const std::string& flag) {
-        const std::string cmd = "ZOLDER=" + std::string(ZOLDER_BINARY) + " " + (root / "run-c-suite.sh").string() + " " +
-                                flag + " " + dir.string() + " 2>&1";
-        FILE* p = ::popen(cmd.c_str(), "r");
-        std::string out;
-        char buf[4096];
-        size_t n;
-        while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
-        ::pclose(p);
-        return out;
-    };
-    const std::string exact = run("");
+    const std::string exact = runCSuite("", dir).second;
     EXPECT_NE(exact.find("0 passed, 2 failed"), std::string::npos) << exact;
-    const std::string loose = run("-w");
+    const auto [status, loose] = runCSuite("-w", dir);
+    EXPECT_NE(status, 0);
     EXPECT_NE(loose.find("1 passed, 1 failed"), std::string::npos) << loose;
     EXPECT_NE(loose.find("bad.c"), std::string::npos) << loose;
     fs::remove_all(dir);

@@ -60,6 +60,21 @@ inline std::vector<int> docBits(const Document& doc) {
     return out;
 }
 
+// Records the messages and the files the commands ask to open.
+class RecordingShell final : public Shell {
+public:
+    void message(std::string_view text) override { messages.emplace_back(text); }
+    Answer ask(std::string_view, bool) override { return Answer::No; }
+    void statusMessage(std::string_view) override {}
+    ClipboardData getClipboard() override { return {}; }
+    void setClipboard(const ClipboardData&) override {}
+    bool openFile(const std::string& path) override {
+        opened.push_back(path);
+        return true;
+    }
+    std::vector<std::string> messages, opened;
+};
+
 // A document holding only text, filled through the edit primitives.
 inline void fill(Document& doc, std::string_view text) {
     doc.readOnly = false;

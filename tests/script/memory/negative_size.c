@@ -1,4 +1,4 @@
-/* A negative size to memset and a null string to strlen. */
+/* A negative size to memset. */
 // error: negative_size.c Line 7: Argument mismatch error
 #include <string.h>
 int main(void)
