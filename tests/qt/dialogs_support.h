@@ -19,6 +19,9 @@ namespace zol::dlgtest {
 inline void ensureApp() {
     if (QApplication::instance()) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Only the test's own fonts, so that pictures are the same on every machine.
+    qputenv("FONTCONFIG_FILE", ZOLDER_TEST_FONTS "/fonts.conf");
+    qputenv("QT_QPA_FONTDIR", ZOLDER_TEST_FONTS);
     static int argc = 1;
     static char name[] = "test_qt";
     static char* argv[] = {name, nullptr};
