@@ -1,5 +1,6 @@
-// Shared helpers of the built-in library: argument access with the script's types,
-// checked reads and writes of script memory, FILE handles, formatted input and output.
+// The built-in library: how an implementation receives a call, the helpers that read
+// and write script memory, FILE handles and formatted input and output, and the
+// dispatcher, which a layer above may give further implementations.
 #pragma once
 #include <cstdio>
 #include <string>
@@ -10,16 +11,32 @@ namespace zol {
 
 constexpr int kMaxFormatWidth = 65536;  // wider fields or precisions: kErrArgMismatch
 
+// One call: the engine (every script address goes through its checked access), the
+// argument values in the order of the prototype, and the built-in's number.
 struct BArgs {
     Engine& en;
     Expr* e;
     Val* v;
     size_t n;
+    int num;
     int64_t i(size_t k) const { return k < n ? v[k].i : 0; }
     uint32_t p(size_t k) const { return k < n ? static_cast<uint32_t>(v[k].i) : 0; }
     double d(size_t k) const { return k < n ? v[k].d : 0; }
     std::string s(size_t k) const;            // a string argument; a null pointer is error 42
 };
+
+inline Val intVal(int64_t i) {
+    Val v;
+    v.i = i;
+    return v;
+}
+inline Val doubleVal(double d) {
+    Val v;
+    v.d = d;
+    return v;
+}
+// A comparison's result as the library answers it: -1, 0 or 1.
+inline int signOf(int v) { return v < 0 ? -1 : v > 0 ? 1 : 0; }
 
 // Copies n bytes into script memory at dst (checked).
 void putBytes(Engine& en, uint32_t dst, const void* src, size_t n);
@@ -31,6 +48,10 @@ uint32_t libBuffer(Engine& en, uint32_t& slot, uint32_t size);
 FILE* fileOf(Engine& en, uint32_t handle);
 uint32_t addFile(Engine& en, FILE* f);   // 0 when the table is full (the file is closed)
 void closeFile(Engine& en, uint32_t handle);
+// Writes s to f; a short write sets the script's errno.
+void writeOut(Engine& en, FILE* f, const std::string& s);
+// Reads up to max characters up to a newline; eof tells that nothing was left to read.
+std::string readLine(FILE* f, size_t max, bool keepNewline, bool* eof);
 
 // printf-style formatting; arguments from index first of the call.
 std::string formatArgs(BArgs& a, const std::string& fmt, size_t first);
@@ -41,14 +62,28 @@ struct ScanSource {
     virtual void unget(int c) = 0;
     virtual ~ScanSource() = default;
 };
+struct FileSource : ScanSource {
+    FILE* f;
+    explicit FileSource(FILE* file) : f(file) {}
+    int get() override { return std::fgetc(f); }
+    void unget(int c) override { std::ungetc(c, f); }
+};
 int scanArgs(BArgs& a, ScanSource& src, const std::string& fmt, size_t first);
 
-// The groups of the library; each answers true when it knows the number.
-bool builtinStdio(BArgs& a, int num, Val& out);
-bool builtinString(BArgs& a, int num, Val& out);
-bool builtinStdlib(BArgs& a, int num, Val& out);
-bool builtinTime(BArgs& a, int num, Val& out);
-bool builtinMath(BArgs& a, int num, Val& out);
-bool builtinFiles(BArgs& a, int num, Val& out);
+using BuiltinFn = Val (*)(BArgs& a);
+
+// Gives a built-in that script/builtins.def only declares its implementation, from a
+// layer above the script engine (the editor family lives above it); a null fn takes it
+// away again. False for a number that no name carries or that the library implements.
+bool registerBuiltin(int number, BuiltinFn fn);
+// Whether a call of that number has an implementation to run.
+bool builtinCallable(int number);
+
+// The library's implementations, one per built-in (script/builtins.def names them).
+#define BUILTIN(header, number, prototype, impl, flags) Val impl(BArgs& a);
+#define BUILTIN_DECLARED(header, number, prototype, flags)
+#include "script/builtins.def"
+#undef BUILTIN
+#undef BUILTIN_DECLARED
 
 }  // namespace zol

@@ -1,8 +1,91 @@
+// The built-in dispatcher: one slot per built-in number, filled from script/builtins.def
+// and by registerBuiltin; and the helpers by which implementations reach script memory.
+#include <algorithm>
+#include <array>
 #include <cstring>
+#include <iterator>
+#include <string_view>
 
+#include "script/builtin_table.h"
 #include "script/builtins.h"
 
 namespace zol {
+namespace {
+
+struct Row {
+    int number;
+    BuiltinFn fn;
+    std::string_view prototype;
+    unsigned flags;
+};
+constexpr Row kRows[] = {
+#define BUILTIN(header, number, prototype, impl, flags) {number, impl, prototype, flags},
+#define BUILTIN_DECLARED(header, number, prototype, flags) {number, nullptr, prototype, flags},
+#include "script/builtins.def"
+#undef BUILTIN
+#undef BUILTIN_DECLARED
+};
+
+struct Slot {
+    BuiltinFn fn = nullptr;
+    bool named = false;          // some name carries the number
+    bool library = false;        // implemented here; registration cannot replace it
+    bool system = false;         // kBuiltinSystem: a sealed run refuses the call
+    bool pointerResult = false;  // what a refused call answers: NULL, else -1
+};
+
+constexpr size_t slotCount() {
+    int top = 0;
+    for (const Row& r : kRows) top = std::max(top, r.number);
+    return static_cast<size_t>(top) + 1;
+}
+constexpr size_t kSlots = slotCount();
+
+constexpr std::array<Slot, kSlots> makeSlots() {
+    std::array<Slot, kSlots> slots{};
+    for (const Row& r : kRows) {
+        Slot& s = slots[static_cast<size_t>(r.number)];
+        const char result = builtinSignature(r.prototype)[0];
+        s = Slot{r.fn, true, r.fn != nullptr, (r.flags & kBuiltinSystem) != 0, result == 'c' || result == 'p'};
+    }
+    return slots;
+}
+
+constexpr bool sharedNumbersShareImplementation() {
+    for (const Row& a : kRows)
+        for (const Row& b : kRows)
+            if (a.number == b.number && a.fn != b.fn) return false;
+    return true;
+}
+static_assert(sharedNumbersShareImplementation(), "names that share a number name different implementations");
+
+constinit std::array<Slot, kSlots> gSlots = makeSlots();
+
+}  // namespace
+
+bool registerBuiltin(int number, BuiltinFn fn) {
+    if (number < 0 || static_cast<size_t>(number) >= kSlots) return false;
+    Slot& s = gSlots[static_cast<size_t>(number)];
+    if (!s.named || s.library) return false;
+    s.fn = fn;
+    return true;
+}
+
+bool builtinCallable(int number) {
+    return number >= 0 && static_cast<size_t>(number) < kSlots && gSlots[static_cast<size_t>(number)].fn;
+}
+
+Val Engine::callBuiltin(Expr* e) {
+    ArgValues args;
+    Val* av = evalArgs(e, args);
+    curFile = e->file;
+    curLine = e->line;
+    const Slot& slot = gSlots[static_cast<size_t>(e->builtin)];
+    if (sealed && slot.system) return intVal(slot.pointerResult ? 0 : -1);
+    if (!slot.fn) fail(kErrCallUndefined);
+    BArgs a{*this, e, av, e->args.size(), e->builtin};
+    return slot.fn(a);
+}
 
 std::string BArgs::s(size_t k) const {
     const uint32_t a = p(k);
@@ -21,72 +104,6 @@ void putString(Engine& en, uint32_t dst, const std::string& s) { putBytes(en, ds
 uint32_t libBuffer(Engine& en, uint32_t& slot, uint32_t size) {
     if (!slot) slot = en.allocGlobal(size, 8);
     return slot;
-}
-
-FILE* fileOf(Engine& en, uint32_t handle) {
-    const uint32_t k = (handle - kFileHandleBase) / kFileHandleStep;
-    if (handle < kFileHandleBase || (handle - kFileHandleBase) % kFileHandleStep || k >= en.files.size() || !en.files[k])
-        en.fail(kErrArgMismatch);
-    return en.files[k];
-}
-
-uint32_t addFile(Engine& en, FILE* f) {
-    for (size_t k = 3; k < static_cast<size_t>(kMaxOpenFiles); ++k) {
-        if (k >= en.files.size()) {
-            en.files.resize(k + 1, nullptr);
-            en.ownFile.resize(k + 1, false);
-        }
-        if (!en.files[k]) {
-            en.files[k] = f;
-            en.ownFile[k] = true;
-            return kFileHandleBase + kFileHandleStep * static_cast<uint32_t>(k);
-        }
-    }
-    std::fclose(f);
-    return 0;
-}
-
-void closeFile(Engine& en, uint32_t handle) {
-    const uint32_t k = (handle - kFileHandleBase) / kFileHandleStep;
-    if (k < en.files.size()) {
-        if (en.ownFile[k] && en.files[k]) std::fclose(en.files[k]);
-        en.files[k] = nullptr;
-    }
-}
-
-namespace {
-
-// Built-ins that reach files, folders, the environment or other processes.
-bool isSystemService(int num) {
-    switch (num) {
-        case 8: case 9: case 10: case 27: case 44: case 47: case 48: case 53: case 54: case 55: case 58:
-        case 59: case 61: case 63: case 71: case 73:
-            return true;
-        default:
-            return false;
-    }
-}
-
-}  // namespace
-
-Val Engine::callBuiltin(Expr* e) {
-    const size_t n = e->args.size();
-    ArgValues args;
-    Val* av = evalArgs(e, args);
-    curFile = e->file;
-    curLine = e->line;
-    BArgs a{*this, e, av, n};
-    Val out{};
-    const int num = e->builtin;
-    if (sealed && isSystemService(num)) {
-        // Pointer results (fopen, tmpfile, getenv) are NULL; the others fail with -1.
-        out.i = (num == 9 || num == 27 || num == 48) ? 0 : -1;
-        return out;
-    }
-    if (builtinStdio(a, num, out) || builtinString(a, num, out) || builtinStdlib(a, num, out) ||
-        builtinTime(a, num, out) || builtinMath(a, num, out) || builtinFiles(a, num, out))
-        return out;
-    fail(kErrCallUndefined);
 }
 
 }  // namespace zol

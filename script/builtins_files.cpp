@@ -51,93 +51,110 @@ int nextFound(Engine& en, uint32_t blk, int32_t id) {
     return 0;
 }
 
+// The result of a POSIX call: -1 sets the script's errno.
+Val osResult(Engine& en, int r) {
+    if (r < 0) en.lastErrno = scriptErrno();
+    return intVal(r);
+}
+
+// stat and fstat: the buffer must hold a struct stat whatever the outcome.
+Val statInto(BArgs& a, int r, const ScriptStat& st) {
+    a.en.host(a.p(1), kStatSize);
+    if (r == 0) putStat(a.en, a.p(1), st);
+    return osResult(a.en, r);
+}
+
+// getcwd and _getdcwd: the folder into buf, or into a new block of n bytes when buf is NULL.
+Val cwdInto(BArgs& a, uint32_t buf, int64_t n) {
+    Engine& en = a.en;
+    if (n <= 0) en.fail(kErrArgMismatch);
+    const std::string cwd = scriptGetcwd();
+    if (cwd.empty() || static_cast<int64_t>(cwd.size()) >= n) return intVal(0);
+    if (!buf) buf = en.heapAlloc(static_cast<uint64_t>(n), true);
+    if (!buf) en.fail(kErrOutOfMemory);
+    en.host(buf, static_cast<uint32_t>(n));
+    putString(en, buf, cwd);
+    return intVal(buf);
+}
+
 }  // namespace
 
-bool builtinFiles(BArgs& a, int num, Val& out) {
-    Engine& en = a.en;
-    auto result = [&](int r) {
-        out.i = r;
-        if (r < 0) en.lastErrno = scriptErrno();
-    };
-    switch (num) {
-        case 53: result(scriptAccess(a.s(0), static_cast<int>(a.i(1)))); return true;
-        case 54: result(scriptChmod(a.s(0), static_cast<int>(a.i(1)))); return true;
-        case 55: result(scriptChsize(static_cast<int>(a.i(0)), static_cast<int32_t>(a.i(1)))); return true;
-        case 56: out.i = static_cast<int32_t>(scriptFileLength(static_cast<int>(a.i(0)))); return true;
-        case 57: out.i = scriptIsatty(static_cast<int>(a.i(0))); return true;
-        case 58: result(scriptUnlink(a.s(0))); return true;
-        case 59:
-        case 60: {
-            ScriptStat st;
-            const int r = num == 59 ? scriptStat(a.s(0), st) : scriptFstat(static_cast<int>(a.i(0)), st);
-            en.host(a.p(1), kStatSize);
-            if (r == 0) putStat(en, a.p(1), st);
-            result(r);
-            return true;
-        }
-        case 61: {  // findfirst
-            const std::string pattern = a.s(0);
-            en.host(a.p(1), kFfblkSize);
-            const bool dirs = (a.i(2) & 0x10) != 0;
-            std::vector<std::string> paths;
-            const std::string folder(folderPart(pattern));
-            for (const FoundFile& f : findFiles(pattern, false))
-                if (dirs || !f.isDirectory) paths.push_back(folder + f.name);
-            en.finds.emplace_back(std::move(paths), 0);
-            out.i = nextFound(en, a.p(1), static_cast<int32_t>(en.finds.size()));
-            return true;
-        }
-        case 62: {  // findnext
-            int32_t id = 0;
-            std::memcpy(&id, en.host(a.p(0), kFfblkSize), 4);
-            out.i = nextFound(en, a.p(0), id);
-            return true;
-        }
-        case 63: result(scriptChdir(a.s(0))); return true;
-        case 64: out.i = a.i(0) == kDriveC ? 0 : -1; return true;
-        case 65:
-        case 67: {  // getcwd, _getdcwd
-            const uint32_t bufArg = num == 65 ? a.p(0) : a.p(1);
-            const int64_t n = static_cast<int32_t>(num == 65 ? a.i(1) : a.i(2));
-            if (n <= 0) en.fail(kErrArgMismatch);
-            const std::string cwd = scriptGetcwd();
-            if (cwd.empty() || static_cast<int64_t>(cwd.size()) >= n) {
-                out.i = 0;
-                return true;
-            }
-            uint32_t buf = bufArg;
-            if (!buf) buf = en.heapAlloc(static_cast<uint64_t>(n), true);
-            if (!buf) en.fail(kErrOutOfMemory);
-            en.host(buf, static_cast<uint32_t>(n));
-            putString(en, buf, cwd);
-            out.i = buf;
-            return true;
-        }
-        case 66: {  // getcurdir: the folder without its leading separator
-            std::string cwd = scriptGetcwd();
-            if (!cwd.empty() && cwd[0] == '/') cwd.erase(0, 1);
-            putString(en, a.p(1), cwd);
-            out.i = 0;
-            return true;
-        }
-        case 68: out.i = kDriveC - 1; return true;
-        case 69: out.i = kDriveC; return true;
-        case 70: out.i = 26; return true;
-        case 71: result(scriptMkdir(a.s(0))); return true;
-        case 72: {  // mktemp
-            const std::string name = scriptMktemp(a.s(0));
-            if (name.empty()) {
-                out.i = 0;
-                return true;
-            }
-            putString(en, a.p(0), name);
-            out.i = a.p(0);
-            return true;
-        }
-        case 73: result(scriptRmdir(a.s(0))); return true;
-        default:
-            return false;
-    }
+Val bi_access(BArgs& a) { return osResult(a.en, scriptAccess(a.s(0), static_cast<int>(a.i(1)))); }
+
+Val bi_chmod(BArgs& a) { return osResult(a.en, scriptChmod(a.s(0), static_cast<int>(a.i(1)))); }
+
+Val bi_chsize(BArgs& a) {
+    return osResult(a.en, scriptChsize(static_cast<int>(a.i(0)), static_cast<int32_t>(a.i(1))));
 }
+
+Val bi_filelength(BArgs& a) { return intVal(static_cast<int32_t>(scriptFileLength(static_cast<int>(a.i(0))))); }
+
+Val bi_isatty(BArgs& a) { return intVal(scriptIsatty(static_cast<int>(a.i(0)))); }
+
+Val bi_unlink(BArgs& a) { return osResult(a.en, scriptUnlink(a.s(0))); }
+
+Val bi_stat(BArgs& a) {
+    ScriptStat st;
+    const int r = scriptStat(a.s(0), st);
+    return statInto(a, r, st);
+}
+
+Val bi_fstat(BArgs& a) {
+    ScriptStat st;
+    const int r = scriptFstat(static_cast<int>(a.i(0)), st);
+    return statInto(a, r, st);
+}
+
+Val bi_findfirst(BArgs& a) {
+    Engine& en = a.en;
+    const std::string pattern = a.s(0);
+    en.host(a.p(1), kFfblkSize);
+    const bool dirs = (a.i(2) & 0x10) != 0;
+    std::vector<std::string> paths;
+    const std::string folder(folderPart(pattern));
+    for (const FoundFile& f : findFiles(pattern, false))
+        if (dirs || !f.isDirectory) paths.push_back(folder + f.name);
+    en.finds.emplace_back(std::move(paths), 0);
+    return intVal(nextFound(en, a.p(1), static_cast<int32_t>(en.finds.size())));
+}
+
+Val bi_findnext(BArgs& a) {
+    int32_t id = 0;
+    std::memcpy(&id, a.en.host(a.p(0), kFfblkSize), 4);
+    return intVal(nextFound(a.en, a.p(0), id));
+}
+
+Val bi_chdir(BArgs& a) { return osResult(a.en, scriptChdir(a.s(0))); }
+
+Val bi_chdrive(BArgs& a) { return intVal(a.i(0) == kDriveC ? 0 : -1); }
+
+Val bi_getcwd(BArgs& a) { return cwdInto(a, a.p(0), static_cast<int32_t>(a.i(1))); }
+
+// The folder without its leading separator.
+Val bi_getcurdir(BArgs& a) {
+    std::string cwd = scriptGetcwd();
+    if (!cwd.empty() && cwd[0] == '/') cwd.erase(0, 1);
+    putString(a.en, a.p(1), cwd);
+    return intVal(0);
+}
+
+Val bi_getdcwd(BArgs& a) { return cwdInto(a, a.p(1), static_cast<int32_t>(a.i(2))); }
+
+Val bi_getdisk(BArgs&) { return intVal(kDriveC - 1); }
+
+Val bi_getdrive(BArgs&) { return intVal(kDriveC); }
+
+Val bi_setdisk(BArgs&) { return intVal(26); }
+
+Val bi_mkdir(BArgs& a) { return osResult(a.en, scriptMkdir(a.s(0))); }
+
+Val bi_mktemp(BArgs& a) {
+    const std::string name = scriptMktemp(a.s(0));
+    if (name.empty()) return intVal(0);
+    putString(a.en, a.p(0), name);
+    return intVal(a.p(0));
+}
+
+Val bi_rmdir(BArgs& a) { return osResult(a.en, scriptRmdir(a.s(0))); }
 
 }  // namespace zol

@@ -1,5 +1,5 @@
-// String and memory functions. Every pointer is checked against the object it points
-// into; a copy that would run past its destination ends the run.
+// String functions. Every pointer is checked against the object it points into; a
+// copy that would run past its destination ends the run.
 #include <algorithm>
 #include <cctype>
 #include <cstring>
@@ -8,12 +8,6 @@
 
 namespace zol {
 namespace {
-
-// The readable bytes at p up to n (or up to the end of its object).
-const uint8_t* bytes(Engine& en, uint32_t p, uint32_t n) {
-    if (p == 0) en.fail(kErrNotAddress);
-    return en.host(p, n);
-}
 
 int cmpIgnoreCase(const std::string& x, const std::string& y, size_t n) {
     for (size_t i = 0; i < n; ++i) {
@@ -24,8 +18,6 @@ int cmpIgnoreCase(const std::string& x, const std::string& y, size_t n) {
     }
     return 0;
 }
-
-int sign(int v) { return v < 0 ? -1 : v > 0 ? 1 : 0; }
 
 std::string trimLeft(const std::string& s) {
     size_t i = 0;
@@ -38,7 +30,7 @@ std::string trimRight(const std::string& s) {
     return s.substr(0, e);
 }
 
-// strncmp and memcmp look at no more bytes than they must; a string argument is read
+// strncmp and its kin look at no more bytes than they must; a string argument is read
 // only as far as it goes.
 std::string prefix(Engine& en, uint32_t p, size_t n) {
     if (p == 0) en.fail(kErrNotAddress);
@@ -50,204 +42,168 @@ std::string prefix(Engine& en, uint32_t p, size_t n) {
     return std::string(reinterpret_cast<const char*>(h), m);
 }
 
+// The address of s's character at, or NULL for npos.
+Val addressAt(BArgs& a, size_t k, size_t pos) {
+    return intVal(pos == std::string::npos ? 0 : a.p(k) + static_cast<uint32_t>(pos));
+}
+
+// Rewrites the string at the first argument in place and answers its address.
+template <typename Change>
+Val inPlace(BArgs& a, Change change) {
+    std::string s = a.s(0);
+    change(s);
+    putString(a.en, a.p(0), s);
+    return intVal(a.p(0));
+}
+
+Val findChar(BArgs& a, bool last) {
+    const std::string s = a.s(0);
+    const char c = static_cast<char>(a.i(1));
+    return addressAt(a, 0, c == 0 ? s.size() : last ? s.rfind(c) : s.find(c));
+}
+
+Val setChars(BArgs& a, size_t limit) {
+    return inPlace(a, [&](std::string& s) {
+        const size_t n = std::min(s.size(), limit);
+        for (size_t i = 0; i < n; ++i) s[i] = static_cast<char>(a.i(1));
+    });
+}
+
 }  // namespace
 
-bool builtinString(BArgs& a, int num, Val& out) {
+Val bi_strcmp(BArgs& a) { return intVal(signOf(std::strcmp(a.s(0).c_str(), a.s(1).c_str()))); }
+
+Val bi_strcpy(BArgs& a) {
+    putString(a.en, a.p(0), a.s(1));
+    return intVal(a.p(0));
+}
+
+Val bi_strncmp(BArgs& a) {
+    const size_t n = static_cast<uint32_t>(a.i(2));
+    return intVal(signOf(std::strncmp(prefix(a.en, a.p(0), n).c_str(), prefix(a.en, a.p(1), n).c_str(), n)));
+}
+
+Val bi_strncpy(BArgs& a) {
+    const size_t n = static_cast<uint32_t>(a.i(2));
+    std::string s = prefix(a.en, a.p(1), n);
+    s.resize(n, '\0');
+    putBytes(a.en, a.p(0), s.data(), n);
+    return intVal(a.p(0));
+}
+
+Val bi_strlen(BArgs& a) { return intVal(static_cast<int64_t>(a.s(0).size())); }
+
+Val bi_strcat(BArgs& a) {
+    const std::string d = a.s(0);
+    putString(a.en, a.p(0) + static_cast<uint32_t>(d.size()), a.s(1));
+    return intVal(a.p(0));
+}
+
+Val bi_strncat(BArgs& a) {
+    const std::string d = a.s(0);
+    const std::string s = prefix(a.en, a.p(1), static_cast<uint32_t>(a.i(2)));
+    putString(a.en, a.p(0) + static_cast<uint32_t>(d.size()), s);
+    return intVal(a.p(0));
+}
+
+Val bi_strchr(BArgs& a) { return findChar(a, false); }
+
+Val bi_strrchr(BArgs& a) { return findChar(a, true); }
+
+Val bi_strstr(BArgs& a) { return addressAt(a, 0, a.s(0).find(a.s(1))); }
+
+Val bi_strtok(BArgs& a) {
     Engine& en = a.en;
-    switch (num) {
-        case 74:  // strcmp
-        case 88:  // strcoll
-            out.i = sign(std::strcmp(a.s(0).c_str(), a.s(1).c_str()));
-            return true;
-        case 75: {  // strcpy
-            putString(en, a.p(0), a.s(1));
-            out.i = a.p(0);
-            return true;
-        }
-        case 76: {  // strncmp
-            const size_t n = static_cast<uint32_t>(a.i(2));
-            out.i = sign(std::strncmp(prefix(en, a.p(0), n).c_str(), prefix(en, a.p(1), n).c_str(), n));
-            return true;
-        }
-        case 77: {  // strncpy
-            const size_t n = static_cast<uint32_t>(a.i(2));
-            std::string s = prefix(en, a.p(1), n);
-            s.resize(n, '\0');
-            putBytes(en, a.p(0), s.data(), n);
-            out.i = a.p(0);
-            return true;
-        }
-        case 78:
-            out.i = static_cast<int64_t>(a.s(0).size());
-            return true;
-        case 79: {  // strcat
-            const std::string d = a.s(0);
-            putString(en, a.p(0) + static_cast<uint32_t>(d.size()), a.s(1));
-            out.i = a.p(0);
-            return true;
-        }
-        case 80: {  // strncat
-            const std::string d = a.s(0);
-            const std::string s = prefix(en, a.p(1), static_cast<uint32_t>(a.i(2)));
-            putString(en, a.p(0) + static_cast<uint32_t>(d.size()), s);
-            out.i = a.p(0);
-            return true;
-        }
-        case 81:
-        case 82: {  // strchr, strrchr
-            const std::string s = a.s(0);
-            const char c = static_cast<char>(a.i(1));
-            size_t at;
-            if (c == 0) at = s.size();
-            else at = num == 81 ? s.find(c) : s.rfind(c);
-            out.i = at == std::string::npos ? 0 : a.p(0) + static_cast<uint32_t>(at);
-            return true;
-        }
-        case 83: {  // strstr
-            const size_t at = a.s(0).find(a.s(1));
-            out.i = at == std::string::npos ? 0 : a.p(0) + static_cast<uint32_t>(at);
-            return true;
-        }
-        case 84: {  // strtok
-            uint32_t p = a.p(0) ? a.p(0) : en.strtokNext;
-            if (p == 0) {
-                out.i = 0;
-                return true;
-            }
-            const std::string delim = a.s(1);
-            std::string s = en.cstr(p);
-            size_t b = s.find_first_not_of(delim);
-            if (b == std::string::npos) {
-                en.strtokNext = 0;
-                out.i = 0;
-                return true;
-            }
-            size_t e = s.find_first_of(delim, b);
-            if (e == std::string::npos) {
-                en.strtokNext = 0;
-            } else {
-                *en.host(p + static_cast<uint32_t>(e), 1) = 0;
-                en.strtokNext = p + static_cast<uint32_t>(e) + 1;
-            }
-            out.i = p + static_cast<uint32_t>(b);
-            return true;
-        }
-        case 85:
-        case 87: {  // strspn, strcspn
-            const std::string s = a.s(0), set = a.s(1);
-            size_t at = num == 85 ? s.find_first_not_of(set) : s.find_first_of(set);
-            out.i = static_cast<int64_t>(at == std::string::npos ? s.size() : at);
-            return true;
-        }
-        case 86: {  // strpbrk
-            const size_t at = a.s(0).find_first_of(a.s(1));
-            out.i = at == std::string::npos ? 0 : a.p(0) + static_cast<uint32_t>(at);
-            return true;
-        }
-        case 89: {  // strxfrm
-            const std::string s = a.s(1);
-            const size_t n = static_cast<uint32_t>(a.i(2));
-            if (n > s.size()) putString(en, a.p(0), s);
-            out.i = static_cast<int64_t>(s.size());
-            return true;
-        }
-        case 90: {  // strerror
-            const uint32_t buf = libBuffer(en, en.strerrorBuf, 128);
-            std::string m = std::strerror(static_cast<int>(a.i(0)));
-            if (m.size() > 127) m.resize(127);
-            putString(en, buf, m);
-            out.i = buf;
-            return true;
-        }
-        case 91: {  // memchr
-            const uint32_t n = static_cast<uint32_t>(a.i(2));
-            if (n == 0) {
-                out.i = 0;
-                return true;
-            }
-            const uint8_t* h = bytes(en, a.p(0), n);
-            const void* hit = std::memchr(h, static_cast<unsigned char>(a.i(1)), n);
-            out.i = hit ? a.p(0) + static_cast<uint32_t>(static_cast<const uint8_t*>(hit) - h) : 0;
-            return true;
-        }
-        case 92: {  // memcmp
-            const uint32_t n = static_cast<uint32_t>(a.i(2));
-            if (n == 0) {
-                out.i = 0;
-                return true;
-            }
-            std::string x(reinterpret_cast<const char*>(bytes(en, a.p(0), n)), n);
-            out.i = sign(std::memcmp(x.data(), bytes(en, a.p(1), n), n));
-            return true;
-        }
-        case 93:
-        case 94: {  // memcpy, memmove
-            const int64_t n = static_cast<int32_t>(a.i(2));
-            if (n < 0) en.fail(kErrArgMismatch);
-            if (n > 0) {
-                const uint8_t* src = bytes(en, a.p(1), static_cast<uint32_t>(n));
-                std::string tmp(reinterpret_cast<const char*>(src), static_cast<size_t>(n));
-                if (a.p(0) == 0) en.fail(kErrNotAddress);
-                putBytes(en, a.p(0), tmp.data(), tmp.size());
-            }
-            out.i = a.p(0);
-            return true;
-        }
-        case 95: {  // memset
-            const int64_t n = static_cast<int32_t>(a.i(2));
-            if (n < 0) en.fail(kErrArgMismatch);
-            if (n > 0) std::memset(en.host(a.p(0), static_cast<uint32_t>(n)), static_cast<int>(a.i(1) & 0xff), static_cast<size_t>(n));
-            else if (a.p(0) == 0) en.fail(kErrNotAddress);
-            out.i = a.p(0);
-            return true;
-        }
-        case 96:
-        case 97: {  // strlwr, strupr
-            std::string s = a.s(0);
-            for (char& c : s) c = static_cast<char>(num == 96 ? std::tolower(static_cast<unsigned char>(c)) : std::toupper(static_cast<unsigned char>(c)));
-            putString(en, a.p(0), s);
-            out.i = a.p(0);
-            return true;
-        }
-        case 98: {  // stricmp
-            const std::string x = a.s(0), y = a.s(1);
-            out.i = cmpIgnoreCase(x, y, std::max(x.size(), y.size()) + 1);
-            return true;
-        }
-        case 99: {  // strnicmp
-            const size_t n = static_cast<uint32_t>(a.i(2));
-            out.i = cmpIgnoreCase(prefix(en, a.p(0), n), prefix(en, a.p(1), n), n);
-            return true;
-        }
-        case 100: {  // strrev
-            std::string s = a.s(0);
-            std::reverse(s.begin(), s.end());
-            putString(en, a.p(0), s);
-            out.i = a.p(0);
-            return true;
-        }
-        case 101:
-        case 102: {  // strset, strnset
-            std::string s = a.s(0);
-            const size_t n = num == 101 ? s.size() : std::min<size_t>(s.size(), static_cast<uint32_t>(a.i(2)));
-            for (size_t i = 0; i < n; ++i) s[i] = static_cast<char>(a.i(1));
-            putString(en, a.p(0), s);
-            out.i = a.p(0);
-            return true;
-        }
-        case 103:
-        case 104:
-        case 105: {  // strtrim, strltrim, strrtrim
-            std::string s = a.s(0);
-            if (num != 105) s = trimLeft(s);
-            if (num != 104) s = trimRight(s);
-            putString(en, a.p(0), s);
-            out.i = a.p(0);
-            return true;
-        }
-        default:
-            return false;
+    const uint32_t p = a.p(0) ? a.p(0) : en.strtokNext;
+    if (p == 0) return intVal(0);
+    const std::string delim = a.s(1);
+    const std::string s = en.cstr(p);
+    const size_t b = s.find_first_not_of(delim);
+    if (b == std::string::npos) {
+        en.strtokNext = 0;
+        return intVal(0);
     }
+    const size_t e = s.find_first_of(delim, b);
+    if (e == std::string::npos) {
+        en.strtokNext = 0;
+    } else {
+        *en.host(p + static_cast<uint32_t>(e), 1) = 0;
+        en.strtokNext = p + static_cast<uint32_t>(e) + 1;
+    }
+    return intVal(p + static_cast<uint32_t>(b));
+}
+
+Val bi_strspn(BArgs& a) {
+    const std::string s = a.s(0), set = a.s(1);
+    const size_t at = s.find_first_not_of(set);
+    return intVal(static_cast<int64_t>(at == std::string::npos ? s.size() : at));
+}
+
+Val bi_strpbrk(BArgs& a) { return addressAt(a, 0, a.s(0).find_first_of(a.s(1))); }
+
+Val bi_strcspn(BArgs& a) {
+    const std::string s = a.s(0), set = a.s(1);
+    const size_t at = s.find_first_of(set);
+    return intVal(static_cast<int64_t>(at == std::string::npos ? s.size() : at));
+}
+
+Val bi_strcoll(BArgs& a) { return bi_strcmp(a); }
+
+Val bi_strxfrm(BArgs& a) {
+    const std::string s = a.s(1);
+    const size_t n = static_cast<uint32_t>(a.i(2));
+    if (n > s.size()) putString(a.en, a.p(0), s);
+    return intVal(static_cast<int64_t>(s.size()));
+}
+
+Val bi_strerror(BArgs& a) {
+    const uint32_t buf = libBuffer(a.en, a.en.strerrorBuf, 128);
+    std::string m = std::strerror(static_cast<int>(a.i(0)));
+    if (m.size() > 127) m.resize(127);
+    putString(a.en, buf, m);
+    return intVal(buf);
+}
+
+Val bi_strlwr(BArgs& a) {
+    return inPlace(a, [](std::string& s) {
+        for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    });
+}
+
+Val bi_strupr(BArgs& a) {
+    return inPlace(a, [](std::string& s) {
+        for (char& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    });
+}
+
+Val bi_stricmp(BArgs& a) {
+    const std::string x = a.s(0), y = a.s(1);
+    return intVal(cmpIgnoreCase(x, y, std::max(x.size(), y.size()) + 1));
+}
+
+Val bi_strnicmp(BArgs& a) {
+    const size_t n = static_cast<uint32_t>(a.i(2));
+    return intVal(cmpIgnoreCase(prefix(a.en, a.p(0), n), prefix(a.en, a.p(1), n), n));
+}
+
+Val bi_strrev(BArgs& a) {
+    return inPlace(a, [](std::string& s) { std::reverse(s.begin(), s.end()); });
+}
+
+Val bi_strset(BArgs& a) { return setChars(a, std::string::npos); }
+
+Val bi_strnset(BArgs& a) { return setChars(a, static_cast<uint32_t>(a.i(2))); }
+
+Val bi_strtrim(BArgs& a) {
+    return inPlace(a, [](std::string& s) { s = trimRight(trimLeft(s)); });
+}
+
+Val bi_strltrim(BArgs& a) {
+    return inPlace(a, [](std::string& s) { s = trimLeft(s); });
+}
+
+Val bi_strrtrim(BArgs& a) {
+    return inPlace(a, [](std::string& s) { s = trimRight(s); });
 }
 
 }  // namespace zol

@@ -48,104 +48,104 @@ std::string asc(const std::tm& t) {
     return buf;
 }
 
+// asctime and ctime: the text in the library's one buffer.
+Val ascText(Engine& en, const std::tm& t) {
+    const uint32_t buf = libBuffer(en, en.asctimeBuf, 64);
+    std::string s = asc(t);
+    if (s.size() > 63) s.resize(63);
+    putString(en, buf, s);
+    return intVal(buf);
+}
+
+// gmtime and localtime: the broken-down time in the library's one struct tm.
+Val brokenDown(Engine& en, const std::tm* t) {
+    if (!t) return intVal(0);
+    const uint32_t buf = libBuffer(en, en.tmBuf, kTmSize);
+    putTm(en, buf, *t);
+    return intVal(buf);
+}
+
+// The lconv of the "C" locale: ten pointers, eight chars, then the strings they point to.
+constexpr uint32_t kLconvSize = 56;
+constexpr uint32_t kLconvPoint = 48;   // "."
+constexpr uint32_t kLconvEmpty = 50;   // ""
+constexpr uint32_t kLconvName = 52;    // "C", what setlocale answers
+
 }  // namespace
 
-bool builtinTime(BArgs& a, int num, Val& out) {
-    Engine& en = a.en;
-    switch (num) {
-        case 118:
-        case 125: {  // asctime, ctime
-            std::tm t{};
-            if (num == 118) {
-                t = getTm(en, a.p(0));
-            } else {
-                const std::time_t tt = getTime(en, a.p(0));
-                const std::tm* lt = std::localtime(&tt);
-                if (!lt) {
-                    out.i = 0;
-                    return true;
-                }
-                t = *lt;
-            }
-            const uint32_t buf = libBuffer(en, en.asctimeBuf, 64);
-            std::string s = asc(t);
-            if (s.size() > 63) s.resize(63);
-            putString(en, buf, s);
-            out.i = buf;
-            return true;
-        }
-        case 119:
-        case 120: {  // gmtime, localtime
-            const std::time_t tt = getTime(en, a.p(0));
-            const std::tm* t = num == 119 ? std::gmtime(&tt) : std::localtime(&tt);
-            if (!t) {
-                out.i = 0;
-                return true;
-            }
-            const uint32_t buf = libBuffer(en, en.tmBuf, kTmSize);
-            putTm(en, buf, *t);
-            out.i = buf;
-            return true;
-        }
-        case 121: {  // mktime
-            std::tm t = getTm(en, a.p(0));
-            const std::time_t r = std::mktime(&t);
-            if (r != static_cast<std::time_t>(-1)) putTm(en, a.p(0), t);
-            out.i = static_cast<int32_t>(r);
-            return true;
-        }
-        case 122: {  // time
-            const int32_t now = static_cast<int32_t>(std::time(nullptr));
-            if (a.p(0)) putBytes(en, a.p(0), &now, 4);
-            out.i = now;
-            return true;
-        }
-        case 123:
-            out.i = static_cast<int32_t>(static_cast<double>(std::clock()) * 1000.0 / CLOCKS_PER_SEC);
-            return true;
-        case 124:
-            out.d = static_cast<double>(static_cast<int32_t>(a.i(0))) - static_cast<double>(static_cast<int32_t>(a.i(1)));
-            return true;
-        case 126: {  // strftime
-            const int64_t max = static_cast<int32_t>(a.i(1));
-            if (max < 0 || max > kMaxFormatWidth) en.fail(kErrArgMismatch);
-            const std::string fmt = a.s(2);
-            const std::tm t = getTm(en, a.p(3));
-            std::string buf(static_cast<size_t>(max) + 1, '\0');
-            const size_t n = max ? std::strftime(buf.data(), static_cast<size_t>(max), fmt.c_str(), &t) : 0;
-            if (n > 0) putBytes(en, a.p(0), buf.data(), n + 1);
-            out.i = static_cast<int64_t>(n);
-            return true;
-        }
-        case 127: {  // setlocale: only the "C" locale exists for scripts
-            const uint32_t buf = libBuffer(en, en.lconvBuf, 56);
-            putString(en, buf + 52, "C");
-            if (a.p(1)) {
-                const std::string want = a.s(1);
-                if (!want.empty() && want != "C" && want != "POSIX") {
-                    out.i = 0;
-                    return true;
-                }
-            }
-            out.i = buf + 52;
-            return true;
-        }
-        case 128: {  // localeconv
-            const uint32_t buf = libBuffer(en, en.lconvBuf, 56);
-            putString(en, buf + 48, ".");
-            putString(en, buf + 50, "");
-            uint32_t ptrs[10];
-            for (int k = 0; k < 10; ++k) ptrs[k] = buf + 50;
-            ptrs[0] = buf + 48;
-            putBytes(en, buf, ptrs, 40);
-            const char chars[8] = {127, 127, 127, 127, 127, 127, 127, 127};
-            putBytes(en, buf + 40, chars, 8);
-            out.i = buf;
-            return true;
-        }
-        default:
-            return false;
+Val bi_asctime(BArgs& a) { return ascText(a.en, getTm(a.en, a.p(0))); }
+
+Val bi_gmtime(BArgs& a) {
+    const std::time_t tt = getTime(a.en, a.p(0));
+    return brokenDown(a.en, std::gmtime(&tt));
+}
+
+Val bi_localtime(BArgs& a) {
+    const std::time_t tt = getTime(a.en, a.p(0));
+    return brokenDown(a.en, std::localtime(&tt));
+}
+
+Val bi_mktime(BArgs& a) {
+    std::tm t = getTm(a.en, a.p(0));
+    const std::time_t r = std::mktime(&t);
+    if (r != static_cast<std::time_t>(-1)) putTm(a.en, a.p(0), t);
+    return intVal(static_cast<int32_t>(r));
+}
+
+Val bi_time(BArgs& a) {
+    const int32_t now = static_cast<int32_t>(std::time(nullptr));
+    if (a.p(0)) putBytes(a.en, a.p(0), &now, 4);
+    return intVal(now);
+}
+
+Val bi_clock(BArgs&) {
+    return intVal(static_cast<int32_t>(static_cast<double>(std::clock()) * 1000.0 / CLOCKS_PER_SEC));
+}
+
+Val bi_difftime(BArgs& a) {
+    return doubleVal(static_cast<double>(static_cast<int32_t>(a.i(0))) - static_cast<double>(static_cast<int32_t>(a.i(1))));
+}
+
+Val bi_ctime(BArgs& a) {
+    const std::time_t tt = getTime(a.en, a.p(0));
+    const std::tm* lt = std::localtime(&tt);
+    if (!lt) return intVal(0);
+    return ascText(a.en, *lt);
+}
+
+Val bi_strftime(BArgs& a) {
+    const int64_t max = static_cast<int32_t>(a.i(1));
+    if (max < 0 || max > kMaxFormatWidth) a.en.fail(kErrArgMismatch);
+    const std::string fmt = a.s(2);
+    const std::tm t = getTm(a.en, a.p(3));
+    std::string buf(static_cast<size_t>(max) + 1, '\0');
+    const size_t n = max ? std::strftime(buf.data(), static_cast<size_t>(max), fmt.c_str(), &t) : 0;
+    if (n > 0) putBytes(a.en, a.p(0), buf.data(), n + 1);
+    return intVal(static_cast<int64_t>(n));
+}
+
+// Only the "C" locale exists for scripts.
+Val bi_setlocale(BArgs& a) {
+    const uint32_t buf = libBuffer(a.en, a.en.lconvBuf, kLconvSize);
+    putString(a.en, buf + kLconvName, "C");
+    if (a.p(1)) {
+        const std::string want = a.s(1);
+        if (!want.empty() && want != "C" && want != "POSIX") return intVal(0);
     }
+    return intVal(buf + kLconvName);
+}
+
+Val bi_localeconv(BArgs& a) {
+    const uint32_t buf = libBuffer(a.en, a.en.lconvBuf, kLconvSize);
+    putString(a.en, buf + kLconvPoint, ".");
+    putString(a.en, buf + kLconvEmpty, "");
+    uint32_t ptrs[10];
+    for (uint32_t& p : ptrs) p = buf + kLconvEmpty;
+    ptrs[0] = buf + kLconvPoint;
+    putBytes(a.en, buf, ptrs, sizeof ptrs);
+    const char chars[8] = {127, 127, 127, 127, 127, 127, 127, 127};
+    putBytes(a.en, buf + static_cast<uint32_t>(sizeof ptrs), chars, sizeof chars);
+    return intVal(buf);
 }
 
 }  // namespace zol

@@ -476,19 +476,8 @@ struct Engine {
         if (stepBudget && ++steps > stepBudget) fail(kErrTerminated);
     }
 
-    // library (builtins_*.cpp)
+    // library (builtins_dispatch.cpp)
     Val callBuiltin(Expr* e);
 };
-
-// The built-in name table: name, number, and the C prototype in letters
-// (return type first; i int, u unsigned, l long, L unsigned long, d double, c char*,
-// p void*, v void, "." further arguments).
-struct BuiltinEntry {
-    const char* name;
-    int number;
-    const char* sig;
-};
-const BuiltinEntry* findBuiltin(const std::string& name);
-const BuiltinEntry* builtinTable(size_t* count);
 
 }  // namespace zol

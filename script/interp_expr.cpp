@@ -2,6 +2,8 @@
 // as Cast nodes and constant operands folded.
 #include <cstring>
 
+#include "script/builtin_table.h"
+#include "script/builtins.h"
 #include "script/interp.h"
 #include "script/tokens.h"
 
@@ -625,13 +627,12 @@ Expr* Engine::callExpr(Expr* callee, int) {
                 return sized(e);
             }
             const BuiltinEntry* be = findBuiltin(name);
-            if (!be) failAt(kErrCallUndefined);
-            if (be->number >= 144 && be->number <= 316) failAt(kErrCallUndefined);
+            if (!be || !builtinCallable(be->number)) failAt(kErrCallUndefined);
             e = newExpr(Op::Builtin, sigType(*this, be->sig[0]));
             e->builtin = be->number;
             const Type* proto = fn && fn->type && !fn->type->noProto ? fn->type : nullptr;
             if (proto) e->type = proto->base;
-            const char* sig = be->sig + 1;
+            const char* sig = be->sig.data() + 1;
             for (size_t i = 0; i < args.size(); ++i) {
                 Expr* a = rvalue(args[i]);
                 const Type* want = nullptr;

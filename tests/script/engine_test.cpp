@@ -1,5 +1,5 @@
-// The pieces of the script engine that annotated scripts cannot reach: the tables,
-// the expanded text and token stream, and the run's own rules.
+// The pieces of the script engine that annotated scripts cannot reach: the expanded
+// text and token stream, and the run's own rules.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,20 +22,6 @@ namespace zol {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Lookup is a binary search over the names, so the table must stay sorted.
-TEST(ScriptBuiltins, NameTableIsSortedAndFindable) {
-    size_t n = 0;
-    const BuiltinEntry* t = builtinTable(&n);
-    ASSERT_GT(n, 0u);
-    for (size_t i = 0; i < n; ++i) {
-        if (i > 0) {
-            EXPECT_LT(std::strcmp(t[i - 1].name, t[i].name), 0) << t[i].name;
-        }
-        EXPECT_EQ(findBuiltin(t[i].name), &t[i]);
-    }
-    EXPECT_EQ(findBuiltin("ATAN"), nullptr);
-}
 
 TEST(ScriptPreprocessor, NamesFilesForReports) {
     PreprocessOutput pp;

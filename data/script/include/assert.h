@@ -1,3 +1,11 @@
+/* Assertions: assert(e) reports the failed expression with __File() and __Line(). */
+#ifndef __ASSERT_H
+#define __ASSERT_H
+/* Built-in functions: generated from script/builtins.def */
+int __Line(void);
+char *__File(void);
+/* End of built-in functions */
+#endif
 #undef assert
 #ifdef NDEBUG
 #define assert(e) ((void)0)

@@ -20,4 +20,19 @@ struct ffblk {
     unsigned short ff_fdate;
     char ff_name[256];
 };
+/* Built-in functions: generated from script/builtins.def */
+int findfirst(const char *pattern, struct ffblk *block, int attributes);
+int findnext(struct ffblk *block);
+int chdir(const char *path);
+int _chdrive(int drive);
+char *getcwd(char *buffer, int size);
+int getcurdir(int drive, char *directory);
+char *_getdcwd(int drive, char *buffer, int size);
+int getdisk(void);
+int _getdrive(void);
+int setdisk(int drive);
+int mkdir(const char *path);
+char *mktemp(char *pattern);
+int rmdir(const char *path);
+/* End of built-in functions */
 #endif

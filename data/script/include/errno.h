@@ -9,4 +9,7 @@
 #define EINVAL 22
 #define EDOM 33
 #define ERANGE 34
+/* Built-in functions: generated from script/builtins.def */
+int __Errno(void);
+/* End of built-in functions */
 #endif

@@ -29,4 +29,8 @@ struct lconv {
     char p_sign_posn;
     char n_sign_posn;
 };
+/* Built-in functions: generated from script/builtins.def */
+char *setlocale(int category, const char *locale);
+struct lconv *localeconv(void);
+/* End of built-in functions */
 #endif

@@ -1,5 +1,4 @@
-/* General utilities. Built-in functions need no prototypes; qsort, bsearch, div and
-   ldiv are written here in VEK C. */
+/* General utilities. qsort, bsearch, div and ldiv are written here in VEK C. */
 #ifndef __STDLIB_H
 #define __STDLIB_H
 #ifndef _SIZE_T
@@ -14,6 +13,26 @@ typedef unsigned int size_t;
 #define RAND_MAX 32767
 typedef struct { int quot; int rem; } div_t;
 typedef struct { long quot; long rem; } ldiv_t;
+/* Built-in functions: generated from script/builtins.def */
+void exit(int status);
+int system(const char *command);
+char *getenv(const char *name);
+int putenv(const char *setting);
+void *malloc(size_t size);
+void *calloc(size_t count, size_t size);
+void *realloc(void *block, size_t size);
+void free(void *block);
+double atof(const char *s);
+int atoi(const char *s);
+long atol(const char *s);
+double strtod(const char *s, char **end);
+long strtol(const char *s, char **end, int base);
+unsigned long strtoul(const char *s, char **end, int base);
+int rand(void);
+void srand(unsigned seed);
+int abs(int n);
+long labs(long n);
+/* End of built-in functions */
 
 static div_t div(int n, int d)
 {

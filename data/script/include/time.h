@@ -23,4 +23,15 @@ struct tm {
     int tm_yday;
     int tm_isdst;
 };
+/* Built-in functions: generated from script/builtins.def */
+char *asctime(const struct tm *t);
+struct tm *gmtime(const time_t *t);
+struct tm *localtime(const time_t *t);
+time_t mktime(struct tm *t);
+time_t time(time_t *t);
+clock_t clock(void);
+double difftime(time_t t1, time_t t0);
+char *ctime(const time_t *t);
+size_t strftime(char *buffer, size_t size, const char *format, const struct tm *t);
+/* End of built-in functions */
 #endif

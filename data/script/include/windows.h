@@ -1,4 +1,4 @@
-/* The Windows types and constants that scripts use. */
+/* The Windows types, constants and calls that scripts use. */
 #ifndef __WINDOWS_H
 #define __WINDOWS_H
 #ifndef NULL
@@ -40,4 +40,44 @@ typedef void *HDOC;
 #define IDIGNORE 5
 #define IDYES 6
 #define IDNO 7
+/* Built-in functions: generated from script/builtins.def */
+UINT GetSystemDirectory(LPSTR buffer, UINT size);
+UINT GetWindowsDirectory(LPSTR buffer, UINT size);
+DWORD GetShortPathName(LPCSTR longPath, LPSTR shortPath, DWORD size);
+DWORD GetTickCount(void);
+UINT GetProfileInt(LPCSTR section, LPCSTR key, int defaultValue);
+DWORD GetProfileString(LPCSTR section, LPCSTR key, LPCSTR defaultValue, LPSTR buffer, DWORD size);
+BOOL WriteProfileString(LPCSTR section, LPCSTR key, LPCSTR value);
+UINT GetPrivateProfileInt(LPCSTR section, LPCSTR key, int defaultValue, LPCSTR fileName);
+DWORD GetPrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR defaultValue, LPSTR buffer, DWORD size, LPCSTR fileName);
+BOOL WritePrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR fileName);
+BOOL AnsiToOem(LPCSTR source, LPSTR dest);
+BOOL OemToAnsi(LPCSTR source, LPSTR dest);
+BOOL AnsiToOemBuff(LPCSTR source, LPSTR dest, DWORD length);
+BOOL OemToAnsiBuff(LPCSTR source, LPSTR dest, DWORD length);
+LPSTR AnsiNext(LPCSTR current);
+LPSTR AnsiPrev(LPCSTR start, LPCSTR current);
+LPSTR AnsiUpper(LPSTR s);
+LPSTR AnsiLower(LPSTR s);
+DWORD AnsiUpperBuff(LPSTR s, DWORD length);
+DWORD AnsiLowerBuff(LPSTR s, DWORD length);
+BOOL IsCharAlpha(char c);
+BOOL IsCharAlphaNumeric(char c);
+BOOL IsCharUpper(char c);
+BOOL IsCharLower(char c);
+int lstrcmp(LPCSTR s1, LPCSTR s2);
+int lstrcmpi(LPCSTR s1, LPCSTR s2);
+BOOL IsDBCSLeadByte(BYTE c);
+BOOL MessageBeep(UINT type);
+int MessageBox(HWND owner, LPCSTR text, LPCSTR caption, UINT type);
+BOOL WinHelp(HWND owner, LPCSTR helpFile, UINT command, DWORD data);
+UINT WinExec(LPCSTR commandLine, UINT show);
+HINSTANCE ShellExecute(HWND owner, LPCSTR operation, LPCSTR file, LPCSTR parameters, LPCSTR directory, int show);
+HWND FindWindow(LPCSTR className, LPCSTR windowName);
+int MsgBox(LPCSTR text, UINT type);
+HWND GetMainWndHandle(void);
+void WaitCursor(void);
+void RestoreCursor(void);
+long CallDLLFunc(LPCSTR library, LPCSTR function, ...);
+/* End of built-in functions */
 #endif

@@ -22,4 +22,8 @@ struct stat {
 #define S_IEXEC 0x0040
 #define S_ISDIR(m) (((m) & S_IFMT) == S_IFDIR)
 #define S_ISREG(m) (((m) & S_IFMT) == S_IFREG)
+/* Built-in functions: generated from script/builtins.def */
+int stat(const char *path, struct stat *status);
+int fstat(int handle, struct stat *status);
+/* End of built-in functions */
 #endif
