@@ -201,7 +201,7 @@ bool blankAtRowEdge(std::string_view s, size_t i) {
 }
 
 bool knownKeyword(std::string_view k) {
-    for (std::string_view known : {"keys", "do", "set", "check", "clipboard", "column clipboard", "message"})
+    for (std::string_view known : {"keys", "do", "trail", "set", "check", "clipboard", "column clipboard", "message"})
         if (k == known) return true;
     return false;
 }
@@ -238,9 +238,9 @@ bool readLine(std::string_view line, int number, std::vector<Case>& cases, std::
 
 }  // namespace
 
-std::optional<MarkedText> parseMarked(const std::vector<std::string>& block, int tabSize, std::string& error) {
+std::optional<MarkedText> parseMarked(const std::vector<std::string>& block, int tabSize, int cursors,
+                                      std::string& error) {
     MarkedText m;
-    int cursors = 0;
     std::vector<std::pair<Placed, int32_t>> brackets;
     for (size_t i = 0; i < block.size(); ++i) {
         LineParse lp;
@@ -256,11 +256,10 @@ std::optional<MarkedText> parseMarked(const std::vector<std::string>& block, int
                 brackets.emplace_back(p, line);
                 continue;
             }
-            ++cursors;
-            m.cursor = makePos(p.col, line);
+            m.cursors.push_back(makePos(p.col, line));
         }
     }
-    if (cursors != 1) {
+    if (cursors >= 0 && m.cursors.size() != static_cast<size_t>(cursors)) {
         error = "a state marks the cursor with exactly one ‸";
         return std::nullopt;
     }
@@ -273,7 +272,7 @@ std::string renderMarked(const MarkedText& m, int tabSize) {
     auto place = [&](Pos p, Mark mark) {
         marks[std::clamp<size_t>(p.line, 0, marks.size() - 1)].push_back({mark, p.col, m.selMode == SelMode::Column});
     };
-    place(m.cursor, Mark::Cursor);
+    for (Pos p : m.cursors) place(p, Mark::Cursor);
     if (m.selExists) {
         place(m.selBegin, Mark::Open);
         place(m.selEnd, Mark::Close);
@@ -293,7 +292,7 @@ MarkedText markedOf(const Document& doc) {
         m.lines.emplace_back(doc.lines.text(r));
         if (doc.lines.header(r).bookmark) m.bookmarks.push_back(i);
     }
-    m.cursor = doc.cursor;
+    m.cursors = {doc.cursor};
     m.selMode = doc.selMode;
     m.selExists = selectionRange(doc, m.selBegin, m.selEnd);
     return m;
@@ -305,13 +304,13 @@ void loadMarked(Document& doc, const MarkedText& m) {
     fill(doc, text);
     for (int32_t line : m.bookmarks) setBookmark(doc, line, true);
     if (m.selExists) {
-        const bool cursorAtBegin = m.cursor == m.selBegin;
+        const bool cursorAtBegin = m.cursors.at(0) == m.selBegin;
         doc.selExists = true;
         doc.selMode = m.selMode;
         doc.selAnchor = cursorAtBegin ? m.selEnd : m.selBegin;
         doc.selEnd = cursorAtBegin ? m.selBegin : m.selEnd;
     }
-    setCursor(doc, m.cursor);
+    setCursor(doc, m.cursors.at(0));
     doc.lastCmd = 0;
     doc.modified = false;
 }

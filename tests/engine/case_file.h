@@ -16,15 +16,17 @@ namespace zol::test {
 struct MarkedText {
     std::vector<std::string> lines;  // bytes, without line ends
     std::vector<int32_t> bookmarks;  // bookmarked lines, ascending
-    Pos cursor;
+    std::vector<Pos> cursors;        // one, except where a trail shows every stop
     bool selExists = false;
     SelMode selMode = SelMode::Char;
     Pos selBegin, selEnd;  // in document order
 };
 
 // The lines of a state block ("|text" or "*text" for a bookmarked line), with columns
-// counted at tabSize. nullopt, and the reason in error, when the block is malformed.
-std::optional<MarkedText> parseMarked(const std::vector<std::string>& block, int tabSize, std::string& error);
+// counted at tabSize. nullopt, and the reason in error, when the block is malformed
+// or has not `cursors` cursor marks (-1: any number).
+std::optional<MarkedText> parseMarked(const std::vector<std::string>& block, int tabSize, int cursors,
+                                      std::string& error);
 // The canonical state block of a document: what a mismatch prints.
 std::string renderMarked(const MarkedText& m, int tabSize);
 
@@ -42,7 +44,7 @@ std::string encodeText(std::string_view bytes);
 // word, and its quotes stay.
 std::vector<std::string> splitTokens(std::string_view line);
 
-// One line of a case: a directive ("keys", "do", "set", "check", "clipboard",
+// One line of a case: a directive ("keys", "do", "trail", "set", "check", "clipboard",
 // "column clipboard", "message") with its value, or a state block ("|") with its lines.
 struct CaseLine {
     int number = 0;  // in the file, from 1

@@ -166,6 +166,7 @@ private:
     bool act(const CaseLine& l);
     bool press(const std::string& token, int line);
     bool command(const std::vector<std::string>& tokens, size_t& i, int line);
+    bool follow(const std::vector<std::string>& tokens, int line);
     void type(const std::string& text, bool throughKeys);
     bool set(const CaseLine& l);
     bool checkpoint(const std::vector<const CaseLine*>& checks);
@@ -183,13 +184,14 @@ private:
     KeyMap keys_ = defaultKeyMap();
     uint16_t pending_ = 0;
     bool loaded_ = false;
+    std::optional<std::vector<Pos>> trail_;  // stops of the last trail, shown instead of the cursor
 };
 
 void CaseRun::run(const Case& c) {
     std::vector<const CaseLine*> checks;
     bool acted = false, unchecked = false;
     for (const CaseLine& l : c.lines) {
-        const bool action = l.keyword == "keys" || l.keyword == "do";
+        const bool action = l.keyword == "keys" || l.keyword == "do" || l.keyword == "trail";
         if (action || l.keyword == "set") {
             if (!checks.empty() && !checkpoint(checks)) return;
             checks.clear();
@@ -210,7 +212,7 @@ void CaseRun::run(const Case& c) {
 bool CaseRun::prepare(const CaseLine& l) {
     std::string error;
     if (l.keyword == "|") {
-        const std::optional<MarkedText> m = parseMarked(l.block, options().tabSize, error);
+        const std::optional<MarkedText> m = parseMarked(l.block, options().tabSize, 1, error);
         if (!m) return fail(l.number, error);
         loadMarked(doc_, *m);
         loaded_ = true;
@@ -227,7 +229,9 @@ bool CaseRun::prepare(const CaseLine& l) {
 
 bool CaseRun::act(const CaseLine& l) {
     if (!loaded_) return fail(l.number, "a case starts with the document's state");
+    trail_.reset();
     const std::vector<std::string> tokens = splitTokens(l.value);
+    if (l.keyword == "trail") return follow(tokens, l.number);
     for (size_t i = 0; i < tokens.size(); ++i) {
         if (!(l.keyword == "keys" ? press(tokens[i], l.number) : command(tokens, i, l.number))) return false;
     }
@@ -278,6 +282,22 @@ bool CaseRun::command(const std::vector<std::string>& tokens, size_t& i, int lin
     return true;
 }
 
+// Runs one command until the cursor stops moving or leaves its line, noting each stop.
+bool CaseRun::follow(const std::vector<std::string>& tokens, int line) {
+    constexpr int kMaxStops = 200;
+    const int32_t startLine = doc_.cursor.line;
+    trail_.emplace();
+    for (int n = 0; n < kMaxStops; ++n) {
+        const Pos before = doc_.cursor;
+        size_t i = 0;
+        if (!command(tokens, i, line)) return false;
+        if (i + 1 != tokens.size()) return fail(line, "a trail follows one command");
+        if (doc_.cursor == before || doc_.cursor.line != startLine) return true;
+        trail_->push_back(doc_.cursor);
+    }
+    return fail(line, "the cursor never stops");
+}
+
 // Typed characters: through the key map as a window types them, or as InsertChar.
 void CaseRun::type(const std::string& text, bool throughKeys) {
     const uint16_t insertChar = findCommand("InsertChar")->id;
@@ -314,10 +334,12 @@ bool CaseRun::checkpoint(const std::vector<const CaseLine*>& checks) {
 bool CaseRun::expect(const CaseLine& l, std::string& expected, std::string& actual, std::string& error) {
     if (l.keyword == "check") return expectSettings(l, expected, actual, error);
     if (l.keyword == "|") {
-        const std::optional<MarkedText> m = parseMarked(l.block, options().tabSize, error);
+        const std::optional<MarkedText> m = parseMarked(l.block, options().tabSize, trail_ ? -1 : 1, error);
         if (!m) return false;
+        MarkedText now = markedOf(doc_);
+        if (trail_) now.cursors = *trail_;
         expected += renderMarked(*m, options().tabSize);
-        actual += renderMarked(markedOf(doc_), options().tabSize);
+        actual += renderMarked(now, options().tabSize);
         return true;
     }
     const std::optional<std::string> text = decodeText(l.value, error);
