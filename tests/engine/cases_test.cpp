@@ -321,11 +321,12 @@ bool CaseRun::set(const CaseLine& l) {
 }
 
 bool CaseRun::checkpoint(const std::vector<const CaseLine*>& checks) {
-    std::string expected, actual, error;
+    std::string expected, actual, error, messages;
     for (const CaseLine* l : checks) {
-        if (l->keyword == "message") expected += "message: " + l->value + "\n";
+        if (l->keyword == "message") messages += "message: " + l->value + "\n";
         else if (!expect(*l, expected, actual, error)) return fail(l->number, error);
     }
+    expected += messages;
     for (const std::string& m : newMessages()) actual += "message: " + m + "\n";
     if (expected == actual) return true;
     return fail(checks.front()->number, mismatch(expected, actual));
