@@ -5,9 +5,11 @@
 // The folder's README.md describes the files.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <sstream>
 #include <tuple>
 
@@ -96,6 +98,19 @@ std::pair<std::string, int> repeated(const std::string& token) {
 
 bool quoted(const std::string& token) {
     return token.size() >= 2 && (token[0] == '"' || token[0] == '\'') && token.back() == token[0];
+}
+
+// The bytes of a quoted text or character.
+std::optional<std::string> unquote(const std::string& token, std::string& error) {
+    return decodeText(std::string_view(token).substr(1, token.size() - 2), error);
+}
+
+// A set: or check: word "name=value"; nullptr when the name is none of kSettings.
+const Setting* assignment(const std::string& token, std::string& value) {
+    const size_t eq = token.find('=');
+    if (eq == std::string::npos) return nullptr;
+    value = token.substr(eq + 1);
+    return findSetting(std::string_view(token).substr(0, eq));
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -243,7 +258,7 @@ bool CaseRun::act(const CaseLine& l) {
 bool CaseRun::press(const std::string& token, int line) {
     std::string error;
     if (quoted(token)) {
-        const std::optional<std::string> text = decodeText(token.substr(1, token.size() - 2), error);
+        const std::optional<std::string> text = unquote(token, error);
         if (!text) return fail(line, error);
         type(*text, true);
         return true;
@@ -262,7 +277,7 @@ bool CaseRun::press(const std::string& token, int line) {
 bool CaseRun::command(const std::vector<std::string>& tokens, size_t& i, int line) {
     std::string error;
     if (quoted(tokens[i])) {
-        const std::optional<std::string> text = decodeText(tokens[i].substr(1, tokens[i].size() - 2), error);
+        const std::optional<std::string> text = unquote(tokens[i], error);
         if (!text) return fail(line, error);
         type(*text, false);
         return true;
@@ -274,7 +289,7 @@ bool CaseRun::command(const std::vector<std::string>& tokens, size_t& i, int lin
     if (rec->kind == ParamKind::Char || rec->kind == ParamKind::Number) {
         if (++i == tokens.size()) return fail(line, name + " takes a parameter");
         const std::string& p = tokens[i];
-        const std::optional<std::string> c = quoted(p) ? decodeText(p.substr(1, p.size() - 2), error) : std::nullopt;
+        const std::optional<std::string> c = quoted(p) ? unquote(p, error) : std::nullopt;
         if (c && c->size() == 1) param = static_cast<unsigned char>((*c)[0]);
         else if (p.find_first_not_of("0123456789") == std::string::npos) param = static_cast<uint32_t>(std::stoul(p));
         else return fail(line, "\"" + p + "\" is no parameter: write a number or a character in quotes");
@@ -311,12 +326,11 @@ void CaseRun::type(const std::string& text, bool throughKeys) {
 
 bool CaseRun::set(const CaseLine& l) {
     for (const std::string& token : splitTokens(l.value)) {
-        const size_t eq = token.find('=');
-        const Setting* s = eq == std::string::npos ? nullptr : findSetting(token.substr(0, eq));
-        if (!s) return fail(l.number, "\"" + token + "\" sets nothing: write name=value");
-        const std::optional<std::string> value = canonicalValue(*s, token.substr(eq + 1));
-        if (!value) return fail(l.number, "\"" + token + "\": " + (s->number ? "a number" : "on or off") + " expected");
-        setSetting(*s, *value, doc_);
+        std::string value;
+        const Setting* s = assignment(token, value);
+        const std::optional<std::string> v = s ? canonicalValue(*s, value) : std::nullopt;
+        if (!v) return fail(l.number, "\"" + token + "\" sets nothing: write name=value, on or off or a number");
+        setSetting(*s, *v, doc_);
     }
     return true;
 }
@@ -354,21 +368,20 @@ bool CaseRun::expect(const CaseLine& l, std::string& expected, std::string& actu
 // name=value pairs, and undo="label" for the Undo menu item.
 bool CaseRun::expectSettings(const CaseLine& l, std::string& expected, std::string& actual, std::string& error) {
     for (const std::string& token : splitTokens(l.value)) {
-        const size_t eq = token.find('=');
-        const std::string name = token.substr(0, eq), value = eq == std::string::npos ? "" : token.substr(eq + 1);
-        if (name == "undo" && quoted(value)) {
-            expected += "check: undo=" + value + "\n";
+        if (token.starts_with("undo=\"") && quoted(token.substr(5))) {
+            expected += "check: " + token + "\n";
             actual += "check: undo=\"" + std::string(undoLabel(doc_.undo)) + "\"\n";
             continue;
         }
-        const Setting* s = findSetting(name);
+        std::string value;
+        const Setting* s = assignment(token, value);
         const std::optional<std::string> want = s ? canonicalValue(*s, value) : std::nullopt;
         if (!want) {
             error = "\"" + token + "\" checks nothing: write name=value or undo=\"label\"";
             return false;
         }
-        expected += "check: " + name + "=" + *want + "\n";
-        actual += "check: " + name + "=" + settingValue(*s, doc_) + "\n";
+        expected += "check: " + std::string(s->name) + "=" + *want + "\n";
+        actual += "check: " + std::string(s->name) + "=" + settingValue(*s, doc_) + "\n";
     }
     return true;
 }

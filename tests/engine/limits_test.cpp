@@ -11,12 +11,6 @@ namespace {
 
 class Limits : public CommandTest {};
 
-std::string numberedLines(int count) {
-    std::string text;
-    for (int i = 1; i <= count; ++i) text += "line " + std::to_string(i) + "\n";
-    return text;
-}
-
 TEST_F(Limits, AFullLineRefusesMoreCharactersButOverwriteStillWorks) {
     fill(doc, std::string(3199, 'x'));
     moveTo(3199, 0);

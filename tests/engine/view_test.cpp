@@ -22,12 +22,6 @@ protected:
     FakeEditorView view;
 };
 
-std::string numberedLines(int count) {
-    std::string text;
-    for (int i = 1; i <= count; ++i) text += "line " + std::to_string(i) + "\n";
-    return text;
-}
-
 TEST_F(WithView, PagesAndWindowFollowTheView) {
     fill(doc, numberedLines(99));  // 100 lines, the last empty
     moveTo(3, 0);
