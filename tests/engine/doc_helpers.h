@@ -27,4 +27,11 @@ inline std::string textOf(const Document& doc) {
     return out;
 }
 
+// "line 1" up to "line <count>", each with its line end: the text ends in an empty line.
+inline std::string numberedLines(int count) {
+    std::string text;
+    for (int i = 1; i <= count; ++i) text += "line " + std::to_string(i) + "\n";
+    return text;
+}
+
 }  // namespace zol::test

@@ -115,16 +115,6 @@ TEST(LineList, ManySlabsKeepEveryLineThroughMovesAndReset) {
     EXPECT_EQ(other.text(other.next(other.first)), "after reset");
 }
 
-TEST(Edit, InsertSplitsLinesAtEveryKindOfLineEnd) {
-    Document doc;
-    fill(doc, "headtail");
-    setCursor(doc, makePos(4, 0));
-    ASSERT_TRUE(insertText(doc, "1\r\n2\n3\r4"));
-    EXPECT_EQ(textOf(doc), "head1\n2\n3\n4tail");
-    EXPECT_EQ(doc.cursor, makePos(1, 3));
-    EXPECT_TRUE(doc.modified);
-}
-
 TEST(Edit, DeleteAndRangeTextAgreeAcrossLines) {
     Document doc;
     fill(doc, "alpha\nbeta\ngamma");

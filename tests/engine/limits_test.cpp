@@ -1,0 +1,104 @@
+// Fixed capacities reached through the editing commands: 3200 columns a line, 384 undo
+// records, the saved cursor positions, and texts of a million lines.
+#include <gtest/gtest.h>
+
+#include "engine/commands/messages.h"
+#include "engine/marks.h"
+#include "tests/engine/command_fixture.h"
+
+namespace zol::test {
+namespace {
+
+class Limits : public CommandTest {};
+
+TEST_F(Limits, AFullLineRefusesMoreCharactersButOverwriteStillWorks) {
+    fill(doc, std::string(3199, 'x'));
+    moveTo(3199, 0);
+    type("y");
+    EXPECT_EQ(lineWidthAt(doc, 0), 3200);
+    EXPECT_TRUE(shell_.status.empty());
+
+    doc.modified = false;
+    const size_t depth = undoDepth();
+    EXPECT_EQ(run("InsertChar", 'z'), 0);
+    EXPECT_EQ(run("Tab"), 0);
+    EXPECT_EQ(lineText(doc, 0), std::string(3199, 'x') + "y");
+    EXPECT_FALSE(doc.modified);
+    EXPECT_EQ(undoDepth(), depth);
+    ASSERT_EQ(shell_.status.size(), 2u);
+    EXPECT_EQ(shell_.status[0], kMsgLineTooLong);
+
+    options().overwrite = true;
+    moveTo(0, 0);
+    type("A");
+    EXPECT_EQ(lineText(doc, 0)[0], 'A');
+}
+
+TEST_F(Limits, TheCursorStopsAtTheLastColumn) {
+    fill(doc, "abc");
+    moveTo(kMaxColumns, 0);
+    EXPECT_EQ(run("CursorRight"), 0);
+    EXPECT_EQ(doc.cursor.col, kMaxColumns);
+}
+
+TEST_F(Limits, UndoKeepsTheLatest384Records) {
+    options().undoLevels = kMaxUndoRecords;
+    const int edits = kMaxUndoRecords + 10;
+    for (int i = 0; i < edits; ++i) {
+        type("x");
+        run("NullCmd");
+    }
+    EXPECT_EQ(undoDepth(), static_cast<size_t>(kMaxUndoRecords));
+    for (int i = 0; i < edits; ++i) run("Undo");
+    EXPECT_EQ(text(), std::string(edits - kMaxUndoRecords, 'x'));
+}
+
+TEST_F(Limits, SavedCursorPositionsKeepTheLatest) {
+    fill(doc, numberedLines(19));
+    for (int32_t l = 0; l < 19; ++l) {
+        moveTo(0, l);
+        run("SaveCursorPos");
+    }
+    std::vector<int32_t> back;
+    while (run("RestoreCursorPos")) back.push_back(doc.cursor.line);
+    ASSERT_EQ(back.size(), kCursorStackDepth);
+    EXPECT_EQ(back.front(), 18);
+    EXPECT_EQ(back.back(), static_cast<int32_t>(19 - kCursorStackDepth));
+}
+
+TEST_F(Limits, JumpsAMillionLines) {
+    constexpr int kLines = 1000000;
+    fill(doc, numberedLines(kLines));
+    run("GoToLineNum", kLines);
+    EXPECT_EQ(doc.cursor.line, kLines - 1);
+    EXPECT_EQ(doc.lines.currentIndex, doc.cursor.line);
+    EXPECT_EQ(doc.lines.text(doc.lines.current), "line 1000000");
+    run("TextStart");
+    run("ParaDown");  // one paragraph up to the empty last line
+    EXPECT_EQ(here(), "0,1000000");
+    run("CursorUp");
+    EXPECT_EQ(doc.lines.text(doc.lines.current), "line 1000000");
+    run("GoToLineNum", 2);
+    EXPECT_EQ(doc.lines.text(doc.lines.current), "line 2");
+}
+
+TEST_F(Limits, AMillionLinesPasteUndoAndRedo) {
+    constexpr int kLines = 1000000;
+    std::string big;
+    for (int i = 0; i < kLines; ++i) big += "line " + std::to_string(i) + "\r\n";
+    fill(doc, "end");
+    shell_.clip.text = big;
+    run("Paste");
+    ASSERT_EQ(doc.lines.count(), kLines + 1);
+    EXPECT_EQ(lineText(doc, 123456), "line 123456");
+    EXPECT_EQ(lineText(doc, kLines), "end");
+    run("Undo");
+    EXPECT_EQ(text(), "end");
+    run("Redo");
+    ASSERT_EQ(doc.lines.count(), kLines + 1);
+    EXPECT_EQ(lineText(doc, kLines - 1), "line " + std::to_string(kLines - 1));
+    EXPECT_EQ(doc.cursor, makePos(0, kLines));
+}
+
+}  // namespace
+}  // namespace zol::test
