@@ -151,6 +151,7 @@ struct Function {
     bool defined = false;
     bool compiled = false;
     int builtin = 0;           // built-in standing in when the script gives no body
+    bool libraryDecl = false;  // only a header's prototype of a built-in so far: no record used
     Stmt* body = nullptr;
     uint32_t frameSize = 0;
     uint32_t paramBytes = 0;
@@ -201,6 +202,7 @@ struct Engine {
     std::deque<Expr> exprStore;
     std::deque<Stmt> stmtStore;
     std::deque<Function> functions;
+    int functionRecords = 0;     // functions counted against kMaxFunctions
     std::vector<Scope> scopes;
     Function* compiling = nullptr;   // function whose body is being compiled
     uint32_t frameOffset = 0;        // next free frame offset while compiling
@@ -373,6 +375,7 @@ struct Engine {
     void initializer(const Type* t, uint32_t off, std::vector<std::pair<uint32_t, Expr*>>& out, const Type** completed);
     void compileFunction(Function* f);
     Function* functionBySym(int sym);
+    void useFunctionRecord();
 
     // expressions (interp_expr.cpp)
     Expr* newExpr(Op op, const Type* t);

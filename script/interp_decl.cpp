@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "script/builtin_table.h"
 #include "script/interp.h"
 #include "script/tokens.h"
 
@@ -43,12 +44,22 @@ bool Engine::isTypeStart() {
 Function* Engine::functionBySym(int sym) {
     for (Function& f : functions)
         if (f.sym == sym) return &f;
-    if (functions.size() >= static_cast<size_t>(kMaxFunctions)) failAt(kErrFunctionSpace);
+    const std::string& name = ts.symbols.names[static_cast<size_t>(sym - 1)];
+    // The shipped headers declare every built-in; those prototypes must not eat the
+    // function space a script has for its own functions.
+    const bool libraryDecl = findBuiltin(name) != nullptr;
+    if (!libraryDecl) useFunctionRecord();
     Function& f = functions.emplace_back();
     f.sym = sym;
-    f.name = ts.symbols.names[static_cast<size_t>(sym - 1)];
+    f.name = name;
+    f.libraryDecl = libraryDecl;
     f.index = static_cast<int>(functions.size() - 1);
     return &f;
+}
+
+void Engine::useFunctionRecord() {
+    if (functionRecords >= kMaxFunctions) failAt(kErrFunctionSpace);
+    ++functionRecords;
 }
 
 namespace {
@@ -540,6 +551,10 @@ void Engine::scanGlobals() {
                 scopes[0].names[sym] = Binding{BindKind::Func, f->type, 0, f};
                 if (tok().code == '{') {
                     if (f->defined) failAt(kErrRedeclared);
+                    if (f->libraryDecl) {
+                        f->libraryDecl = false;
+                        useFunctionRecord();
+                    }
                     f->defined = true;
                     f->type = t;
                     f->paramSyms = pnames;
