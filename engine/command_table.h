@@ -23,7 +23,7 @@ constexpr uint16_t idOf(Cmd c) { return static_cast<uint16_t>(c); }
 
 enum class ParamKind : uint8_t { Unknown = 0, None = 1, Char = 2, Number = 3 };
 
-// The categories of the key-mapping dialog, numbered as key files and scripts know them.
+// The categories of the key-mapping dialog; commandGroup() gives their numbers.
 enum class CmdGroup : uint8_t {
     Typing = 1, Movement, Selection, Search, Marks, Block, Clipboard, Tools, Files, Modes, Windows, Help, Special
 };
@@ -61,10 +61,6 @@ struct CommandRecord {
     CommandHandler handler;   // the engine's own; nullptr for every other owner
 };
 
-constexpr int kCommandCount = 0
-#define ZOL_COMMAND(...) +1
-#include "engine/commands.def"
-    ;
 constexpr uint16_t kMaxDispatchId = std::max({0
 #define ZOL_COMMAND(name, id, ...) , id
 #include "engine/commands.def"
