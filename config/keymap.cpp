@@ -4,13 +4,15 @@
 #include <cstring>
 
 #include "config/keymap_messages.h"
+#include "engine/command_table.h"
 #include "engine/document.h"
 #include "engine/selection.h"
 
 namespace zol {
 namespace {
 
-constexpr uint16_t kInsertChar = 2, kTab = 5, kBackTab = 3, kIndentBlock = 80, kUnindentBlock = 81;
+constexpr uint16_t kInsertChar = idOf(Cmd::InsertChar), kTab = idOf(Cmd::Tab), kBackTab = idOf(Cmd::BackTab),
+                   kIndentBlock = idOf(Cmd::IndentBlock), kUnindentBlock = idOf(Cmd::UnindentBlock);
 
 bool changed = false;
 

@@ -1,5 +1,6 @@
 #include "engine/command_params.h"
 
+#include "engine/commands/handlers.h"
 #include "engine/document.h"
 
 namespace zol {
@@ -7,11 +8,9 @@ namespace {
 
 std::string params[2];
 
-constexpr uint16_t kParam1 = 236, kParam2 = 237;
-
-int append(Document& doc, int which, uint16_t id, uint32_t param) {
+int append(Document& doc, int which, Cmd cmd, uint32_t param) {
     std::string& p = params[which - 1];
-    if (doc.prevCmd != id) p.clear();
+    if (doc.prevCmd != idOf(cmd)) p.clear();
     const char c = static_cast<char>(param & 0xFF);
     if (c != '\0') p += c;
     return 1;
@@ -22,7 +21,7 @@ int append(Document& doc, int which, uint16_t id, uint32_t param) {
 const std::string& commandParam(int which) { return params[which == 1 ? 0 : 1]; }
 void setCommandParam(int which, std::string text) { params[which == 1 ? 0 : 1] = std::move(text); }
 
-int cmdParam1(Document& doc, const CommandCall& call) { return append(doc, 1, kParam1, call.param); }
-int cmdParam2(Document& doc, const CommandCall& call) { return append(doc, 2, kParam2, call.param); }
+int cmdParam1(Document& doc, const CommandCall& call) { return append(doc, 1, Cmd::Param1, call.param); }
+int cmdParam2(Document& doc, const CommandCall& call) { return append(doc, 2, Cmd::Param2, call.param); }
 
 }  // namespace zol

@@ -14,6 +14,8 @@ class EditorView;
 
 enum class TextFormat : int32_t { Dos = 0, Unix = 1, Mac = 2 };
 enum class SelMode : int32_t { Char = 1, Column = 2 };
+// The keystroke-macro recorder of a document.
+enum class Recorder : uint8_t { Idle = 0, Recording = 1 };
 
 struct Document {
     LineList lines;
@@ -39,7 +41,7 @@ struct Document {
     UndoStacks undo;
     uint16_t lastCmd = 0, prevCmd = 0;
     bool macroRunning = false;
-    int recorder = 0;               // 0 idle, 1 recording
+    Recorder recorder = Recorder::Idle;
     uint16_t stateWord = 0;         // reset by cursor placement from outside
     DocMarks marks;
     std::string autoSaveFile;       // side file in the home, empty until the first auto-save

@@ -42,6 +42,9 @@ void setExternalCommandRunner(ExternalCommandRunner runner);
 
 // Runs one command on a document. Returns the handler's result (0 when nothing ran).
 int execute(Document& doc, uint16_t id, uint32_t param = 0, uint32_t flags = 0);
+inline int execute(Document& doc, Cmd cmd, uint32_t param = 0, uint32_t flags = 0) {
+    return execute(doc, idOf(cmd), param, flags);
+}
 
 // Lookups. For a stored macro id the macro's name and kind None; unknown ids give
 // "" / 0 / ParamKind::Unknown.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/command_table.h"
 #include "engine/document.h"
 #include "engine/edit.h"
 #include "engine/shell.h"
@@ -9,21 +10,43 @@
 namespace zol {
 namespace {
 
-constexpr uint16_t kUndoCmd = 120;
-constexpr uint16_t kRedoCmd = 121;
-
-// Labels by action kind; index 0 is the label without a kind.
-const char* const kUndoLabels[] = {
-    "&Undo",          "&Undo",           "&Undo Typing",       "&Undo Deleting",
-    "&Undo Cut",      "&Undo Paste",     "&Undo Replace",      "&Undo Redo",
-    "&Undo Indent",   "&Undo Unindent",  "&Undo Insert File",  "&Undo Center Line",
-    "&Undo Duplicate Line", "&Undo Change Case", "&Undo Insert Time/Date",
-    "&Undo Insert Symbol",  "&Undo Convert Text", "&Undo Formating", "&Undo Transpose",
-    "&Undo Spelling",
+const struct {
+    UndoKind kind;
+    const char* label;
+} kUndoLabels[] = {
+    {UndoKind::Plain, "&Undo"},
+    {UndoKind::Typing, "&Undo Typing"},
+    {UndoKind::Deleting, "&Undo Deleting"},
+    {UndoKind::Cut, "&Undo Cut"},
+    {UndoKind::Paste, "&Undo Paste"},
+    {UndoKind::Replace, "&Undo Replace"},
+    {UndoKind::Redo, "&Undo Redo"},
+    {UndoKind::Indent, "&Undo Indent"},
+    {UndoKind::Unindent, "&Undo Unindent"},
+    {UndoKind::InsertFile, "&Undo Insert File"},
+    {UndoKind::CenterLine, "&Undo Center Line"},
+    {UndoKind::DuplicateLine, "&Undo Duplicate Line"},
+    {UndoKind::ChangeCase, "&Undo Change Case"},
+    {UndoKind::InsertTimeDate, "&Undo Insert Time/Date"},
+    {UndoKind::InsertSymbol, "&Undo Insert Symbol"},
+    {UndoKind::ConvertText, "&Undo Convert Text"},
+    {UndoKind::Formatting, "&Undo Formating"},
+    {UndoKind::Transpose, "&Undo Transpose"},
+    {UndoKind::Spelling, "&Undo Spelling"},
 };
 const char* const kCantUndo = "Can't &Undo";
 
-bool merges(uint16_t cmd) { return cmd == 2 || cmd == 6 || cmd == 8 || cmd == 125 || cmd == 89; }
+// Typing-like commands repeated one after the other make one record.
+bool merges(uint16_t id) {
+    switch (static_cast<Cmd>(id)) {
+        case Cmd::InsertChar:
+        case Cmd::Backspace:
+        case Cmd::DeleteChar:
+        case Cmd::Paste:
+        case Cmd::JustifyBlockPara: return true;
+        default: return false;
+    }
+}
 
 int undoLimit() { return std::clamp(options().undoLevels, 1, kMaxUndoRecords); }
 
@@ -42,7 +65,7 @@ void merge(EditRecord& top, EditRecord&& rec, uint16_t cmd) {
         if (!top.text) {
             top.text = std::move(rec.text);
             top.at = rec.at;
-        } else if (cmd == 6) {
+        } else if (cmd == idOf(Cmd::Backspace)) {
             top.text = *rec.text + *top.text;
             top.at = rec.at;
         } else {
@@ -53,9 +76,9 @@ void merge(EditRecord& top, EditRecord&& rec, uint16_t cmd) {
 
 // The reverse of an undo waits on the redo stack. Undo puts it there itself: the
 // last-command id cannot tell, as an edit made after an Undo by a script or plug-in
-// (not through the executor) leaves it at 120.
+// (not through the executor) leaves it at Undo.
 void pushRedo(UndoStacks& s, EditRecord rec) {
-    rec.kind = undoKindOf(kUndoCmd);
+    rec.kind = undoKindOf(idOf(Cmd::Undo));
     if (static_cast<int>(s.redo.size()) >= undoLimit()) s.redo.erase(s.redo.begin());
     s.redo.push_back(std::move(rec));
 }
@@ -89,41 +112,66 @@ EditRecord apply(Document& doc, const EditRecord& rec) {
 
 }  // namespace
 
-int32_t undoKindOf(uint16_t id) {
-    switch (id) {
-        case 2: case 15: case 16: return 2;
-        case 123: case 126: case 128: case 400: return 4;
-        case 125: return 5;
-        case 91: case 92: return 6;
-        case 121: return 7;
-        case 80: return 8;
-        case 81: return 9;
-        case 253: return 10;
-        case 19: return 11;
-        case 17: return 12;
-        case 21: return 14;
-        case 4: return 15;
-        case 207: return 16;
-        case 212: return 19;
-        default: break;
+UndoKind undoKindOf(uint16_t id) {
+    switch (static_cast<Cmd>(id)) {
+        case Cmd::InsertChar:
+        case Cmd::NewLine:
+        case Cmd::InsertLine: return UndoKind::Typing;
+        case Cmd::Backspace:
+        case Cmd::Delete:
+        case Cmd::DeleteChar:
+        case Cmd::DeleteBlock:
+        case Cmd::DeleteWord:
+        case Cmd::DeleteToEOL:
+        case Cmd::DeleteToBOL:
+        case Cmd::DeleteLine: return UndoKind::Deleting;
+        case Cmd::Cut:
+        case Cmd::CutAndAppend:
+        case Cmd::CutLine:
+        case Cmd::CutBookmarkedLines: return UndoKind::Cut;
+        case Cmd::Paste: return UndoKind::Paste;
+        case Cmd::Replace:
+        case Cmd::FindNext: return UndoKind::Replace;
+        case Cmd::Redo: return UndoKind::Redo;
+        case Cmd::IndentBlock: return UndoKind::Indent;
+        case Cmd::UnindentBlock: return UndoKind::Unindent;
+        case Cmd::ReadBlock: return UndoKind::InsertFile;
+        case Cmd::CenterLine: return UndoKind::CenterLine;
+        case Cmd::DupLine: return UndoKind::DuplicateLine;
+        case Cmd::UpperCase:
+        case Cmd::LowerCase:
+        case Cmd::FlipCase:
+        case Cmd::UpperCaseWord:
+        case Cmd::LowerCaseWord:
+        case Cmd::FlipCaseWord:
+        case Cmd::CapitalizeWord:
+        case Cmd::TitleCase:
+        case Cmd::SentenceCase: return UndoKind::ChangeCase;
+        case Cmd::InsertTimeDate: return UndoKind::InsertTimeDate;
+        case Cmd::InsertSymbol: return UndoKind::InsertSymbol;
+        case Cmd::ConvertText: return UndoKind::ConvertText;
+        case Cmd::LeftBlockPara:
+        case Cmd::CenterBlockPara:
+        case Cmd::RightBlockPara:
+        case Cmd::JustifyBlockPara: return UndoKind::Formatting;
+        case Cmd::TransposeChar:
+        case Cmd::TransposeWord:
+        case Cmd::TransposeLine: return UndoKind::Transpose;
+        case Cmd::Spelling: return UndoKind::Spelling;
+        default: return UndoKind::Plain;
     }
-    if (id >= 6 && id <= 13) return 3;
-    if (id >= 130 && id <= 138) return 13;
-    if (id >= 86 && id <= 89) return 17;
-    if (id >= 140 && id <= 142) return 18;
-    return 1;
 }
 
 const char* undoLabel(const UndoStacks& s) {
     if (s.undo.empty()) return kCantUndo;
-    const int32_t k = s.undo.back().kind;
-    return k >= 0 && k < static_cast<int32_t>(std::size(kUndoLabels)) ? kUndoLabels[k] : kUndoLabels[0];
+    for (const auto& l : kUndoLabels)
+        if (l.kind == s.undo.back().kind) return l.label;
+    return kUndoLabels[0].label;
 }
-
 void recordEdit(Document& doc, EditRecord rec) {
     UndoStacks& s = doc.undo;
     const uint16_t cmd = doc.lastCmd;
-    if (cmd != kRedoCmd) s.redo.clear();
+    if (cmd != idOf(Cmd::Redo)) s.redo.clear();
     // Redo sets the flag again once its own record is in.
     s.lastWasUndoRedo = false;
     if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd)) {
@@ -138,7 +186,7 @@ void recordEdit(Document& doc, EditRecord rec) {
 }
 
 void undo(Document& doc) {
-    doc.lastCmd = kUndoCmd;
+    doc.lastCmd = idOf(Cmd::Undo);
     UndoStacks& s = doc.undo;
     if (s.undo.empty() || doc.readOnly) return;
     EditRecord rec = std::move(s.undo.back());
@@ -150,7 +198,7 @@ void undo(Document& doc) {
 }
 
 void redo(Document& doc) {
-    doc.lastCmd = kRedoCmd;
+    doc.lastCmd = idOf(Cmd::Redo);
     UndoStacks& s = doc.undo;
     if (s.redo.empty() || doc.readOnly) return;
     if (!s.lastWasUndoRedo) {

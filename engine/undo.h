@@ -10,6 +10,30 @@
 
 namespace zol {
 
+// What a record undoes, as the Undo menu item names it. The numbers are the historic
+// ones and deliberately not in the order of the labels.
+enum class UndoKind : int32_t {
+    Plain = 1,
+    Typing = 2,
+    Deleting = 3,
+    Cut = 4,
+    Paste = 5,
+    Replace = 6,
+    Redo = 7,
+    Indent = 8,
+    Unindent = 9,
+    InsertFile = 10,
+    CenterLine = 11,
+    DuplicateLine = 12,
+    ChangeCase = 13,
+    InsertTimeDate = 14,
+    InsertSymbol = 15,
+    ConvertText = 16,
+    Formatting = 17,
+    Transpose = 18,
+    Spelling = 19,
+};
+
 // How to reverse one change: delete `range` (when present), then insert `text`
 // (when present) at `at`. Text spans lines with CR LF between them.
 struct EditRecord {
@@ -17,7 +41,7 @@ struct EditRecord {
     Pos rangeStart, rangeEnd;
     Pos at;
     std::optional<std::string> text;
-    int32_t kind = 1;  // action kind, chosen from the command that made the record
+    UndoKind kind = UndoKind::Plain;  // chosen from the command that made the record
 };
 
 struct UndoStacks {
@@ -27,7 +51,7 @@ struct UndoStacks {
 };
 
 // Action kind of the record a command makes.
-int32_t undoKindOf(uint16_t commandId);
+UndoKind undoKindOf(uint16_t commandId);
 // Menu label for the top of the undo stack ("Can't &Undo" when empty).
 const char* undoLabel(const UndoStacks& s);
 

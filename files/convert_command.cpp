@@ -8,8 +8,6 @@
 namespace zol {
 namespace {
 
-constexpr uint16_t kConvertTextId = 207;
-
 ConvertChooser* chooser = nullptr;
 
 }  // namespace
@@ -49,6 +47,6 @@ int cmdConvertText(Document& doc, const CommandCall&) {
     return convertDocument(doc, table, choice.selectedOnly) ? 1 : 0;
 }
 
-void installConvertCommand() { setCommandHandler(kConvertTextId, cmdConvertText); }
+void installConvertCommand() { setCommandHandler(Cmd::ConvertText, cmdConvertText); }
 
 }  // namespace zol

@@ -86,9 +86,9 @@ void ZOLAPI Zol_SetSelMode(HDOC h, int mode) {
     guardedVoid([&] {
         Document* doc = docOf(h);
         if (!doc) return;
-        if (mode == 1) execute(*doc, commandId("SetCharSelMode", false), 0, kInterfaceCall);
+        if (mode == 1) execute(*doc, Cmd::SetCharSelMode, 0, kInterfaceCall);
         else if (mode == 2 && doc->selMode != SelMode::Column)
-            execute(*doc, commandId("SetColumnSelMode", false), 0, kInterfaceCall);
+            execute(*doc, Cmd::SetColumnSelMode, 0, kInterfaceCall);
     });
 }
 

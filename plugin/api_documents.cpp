@@ -246,7 +246,7 @@ void ZOLAPI Zol_SetOutputWindow(HDOC h, BOOL output) {
 BOOL ZOLAPI Zol_IsMacroRecording(HDOC h) {
     return guarded<BOOL>(0, [&] {
         Document* doc = docOf(h);
-        return doc && doc->recorder != 0;
+        return doc && doc->recorder != Recorder::Idle;
     });
 }
 

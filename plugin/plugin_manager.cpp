@@ -20,9 +20,6 @@ namespace {
 constexpr const char* kPlugInFolder = "PlugIns";
 constexpr const char* kSplashModule = "splash.zop";
 constexpr const char* kSdkModule = "sdk.zop";
-constexpr uint16_t kPlugInCommandByName = 310;     // "PlugInCommand"
-constexpr uint16_t kPlugInCommandIdCommand = 311;  // "PlugInCommandID"
-constexpr uint16_t kParam1Command = 236;
 
 using XppCanUnload = int (*)();
 using XppUnload = void (*)(intptr_t owner);
@@ -59,9 +56,9 @@ int cmdPlugInCommandId(Document& doc, const CommandCall& call) {
 int runExternal(Document& doc, uint16_t id) {
     const PlugInCommand* c = findPlugInCommand(id);
     if (!c || !c->module) return 0;
-    if (doc.recorder == 1 && macroStore()) {
-        for (char ch : c->name) macroStore()->recordStep(doc, kParam1Command, static_cast<unsigned char>(ch));
-        macroStore()->recordStep(doc, kPlugInCommandByName, 0);
+    if (doc.recorder == Recorder::Recording && macroStore()) {
+        for (char ch : c->name) macroStore()->recordStep(doc, idOf(Cmd::Param1), static_cast<unsigned char>(ch));
+        macroStore()->recordStep(doc, idOf(Cmd::PlugInCommand), 0);
     }
     return runPlugInCommand(id, &doc) != 0;
 }
@@ -264,8 +261,8 @@ bool removePlugInWindow(intptr_t handle) {
 
 void initPlugIns() {
     setEventListener(onEvent);
-    setCommandHandler(kPlugInCommandIdCommand, cmdPlugInCommandId);
-    setCommandHandler(kPlugInCommandByName, cmdPlugInCommand);
+    setCommandHandler(Cmd::PlugInCommandID, cmdPlugInCommandId);
+    setCommandHandler(Cmd::PlugInCommand, cmdPlugInCommand);
     setExternalCommandRunner(runExternal);
 }
 

@@ -10,7 +10,7 @@
 namespace zol {
 namespace {
 
-constexpr uint16_t kInsertChar = 2, kParam1 = 236, kParam2 = 237;
+constexpr uint16_t kInsertChar = idOf(Cmd::InsertChar), kParam1 = idOf(Cmd::Param1), kParam2 = idOf(Cmd::Param2);
 constexpr std::string_view kInsertTextWord = "InsertText";
 constexpr char kEscapeLetters[] = "abtnvfr";  // characters 7 to 13
 

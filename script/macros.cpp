@@ -74,12 +74,12 @@ public:
     void startRecording(Document& doc) override {
         if (!hasFreeSlot(macros())) {
             shell().message(macromsg::kSlotsFull);
-            doc.recorder = 0;
+            doc.recorder = Recorder::Idle;
             return;
         }
         std::string name = suggestedName(macros());
         if (!shell().askMacroName(name)) {
-            doc.recorder = 0;
+            doc.recorder = Recorder::Idle;
             return;
         }
         if (name.size() >= kMacroNameSize) name.resize(kMacroNameSize - 1);
@@ -93,7 +93,7 @@ public:
         if (!r) return;
         if (r->steps.size() >= macromsg::kMaxSteps) {
             shell().message(macromsg::kMacroFull);
-            doc.recorder = 0;
+            doc.recorder = Recorder::Idle;
             stopRecording(doc);
             return;
         }

@@ -17,29 +17,35 @@
 namespace zol {
 namespace {
 
-constexpr uint16_t kFind = 90, kReplace = 91, kFindNext = 92, kGoToLine = 93, kGoToColumn = 94;
-constexpr uint16_t kFindNextWord = 96, kFindPrevWord = 97, kGoToLineNum = 436, kGoToColumnNum = 437;
-
 LastSearch last;
 
 // The find and replace commands driven by the parameter commands.
 struct ParamCommand {
-    uint16_t id;
+    Cmd cmd;
     bool replace;
     bool inLine;
     bool matchCase, regex, wholeWord;
 };
 constexpr ParamCommand kParamCommands[] = {
-    {410, false, false, false, false, false}, {411, false, false, true, false, false},
-    {412, false, false, false, true, false},  {420, false, false, true, false, true},
-    {428, false, false, true, true, true},    {413, false, true, false, false, false},
-    {414, false, true, true, false, false},   {430, false, true, false, true, false},
-    {423, false, true, true, false, true},    {426, false, true, true, true, true},
-    {415, true, false, false, false, false},  {416, true, false, true, false, false},
-    {417, true, false, false, true, false},   {421, true, false, true, false, true},
-    {429, true, false, true, true, true},     {418, true, true, false, false, false},
-    {419, true, true, true, false, false},    {425, true, true, true, false, true},
-    {427, true, true, true, true, true},
+    {Cmd::FindParam, false, false, false, false, false},
+    {Cmd::FindParamC, false, false, true, false, false},
+    {Cmd::FindParamR, false, false, false, true, false},
+    {Cmd::FindParamCW, false, false, true, false, true},
+    {Cmd::FindParamRCW, false, false, true, true, true},
+    {Cmd::FindInLineParam, false, true, false, false, false},
+    {Cmd::FindInLineParamC, false, true, true, false, false},
+    {Cmd::FindInLineParamR, false, true, false, true, false},
+    {Cmd::FindInLineParamCW, false, true, true, false, true},
+    {Cmd::FindInLineParamRCW, false, true, true, true, true},
+    {Cmd::ReplaceParam, true, false, false, false, false},
+    {Cmd::ReplaceParamC, true, false, true, false, false},
+    {Cmd::ReplaceParamR, true, false, false, true, false},
+    {Cmd::ReplaceParamCW, true, false, true, false, true},
+    {Cmd::ReplaceParamRCW, true, false, true, true, true},
+    {Cmd::ReplaceInLineParam, true, true, false, false, false},
+    {Cmd::ReplaceInLineParamC, true, true, true, false, false},
+    {Cmd::ReplaceInLineParamCW, true, true, true, false, true},
+    {Cmd::ReplaceInLineParamRCW, true, true, true, true, true},
 };
 
 std::string fill(std::string_view fmt, std::string_view value) {
@@ -202,7 +208,7 @@ int cmdFindPrevWord(Document& doc, const CommandCall&) { return findWord(doc, fa
 
 int cmdParamSearch(Document& doc, const CommandCall& call) {
     for (const ParamCommand& c : kParamCommands) {
-        if (c.id != call.id) continue;
+        if (idOf(c.cmd) != call.id) continue;
         FindDialogData d;
         d.findText = commandParam(1);
         d.replaceText = commandParam(2);
@@ -216,18 +222,18 @@ int cmdParamSearch(Document& doc, const CommandCall& call) {
     return 0;
 }
 
-int goTo(Document& doc, uint16_t target, const char* prompt, int current) {
+int goTo(Document& doc, Cmd target, const char* prompt, int current) {
     int value = current;
     if (!shell().askNumber(prompt, value) || value < 1) return 0;
     const CommandHandler h = commandHandler(target);
-    return h ? h(doc, CommandCall{target, static_cast<uint32_t>(value), 0}) : 0;
+    return h ? h(doc, CommandCall{idOf(target), static_cast<uint32_t>(value), 0}) : 0;
 }
 
 int cmdGoToLine(Document& doc, const CommandCall&) {
-    return goTo(doc, kGoToLineNum, searchmsg::kGoToLinePrompt, doc.cursor.line + 1);
+    return goTo(doc, Cmd::GoToLineNum, searchmsg::kGoToLinePrompt, doc.cursor.line + 1);
 }
 int cmdGoToColumn(Document& doc, const CommandCall&) {
-    return goTo(doc, kGoToColumnNum, searchmsg::kGoToColumnPrompt, doc.cursor.col + 1);
+    return goTo(doc, Cmd::GoToColumnNum, searchmsg::kGoToColumnPrompt, doc.cursor.col + 1);
 }
 
 }  // namespace
@@ -237,14 +243,14 @@ void forgetLastSearch() { last = LastSearch{}; }
 
 void initSearch(std::vector<std::string>* findHistoryList, std::vector<std::string>* replaceHistoryList) {
     setSearchHistoryLists(findHistoryList, replaceHistoryList);
-    setCommandHandler(kFind, cmdFind);
-    setCommandHandler(kReplace, cmdReplace);
-    setCommandHandler(kFindNext, cmdFindNext);
-    setCommandHandler(kFindNextWord, cmdFindNextWord);
-    setCommandHandler(kFindPrevWord, cmdFindPrevWord);
-    if (!commandHandler(kGoToLine)) setCommandHandler(kGoToLine, cmdGoToLine);
-    if (!commandHandler(kGoToColumn)) setCommandHandler(kGoToColumn, cmdGoToColumn);
-    for (const ParamCommand& c : kParamCommands) setCommandHandler(c.id, cmdParamSearch);
+    setCommandHandler(Cmd::Find, cmdFind);
+    setCommandHandler(Cmd::Replace, cmdReplace);
+    setCommandHandler(Cmd::FindNext, cmdFindNext);
+    setCommandHandler(Cmd::FindNextWord, cmdFindNextWord);
+    setCommandHandler(Cmd::FindPrevWord, cmdFindPrevWord);
+    if (!commandHandler(Cmd::GoToLine)) setCommandHandler(Cmd::GoToLine, cmdGoToLine);
+    if (!commandHandler(Cmd::GoToColumn)) setCommandHandler(Cmd::GoToColumn, cmdGoToColumn);
+    for (const ParamCommand& c : kParamCommands) setCommandHandler(c.cmd, cmdParamSearch);
 }
 
 }  // namespace zol

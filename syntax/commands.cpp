@@ -15,14 +15,6 @@
 namespace zol {
 namespace {
 
-constexpr uint16_t kMatchPair = 95;
-constexpr uint16_t kMatchPreprocNext = 98;
-constexpr uint16_t kMatchPreprocPrev = 99;
-constexpr uint16_t kMatchHtmlTag = 431;
-constexpr uint16_t kOpenFileAtCursor = 257;
-constexpr uint16_t kOpenHeaderFile = 258;
-constexpr uint16_t kIncludeFiles = 259;
-
 IncludeDirsSource includeSource = nullptr;
 
 int moveTo(Document& doc, std::optional<Pos> p) {
@@ -113,13 +105,13 @@ int includeFilesCmd(Document& doc, const CommandCall&) {
 void initSyntax(IncludeDirsSource includeDirs) {
     includeSource = includeDirs;
     installCommentStateTracking();
-    setCommandHandler(kMatchPair, &matchPairCmd);
-    setCommandHandler(kMatchPreprocNext, &matchPreprocNextCmd);
-    setCommandHandler(kMatchPreprocPrev, &matchPreprocPrevCmd);
-    setCommandHandler(kMatchHtmlTag, &matchHtmlTagCmd);
-    setCommandHandler(kOpenFileAtCursor, &openFileAtCursorCmd);
-    setCommandHandler(kOpenHeaderFile, &openHeaderFileCmd);
-    setCommandHandler(kIncludeFiles, &includeFilesCmd);
+    setCommandHandler(Cmd::MatchPair, &matchPairCmd);
+    setCommandHandler(Cmd::MatchPreprocNext, &matchPreprocNextCmd);
+    setCommandHandler(Cmd::MatchPreprocPrev, &matchPreprocPrevCmd);
+    setCommandHandler(Cmd::MatchHtmlTag, &matchHtmlTagCmd);
+    setCommandHandler(Cmd::OpenFileAtCursor, &openFileAtCursorCmd);
+    setCommandHandler(Cmd::OpenHeaderFile, &openHeaderFileCmd);
+    setCommandHandler(Cmd::IncludeFiles, &includeFilesCmd);
 }
 
 }  // namespace zol

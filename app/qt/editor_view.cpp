@@ -30,7 +30,6 @@
 namespace zol {
 namespace {
 
-constexpr uint16_t kInsertCharId = 2;
 constexpr int kCaretBlinkMs = 500;
 constexpr int kLineCaretWidth = 2;
 
@@ -42,11 +41,6 @@ uint16_t lookupPrimaryKey(uint16_t word) {
 }
 
 QColor toQColor(Rgb c) { return QColor(c.r, c.g, c.b); }
-
-uint16_t idOf(const char* name) {
-    const CommandRecord* r = findCommand(std::string_view(name));
-    return r ? r->id : 0;
-}
 
 }  // namespace
 
@@ -442,7 +436,7 @@ void TVekWinEditor::namedBookmarksDialog() {
 }
 
 void TVekWinEditor::scriptCommand() {
-    if (!(frameCommand && frameCommand(this, idOf("ExecScript")))) shell().statusMessage(qtmsg::kNotAvailable);
+    if (!(frameCommand && frameCommand(this, idOf(Cmd::ExecScript)))) shell().statusMessage(qtmsg::kNotAvailable);
 }
 
 void TVekWinEditor::runCommand(uint16_t id, uint32_t param) {
@@ -481,7 +475,7 @@ void TVekWinEditor::typeText(const QString& text) {
         uint16_t pending = pending_;
         const uint16_t cmd = keyCommand(keyMap(), *doc_, static_cast<uint16_t>(byte), pending);
         pending_ = pending;
-        if (cmd) runCommand(cmd, cmd == kInsertCharId ? static_cast<uint32_t>(byte) : 0);
+        if (cmd) runCommand(cmd, cmd == idOf(Cmd::InsertChar) ? static_cast<uint32_t>(byte) : 0);
         if (!live()) return;
     }
 }
@@ -579,7 +573,7 @@ void TVekWinEditor::mouseReleaseEvent(QMouseEvent*) { dragging_ = false; }
 void TVekWinEditor::mouseDoubleClickEvent(QMouseEvent* e) {
     if (!live() || e->button() != Qt::LeftButton) return;
     dragging_ = false;
-    runCommand(idOf("SelectWord"));
+    runCommand(idOf(Cmd::SelectWord));
 }
 
 void TVekWinEditor::resizeEvent(QResizeEvent* e) {

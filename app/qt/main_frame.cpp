@@ -1,28 +1,23 @@
+// TMainFrame: the frame itself. Its windows, one per document, the file dialogs, the
+// frame's own commands and the window events.
 #include "app/qt/main_frame.h"
 
-#include <QAction>
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
-#include <QScreen>
 #include <QStatusBar>
-#include <QStyle>
 #include <QToolBar>
 #include <algorithm>
 
 #include "app/qt/editor_view.h"
+#include "app/qt/main_frame_util.h"
 #include "app/qt/messages.h"
 #include "app/qt/qt_shell.h"
-#include "config/keymap.h"
 #include "config/recent_files.h"
 #include "config/recent_views.h"
 #include "config/settings.h"
@@ -35,45 +30,16 @@
 #include "files/save.h"
 #include "files/textfile.h"
 #include "platform/paths.h"
-#include "platform/profile.h"
-#include "plugin/plugin_manager.h"
 #include "script/runner.h"
-
-#include "app/qt/dialogs/options_dialog.h"
 
 namespace zol {
 namespace {
 
+using frame::local;
+using frame::qs;
+using frame::viewIn;
+
 constexpr int kAutoSaveTickMs = 5000;
-// How long a message stays in the status bar.
-constexpr int kMessageMs = 10000;
-constexpr int kGroups = 13;
-constexpr int kModesGroup = 10;
-constexpr int kKeyNamesInMenu = 2;
-// The session's documents, keys "1".."n" of this section of "zol.ini".
-constexpr const char* kDesktopSection = "Desktop";
-constexpr int kDesktopFiles = 64;
-
-enum : uint16_t {
-    kWindowMaximize = 290, kWindowMinimize, kWindowRestore, kWindowCascade, kWindowTileHorz, kWindowTileVert,
-    kPrevWindow, kNextWindow,
-    kSaveFile = 250, kSaveFileAs, kWriteBlock, kReadBlock, kOpenFile, kNewFile, kPrint,
-    kExecScript = 235, kHelpKeywordSearch = 300, kHelpContents = 301, kApiAssistanceOn = 305,
-};
-
-QString qs(const std::string& s) { return QString::fromLocal8Bit(s.c_str()); }
-std::string local(const QString& s) { return s.toLocal8Bit().toStdString(); }
-
-TVekWinEditor* viewIn(QMdiSubWindow* sub) { return sub ? qobject_cast<TVekWinEditor*>(sub->widget()) : nullptr; }
-
-QString menuText(const CommandRecord& r) {
-    QString text = QString::fromLatin1(r.name);
-    const std::vector<std::string> keys = commandKeyNames(keyMap(), r.id);
-    QStringList names;
-    for (size_t i = 0; i < keys.size() && static_cast<int>(i) < kKeyNamesInMenu; ++i) names << qs(keys[i]);
-    if (!names.isEmpty()) text += QLatin1Char('\t') + names.join(QStringLiteral(", "));
-    return text;
-}
 
 }  // namespace
 
@@ -150,8 +116,6 @@ TVekWinEditor* TMainFrame::viewOf(const Document* doc) const {
     return nullptr;
 }
 
-// ---- documents and windows ----
-
 void TMainFrame::syncViews() {
     if (syncing_) return;
     syncing_ = true;
@@ -175,9 +139,7 @@ void TMainFrame::syncViews() {
         connect(view, &TVekWinEditor::documentClosed, this, &TMainFrame::syncViews, Qt::QueuedConnection);
         // Modes and options are the same for every window.
         connect(view, &TVekWinEditor::commandDone, this, [this](uint16_t id) {
-            if (commandGroup(id) != kModesGroup) return;
-            for (QMdiSubWindow* s : mdi_->subWindowList())
-                if (TVekWinEditor* w = viewIn(s)) w->redraw();
+            if (commandGroup(id) == static_cast<int>(CmdGroup::Modes)) redrawViews();
         });
         connect(view, &TVekWinEditor::captionChanged, this, [this, view] {
             if (QWidget* sub = view->parentWidget()) {
@@ -213,22 +175,7 @@ Document* TMainFrame::openFile(const std::string& path) {
     recentFileAdd(doc->fileName);
     refreshRecentMenu();
     syncViews();
-    if (!wasOpen) {
-        if (const RecentView* r = recentViewFind(doc->fileName); r && r->line <= lastLine(*doc)) {
-            zol::setCursor(*doc, makePos(r->column, r->line));
-            if (TVekWinEditor* v = viewOf(doc)) {
-                v->setFirstVisibleLine(std::max(0, r->line - v->pageLines() / 2));
-                v->redraw();
-                // Separate windows come back where they were; tabs have no place of their own.
-                auto* sub = qobject_cast<QMdiSubWindow*>(v->parentWidget());
-                if (sub && mdi_->viewMode() == QMdiArea::SubWindowView && r->width > 0 && r->height > 0) {
-                    if (r->showState == 3) sub->showMaximized();
-                    else if (r->showState == 2) sub->showMinimized();
-                    else sub->setGeometry(r->x, r->y, r->width, r->height);
-                }
-            }
-        }
-    }
+    if (!wasOpen) restoreView(*doc);
     refreshStatus();
     return doc;
 }
@@ -237,18 +184,6 @@ Document* TMainFrame::newFile() {
     Document* doc = newDocument(app_);
     syncViews();
     return doc;
-}
-
-void TMainFrame::rememberView(const Document& doc) {
-    if (!doc.hasFile) return;
-    int showState = 1;
-    QRect r = geometry();
-    if (TVekWinEditor* v = viewOf(&doc); v && v->parentWidget()) {
-        QWidget* sub = v->parentWidget();
-        r = sub->geometry();
-        showState = sub->isMaximized() || mdi_->viewMode() == QMdiArea::TabbedView ? 3 : sub->isMinimized() ? 2 : 1;
-    }
-    recentViewAdd(doc.fileName, doc.cursor.col, doc.cursor.line, r.x(), r.y(), r.width(), r.height(), showState);
 }
 
 bool TMainFrame::closeDocumentWindow(Document* doc) {
@@ -327,8 +262,7 @@ void TMainFrame::runExecScript() {
     const ScriptRunResult r = runScriptFile(path, {path}, opts);
     if (r.error) shell_->message(r.message);
     syncViews();
-    for (QMdiSubWindow* sub : mdi_->subWindowList())
-        if (TVekWinEditor* v = viewIn(sub)) v->redraw();
+    redrawViews();
 }
 
 void TMainFrame::tile(bool horizontal) {
@@ -352,49 +286,49 @@ void TMainFrame::tile(bool horizontal) {
 bool TMainFrame::frameCommand(TVekWinEditor* view, uint16_t id) {
     Document* doc = view ? view->document() : nullptr;
     QMdiSubWindow* sub = view ? qobject_cast<QMdiSubWindow*>(view->parentWidget()) : nullptr;
-    switch (id) {
-    case kSaveFile:
+    switch (static_cast<Cmd>(id)) {
+    case Cmd::SaveFile:
         if (doc) {
             if (doc->hasFile) saveDocument(*doc);
             else saveAs(*doc);
             view->refreshCaption();
         }
         return true;
-    case kSaveFileAs:
+    case Cmd::SaveFileAs:
         if (doc) saveAs(*doc);
         return true;
-    case kWriteBlock:
+    case Cmd::WriteBlock:
         if (doc) writeBlock(*doc);
         return true;
-    case kReadBlock:
+    case Cmd::ReadBlock:
         if (doc && !doc->readOnly) readBlock(*doc);
         else if (doc) view->readOnlyNotify();
         return true;
-    case kOpenFile: openFileDialog(); return true;
-    case kNewFile: newFile(); return true;
-    case kPrint:
-    case kHelpKeywordSearch:
-    case kHelpContents:
-    case kApiAssistanceOn: showMessage(QString::fromLatin1(qtmsg::kNotAvailable)); return true;
-    case kExecScript: runExecScript(); return true;
-    case kWindowMaximize:
-    case kWindowMinimize:
-    case kWindowRestore:
+    case Cmd::OpenFile: openFileDialog(); return true;
+    case Cmd::NewFile: newFile(); return true;
+    case Cmd::Print:
+    case Cmd::HelpKeywordSearch:
+    case Cmd::HelpContents:
+    case Cmd::ApiAssistanceOn: showMessage(QString::fromLatin1(qtmsg::kNotAvailable)); return true;
+    case Cmd::ExecScript: runExecScript(); return true;
+    case Cmd::WindowMaximize:
+    case Cmd::WindowMinimize:
+    case Cmd::WindowRestore:
         if (!sub) return true;
         mdi_->setViewMode(QMdiArea::SubWindowView);
-        if (id == kWindowMaximize) sub->showMaximized();
-        else if (id == kWindowMinimize) sub->showMinimized();
+        if (id == idOf(Cmd::WindowMaximize)) sub->showMaximized();
+        else if (id == idOf(Cmd::WindowMinimize)) sub->showMinimized();
         else sub->showNormal();
         return true;
-    case kWindowCascade:
+    case Cmd::WindowCascade:
         mdi_->setViewMode(QMdiArea::SubWindowView);
         for (QMdiSubWindow* s : mdi_->subWindowList()) s->showNormal();
         mdi_->cascadeSubWindows();
         return true;
-    case kWindowTileHorz: tile(true); return true;
-    case kWindowTileVert: tile(false); return true;
-    case kPrevWindow: mdi_->activatePreviousSubWindow(); return true;
-    case kNextWindow: mdi_->activateNextSubWindow(); return true;
+    case Cmd::WindowTileHorz: tile(true); return true;
+    case Cmd::WindowTileVert: tile(false); return true;
+    case Cmd::PrevWindow: mdi_->activatePreviousSubWindow(); return true;
+    case Cmd::NextWindow: mdi_->activateNextSubWindow(); return true;
     default: return false;
     }
 }
@@ -408,247 +342,6 @@ void TMainFrame::runOnActive(uint16_t id) {
     }
     syncViews();
 }
-
-// ---- menus and bars ----
-
-void TMainFrame::buildMenus() {
-    QMenu* menus[kGroups + 1] = {};
-    // The File menu comes first, as everywhere; the rest follow the table's groups.
-    const int order[] = {9, 1, 2, 3, 4, 5, 6, 7, 8, 10, 13, 11, 12};
-    for (int g : order) menus[g] = menuBar()->addMenu(QString::fromLatin1(qtmsg::kGroupMenus[g]));
-    for (const CommandRecord& r : commandTable()) {
-        if (r.group < 1 || r.group > kGroups) continue;
-        QAction* a = menus[r.group]->addAction(menuText(r));
-        a->setData(r.id);
-        if (r.description) a->setStatusTip(QString::fromLatin1(r.description));
-        // Commands that take a parameter come from keys, macros and scripts only.
-        a->setEnabled(r.kind != ParamKind::Char && r.kind != ParamKind::Number);
-        const uint16_t id = r.id;
-        connect(a, &QAction::triggered, this, [this, id] { runOnActive(id); });
-    }
-    for (int g = 1; g <= kGroups; ++g)
-        connect(menus[g], &QMenu::aboutToShow, this, [this, m = menus[g]] { refreshKeyNames(m); });
-
-    QMenu* file = menus[9];
-    file->addSeparator();
-    file->addAction(QString::fromLatin1(qtmsg::kCloseAction), this, [this] {
-        if (TVekWinEditor* v = activeView()) closeDocumentWindow(v->document());
-    });
-    recentMenu_ = file->addMenu(QString::fromLatin1(qtmsg::kRecentMenu));
-    file->addSeparator();
-    file->addAction(QString::fromLatin1(qtmsg::kExitAction), this, &QWidget::close);
-
-    menus[8]->addSeparator();
-    menus[8]->addAction(QString::fromLatin1(qtmsg::kOptionsAction), this, [this] {
-        if (TOptionsDialog::run(this)) applyViewSettings();
-    });
-    QMenu* window = menus[11];
-    window->addSeparator();
-    QAction* tabs = window->addAction(QString::fromLatin1(qtmsg::kTabsAction));
-    tabs->setCheckable(true);
-    tabs->setChecked(true);
-    connect(tabs, &QAction::toggled, this, [this](bool on) {
-        mdi_->setViewMode(on ? QMdiArea::TabbedView : QMdiArea::SubWindowView);
-    });
-    connect(window, &QMenu::aboutToShow, this, [this, tabs] {
-        tabs->setChecked(mdi_->viewMode() == QMdiArea::TabbedView);
-    });
-    plugInMenu_ = menuBar()->addMenu(QString::fromLatin1(qtmsg::kPlugInsMenu));
-    rebuildPlugInMenu();
-}
-
-void TMainFrame::refreshKeyNames(QMenu* menu) {
-    for (QAction* a : menu->actions()) {
-        if (!a->data().isValid()) continue;
-        if (const CommandRecord* r = findCommand(static_cast<uint16_t>(a->data().toUInt()))) a->setText(menuText(*r));
-    }
-}
-
-void TMainFrame::refreshRecentMenu() {
-    if (!recentMenu_) return;
-    recentMenu_->clear();
-    const std::vector<std::string>& files = recentFiles().files;
-    for (size_t i = 0; i < files.size(); ++i) {
-        const std::string path = files[i];
-        recentMenu_->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(qs(path)), this, [this, path] { openFile(path); });
-    }
-    if (files.empty()) recentMenu_->addAction(QString::fromLatin1(qtmsg::kNoRecentFiles))->setEnabled(false);
-}
-
-void TMainFrame::rebuildPlugInMenu() {
-    if (!plugInMenu_) return;
-    plugInMenu_->clear();
-    for (const PlugInCommand& c : plugInManager().commands) {
-        if (c.menuText.empty() || !c.module) continue;
-        QAction* a = plugInMenu_->addAction(fromAnsi(c.menuText));
-        a->setStatusTip(fromAnsi(c.description));
-        const int number = c.number;
-        connect(a, &QAction::triggered, this, [this, number] {
-            runPlugInMenuItem(number);
-            syncViews();
-            for (QMdiSubWindow* sub : mdi_->subWindowList())
-                if (TVekWinEditor* v = viewIn(sub)) v->redraw();
-        });
-    }
-    plugInMenu_->menuAction()->setVisible(!plugInMenu_->isEmpty());
-}
-
-void TMainFrame::buildToolBars() {
-    toolBar_ = addToolBar(QStringLiteral("Tools"));
-    toolBar_->setObjectName(QStringLiteral("toolBar"));
-    struct Button {
-        const char* command;
-        QStyle::StandardPixmap icon;
-    };
-    const Button buttons[] = {
-        {"NewFile", QStyle::SP_FileIcon},         {"OpenFile", QStyle::SP_DialogOpenButton},
-        {"SaveFile", QStyle::SP_DialogSaveButton}, {nullptr, {}},
-        {"Undo", QStyle::SP_ArrowBack},           {"Redo", QStyle::SP_ArrowForward},
-        {nullptr, {}},                            {"Find", QStyle::SP_FileDialogContentsView},
-        {"Replace", QStyle::SP_BrowserReload},    {"FindNext", QStyle::SP_ArrowDown},
-    };
-    for (const Button& b : buttons) {
-        if (!b.command) {
-            toolBar_->addSeparator();
-            continue;
-        }
-        const CommandRecord* r = findCommand(std::string_view(b.command));
-        if (!r) continue;
-        QAction* a = toolBar_->addAction(style()->standardIcon(b.icon), QString::fromLatin1(r->name));
-        if (r->description) {
-            a->setToolTip(QString::fromLatin1(r->description));
-            a->setStatusTip(QString::fromLatin1(r->description));
-        }
-        const uint16_t id = r->id;
-        connect(a, &QAction::triggered, this, [this, id] { runOnActive(id); });
-    }
-    for (const char* name : {"Cut", "Copy", "Paste"}) {
-        const CommandRecord* r = findCommand(std::string_view(name));
-        if (!r) continue;
-        QAction* a = toolBar_->addAction(QString::fromLatin1(r->name));
-        if (r->description) a->setStatusTip(QString::fromLatin1(r->description));
-        const uint16_t id = r->id;
-        connect(a, &QAction::triggered, this, [this, id] { runOnActive(id); });
-    }
-    addToolBarBreak();
-    documentBar_ = addToolBar(QStringLiteral("Documents"));
-    documentBar_->setObjectName(QStringLiteral("documentBar"));
-    documentGroup_ = new QActionGroup(this);
-    documentGroup_->setExclusive(true);
-}
-
-void TMainFrame::refreshDocumentBar() {
-    if (!documentBar_) return;
-    documentBar_->clear();
-    for (QAction* a : documentGroup_->actions()) {
-        documentGroup_->removeAction(a);
-        a->deleteLater();
-    }
-    for (const auto& doc : app_.documents) {
-        Document* d = doc.get();
-        QString name = qs(std::string(fileNamePart(d->fileName)));
-        if (d->modified) name += QLatin1Char('*');
-        QAction* a = documentBar_->addAction(name);
-        a->setToolTip(qs(d->fileName));
-        a->setCheckable(true);
-        a->setChecked(d == app_.active);
-        documentGroup_->addAction(a);
-        connect(a, &QAction::triggered, this, [this, d] {
-            if (!isDocument(app_, d)) return;
-            setActiveDocument(app_, d);
-            syncViews();
-        });
-    }
-}
-
-void TMainFrame::buildStatusBar() {
-    message_ = new QLabel(this);
-    statusBar()->addWidget(message_, 1);
-    auto add = [this](QLabel*& label) {
-        label = new QLabel(this);
-        label->setAlignment(Qt::AlignCenter);
-        statusBar()->addPermanentWidget(label);
-    };
-    add(prefix_);
-    add(recording_);
-    add(position_);
-    add(insertMode_);
-    add(format_);
-    add(modified_);
-    add(readOnly_);
-}
-
-void TMainFrame::refreshStatus() {
-    TVekWinEditor* v = activeView();
-    const Document* doc = v ? v->document() : nullptr;
-    if (!doc) {
-        for (QLabel* l : {position_, insertMode_, format_, modified_, readOnly_, recording_, prefix_}) l->clear();
-        setWindowTitle(QString::fromLatin1(qtmsg::kAppTitle));
-        return;
-    }
-    position_->setText(QString::fromLatin1(qtmsg::kLineColumn).arg(doc->cursor.line + 1).arg(doc->cursor.col + 1));
-    insertMode_->setText(QString::fromLatin1(options().overwrite ? qtmsg::kOverwrite : qtmsg::kInsert));
-    const int fmt = doc->textFormat >= 0 && doc->textFormat <= 2 ? doc->textFormat : 0;
-    format_->setText(QString::fromLatin1(qtmsg::kFormatNames[fmt]));
-    modified_->setText(doc->modified ? QString::fromLatin1(qtmsg::kModified) : QString());
-    readOnly_->setText(doc->readOnly ? QString::fromLatin1(qtmsg::kReadOnly) : QString());
-    recording_->setText(doc->recorder ? QString::fromLatin1(qtmsg::kRecording) : QString());
-    const uint16_t prefix = v->pendingPrefixKey();
-    prefix_->setText(prefix ? QString::fromLatin1(qtmsg::kPendingPrefix).arg(qs(keyName(prefix))) : QString());
-    setWindowTitle(QString::fromLatin1(qtmsg::kAppTitle) + QStringLiteral(" - ") + qs(doc->fileName));
-}
-
-QString TMainFrame::statusText() const {
-    QStringList parts{message_->text()};
-    for (QLabel* l : {prefix_, recording_, position_, insertMode_, format_, modified_, readOnly_})
-        if (!l->text().isEmpty()) parts << l->text();
-    return parts.join(QLatin1Char('|'));
-}
-
-void TMainFrame::showMessage(const QString& text) {
-    message_->setText(text);
-    messageTimer_.start(kMessageMs);
-}
-
-// ---- session ----
-
-void TMainFrame::restoreDesktop() {
-    std::vector<std::string> files;
-    if (settings().saveDesktop) {
-        for (int i = 1; i <= kDesktopFiles; ++i) {
-            const std::string f = getProfileString(kDesktopSection, std::to_string(i), "", kSettingsFile);
-            if (!f.empty()) files.push_back(f);
-        }
-    }
-    if (settings().autoLoad) {
-        for (int i = 0; i < kAutoLoadFiles; ++i)
-            if (std::string f = autoLoadGet(i); !f.empty()) files.push_back(f);
-    }
-    for (const std::string& f : files)
-        if (QFileInfo::exists(qs(f))) openFile(f);
-}
-
-void TMainFrame::saveDesktop() {
-    writeProfileString(kDesktopSection, nullptr, nullptr, kSettingsFile);
-    if (settings().saveDesktop) {
-        int key = 1;
-        for (const auto& doc : app_.documents) {
-            if (!doc->hasFile || key > kDesktopFiles) continue;
-            writeProfileString(kDesktopSection, std::to_string(key++), doc->fileName, kSettingsFile);
-        }
-    }
-    for (const auto& doc : app_.documents) rememberView(*doc);
-    recentViewSave();
-    WindowPlacement& w = settings().window;
-    const QRect r = normalGeometry();
-    w.maximized = isMaximized();
-    w.x = r.x();
-    w.y = r.y();
-    w.width = r.width();
-    w.height = r.height();
-}
-
-// ---- events ----
 
 void TMainFrame::closeEvent(QCloseEvent* e) {
     saveDesktop();
@@ -701,6 +394,11 @@ void TMainFrame::checkExternalChanges() {
         refreshStatus();
     }
     checkingFiles_ = false;
+}
+
+void TMainFrame::redrawViews() {
+    for (QMdiSubWindow* sub : mdi_->subWindowList())
+        if (TVekWinEditor* v = viewIn(sub)) v->redraw();
 }
 
 }  // namespace zol

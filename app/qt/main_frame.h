@@ -1,7 +1,9 @@
 // TMainFrame: the main window. Holds one TVekWinEditor per document in an MDI area
 // (tabs, or tiled and cascaded windows), the menus built from the command table, the
 // tool and document bars, the status bar, and the frame's own commands (files,
-// windows, help).
+// windows, help). Its members are defined in main_frame.cpp (the frame, its windows
+// and commands), main_frame_menus.cpp (menus and bars) and main_frame_session.cpp
+// (the documents and windows of the last session).
 #pragma once
 #include <QLabel>
 #include <QMainWindow>
@@ -79,7 +81,10 @@ private:
     void refreshDocumentBar();
     void refreshRecentMenu();
     void refreshKeyNames(QMenu* menu);
+    // A file's cursor and window as "LastFilesInfo" remembers them.
+    void restoreView(Document& doc);
     void rememberView(const Document& doc);
+    void redrawViews();
     void tile(bool horizontal);
     void runOnActive(uint16_t id);
     void runExecScript();

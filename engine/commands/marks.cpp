@@ -12,8 +12,6 @@
 namespace zol {
 namespace {
 
-constexpr uint16_t kFirstSetMark = 100, kFirstGotoMark = 110;
-
 int goTo(Document& doc, Pos p) {
     p.line = std::clamp<int32_t>(p.line, 0, lastLine(doc));
     p.col = static_cast<int16_t>(allowedColumn(doc, p.line, std::max<int>(p.col, 0)));
@@ -86,14 +84,14 @@ int deleteBookmarked(Document& doc) {
 }  // namespace
 
 int cmdSetMark(Document& doc, const CommandCall& call) {
-    NumberedMark& m = doc.marks.numbered[static_cast<size_t>(call.id - kFirstSetMark)];
+    NumberedMark& m = doc.marks.numbered[static_cast<size_t>(call.id - idOf(Cmd::SetMark0))];
     m.pos = doc.cursor;
     m.set = true;
     return 1;
 }
 
 int cmdGotoMark(Document& doc, const CommandCall& call) {
-    const NumberedMark& m = doc.marks.numbered[static_cast<size_t>(call.id - kFirstGotoMark)];
+    const NumberedMark& m = doc.marks.numbered[static_cast<size_t>(call.id - idOf(Cmd::GotoMark0))];
     if (!m.set) return 0;
     goTo(doc, m.pos);
     return 1;

@@ -17,13 +17,16 @@ namespace {
 constexpr int kPageLinesWithoutView = 25;
 
 // Commands after which up and down keep aiming at the remembered column.
-constexpr uint16_t kVerticalCommands[] = {
-    32, 33, 34, 35, 42, 43, 44, 45,  // CursorUp .. PageDown, TopOfWindow .. ScrollDown
-    52, 53, 54, 55, 62, 63,          // their selecting twins
+constexpr Cmd kVerticalCommands[] = {
+    Cmd::CursorUp,    Cmd::CursorDown,     Cmd::PageUp,   Cmd::PageDown,
+    Cmd::TopOfWindow, Cmd::BottomOfWindow, Cmd::ScrollUp, Cmd::ScrollDown,
+    Cmd::UpSelect,    Cmd::DownSelect,     Cmd::PageUpSelect, Cmd::PageDownSelect,
+    Cmd::TopOfWindowSelect, Cmd::BottomOfWindowSelect,
 };
 
 bool isVerticalCommand(uint16_t id) {
-    return std::find(std::begin(kVerticalCommands), std::end(kVerticalCommands), id) != std::end(kVerticalCommands);
+    return std::any_of(std::begin(kVerticalCommands), std::end(kVerticalCommands),
+                       [id](Cmd c) { return idOf(c) == id; });
 }
 
 int pageLines(const Document& doc) {

@@ -71,7 +71,7 @@ TEST_F(Macros, RecordingKeepsEveryCommandWithItsParameter) {
               (std::vector<MacroStep>{{2, 'a'}, {2, 'b'}, {30, 0}, {436, 1}}));
     EXPECT_EQ(test::textOf(doc), "ab");
     EXPECT_TRUE(keyMapChanged());
-    EXPECT_EQ(doc.recorder, 0);
+    EXPECT_EQ(doc.recorder, Recorder::Idle);
 
     const uint16_t second = record([&] { type("c"); });
     EXPECT_EQ(shell.suggestions.back(), "Macro2");
@@ -90,7 +90,7 @@ TEST_F(Macros, RecordingKeepsEveryCommandWithItsParameter) {
 TEST_F(Macros, CancelledOrFullRecordingsKeepWhatExists) {
     shell.cancelNaming = true;
     run("RecordMacro");
-    EXPECT_EQ(doc.recorder, 0);
+    EXPECT_EQ(doc.recorder, Recorder::Idle);
     type("x");
     run("MacroStopRecorder");
     EXPECT_FALSE(macroById(macros(), 1000));
@@ -98,7 +98,7 @@ TEST_F(Macros, CancelledOrFullRecordingsKeepWhatExists) {
     shell.cancelNaming = false;
     for (int i = 0; i < 150; ++i) addMacro(macros(), Macro{true, "m" + std::to_string(i), "", {{2, 'q'}}});
     run("RecordMacro");
-    EXPECT_EQ(doc.recorder, 0);
+    EXPECT_EQ(doc.recorder, Recorder::Idle);
     EXPECT_EQ(shell.messages, std::vector<std::string>{macromsg::kSlotsFull});
     EXPECT_EQ(addMacro(macros(), Macro{}), 0);
     EXPECT_EQ(macroById(macros(), 1149)->name, "m149");
