@@ -27,7 +27,8 @@ protected:
     }
     // Loads a file that gives each of the rows the value value(row), then hands every
     // row back with the value it was given.
-    void loadRows(const std::vector<const SettingRow*>& rows, const std::function<std::string(const SettingRow&)>& value) {
+    using RowValue = std::function<std::string(const SettingRow&)>;
+    void loadRows(const std::vector<const SettingRow*>& rows, const RowValue& value) {
         std::map<std::string, std::string> sections;
         for (const SettingRow* row : rows) sections[row->section] += std::string(row->key) + "=" + value(*row) + "\n";
         std::string ini;
