@@ -1,6 +1,7 @@
 // The settings store: the program-wide settings kept in "zol.ini" (sections "Settings",
-// "Editor", "Printing", "FindHistory" and the multi-find lists). The "Editor" values
-// live in the global editing options (engine/options.h); the rest live here.
+// "Editor", "Printing", "FindHistory" and the multi-find lists). The keys of the first
+// three are the rows of the settings list (config/settings_list.h); most "Editor"
+// values live in the global editing options (engine/options.h), the rest live here.
 #pragma once
 #include <climits>
 #include <cstddef>
@@ -32,52 +33,57 @@ constexpr int kDefaultWindowPos = INT_MIN;
 
 // The main window's last normal position and size.
 struct WindowPlacement {
-    int x = 10;  // kDefaultWindowPos or a position inside the screen (see loadProfile)
-    int y = 10;
-    int width = 600;
-    int height = 380;
+    int x = 0;  // kDefaultWindowPos or a position inside the screen (see windowFromText)
+    int y = 0;
+    int width = 0;
+    int height = 0;
     bool maximized = false;
 };
 
+// The values of the settings list (config/settings_list.h) that the editing options do
+// not hold; the list gives their keys, defaults and ranges.
 struct PrintSettings {
-    bool printInColor = true;
-    bool syntaxPrint = false;
-    int leftMargin = 254, rightMargin = 254, topMargin = 254, bottomMargin = 254;
-    std::string header = "&f";  // at most kPrintHeaderSize - 1 characters
-    std::string footer = "&p";
-    std::string fontName;       // empty: no printer font chosen, font keys not written
-    int fontSize = 10;
-    int fontWeight = 400;
-    int fontCharSet = 1;        // 0..255
+    bool printInColor{};
+    bool syntaxPrint{};
+    int leftMargin{}, rightMargin{}, topMargin{}, bottomMargin{};
+    std::string header;
+    std::string footer;
+    std::string fontName;  // empty: no printer font chosen, font keys not written
+    int fontSize{};
+    int fontWeight{};
+    int fontCharSet{};
     std::string fontNameComments;  // empty: the printer font
     std::string fontNameKeywords;
 };
 
 struct Settings {
+    // Every value at the default of its key.
+    Settings();
+
     // "Settings"
-    bool saveSettings = true;   // false: the option sections are not written on exit
-    bool saveDesktop = true;
-    bool autoLoad = false;
-    bool allowMultiInst = false;
+    bool saveSettings{};  // false: the option sections are not written on exit
+    bool saveDesktop{};
+    bool autoLoad{};
+    bool allowMultiInst{};
     WindowPlacement window;
-    bool statusBar = true;
-    bool buttonBar = true;
-    bool docToolBar = true;
-    int btnBarStyle = -1;       // 1, 2, 3 or -1
-    int gradientCaption = 1;
-    std::string fontName = "Courier";  // at most kFontNameSize - 1 characters
-    int fontSize = 10;
-    int fontWeight = 400;
-    int fontCharSet = 1;        // 0..255
-    int languageId = 1033;
+    bool statusBar{};
+    bool buttonBar{};
+    bool docToolBar{};
+    int btnBarStyle{};
+    int gradientCaption{};
+    std::string fontName;
+    int fontSize{};
+    int fontWeight{};
+    int fontCharSet{};
+    int languageId{};
     // "Editor" keys that are not editing options
-    std::string alwaysWordWrapFileExt;  // at most kWordWrapExtSize - 1 characters
+    std::string alwaysWordWrapFileExt;
     std::string neverWordWrapFileExt;
-    int language = 1;           // 0..3
-    int rightMouseBtn = 0;      // 0 or 1
-    std::string newFileExtension = "txt";  // empty, or free of / < > | " \ ? * :
-    std::string includeDirs;    // at most kIncludeDirsSize - 1 characters
-    std::string keyMappingFile = "ZOL.KEY";  // a bare name of 1..kKeyFileNameSize - 1 characters
+    int language{};
+    int rightMouseBtn{};
+    std::string newFileExtension;
+    std::string includeDirs;
+    std::string keyMappingFile;  // a bare name
     PrintSettings printing;
     // "FindHistory": non-empty entries shorter than kFindHistoryMaxLen, at most
     // kFindHistoryCount each, slot 1 first.
@@ -102,6 +108,9 @@ struct ProfileEnv {
 void loadProfile(const ProfileEnv& env = {});
 // Reads "Settings", "Editor", "Printing" and "FindHistory" (part of loadProfile).
 void loadOptionSections(const ProfileEnv& env);
+// The "Window" value as loading reads it: fewer than four numbers give the system's
+// position at 600 by 380; a corner beyond the screen less 30 moves to 50.
+WindowPlacement windowFromText(std::string_view text, const ProfileEnv& env);
 // Writes the option sections when saveOptions, and always the owner lists and the
 // screen font keys. False when "zol.ini" could not be written.
 bool saveProfile(bool saveOptions);
@@ -113,7 +122,7 @@ bool setAutoLoad(bool on);
 bool setSaveDesktop(bool on);
 bool setKeyMappingFile(std::string_view path);
 // The key file name kept from a path: the part after the last "\" or "/", at most
-// kKeyFileNameSize - 1 characters; "ZOL.KEY" when that is empty.
+// kKeyFileNameSize - 1 characters; the default of "KeyMappingFile" when that is empty.
 std::string keyFileNameFromPath(std::string_view path);
 
 // Free keys of section "Settings".

@@ -1,5 +1,6 @@
 #include "config/profile_owners.h"
 #include "config/settings.h"
+#include "config/settings_list.h"
 #include "engine/options.h"
 #include "platform/profile.h"
 
@@ -15,88 +16,35 @@ void writeString(const char* section, const char* key, std::string_view value) {
     writeProfileString(section, key, value, kSettingsFile);
 }
 
-void saveSettingsSection(const Settings& s) {
-    const char* sec = "Settings";
-    writeInt(sec, "SaveSettings", s.saveSettings);
-    writeInt(sec, "SaveDesktop", s.saveDesktop);
-    writeInt(sec, "AutoLoad", s.autoLoad);
-    writeInt(sec, "AllowMultiInst", s.allowMultiInst);
-    const WindowPlacement& w = s.window;
-    writeString(sec, "Window", std::to_string(w.x) + " " + std::to_string(w.y) + " " + std::to_string(w.width) + " " +
-                                   std::to_string(w.height) + " " + std::to_string(w.maximized ? 1 : 0));
-    writeInt(sec, "StatusBar", s.statusBar);
-    writeInt(sec, "ButtonBar", s.buttonBar);
-    writeInt(sec, "DocToolBar", s.docToolBar);
-    writeInt(sec, "BtnBarStyle", s.btnBarStyle);
-    // Written back from the file, not from memory: kept as it always was.
-    writeInt(sec, "GradientCaption", getProfileInt(sec, "GradientCaption", 1, kSettingsFile));
-    writeInt(sec, "LanguageID", s.languageId & 0xFFFF);
+void writeWindow(const char* section, const char* key, const WindowPlacement& w) {
+    writeString(section, key,
+                std::to_string(w.x) + " " + std::to_string(w.y) + " " + std::to_string(w.width) + " " +
+                    std::to_string(w.height) + " " + std::to_string(w.maximized ? 1 : 0));
 }
 
-void saveScreenFont(const Settings& s) {
-    const char* sec = "Settings";
-    writeString(sec, "FontName", s.fontName);
-    writeInt(sec, "FontSize", s.fontSize);
-    writeInt(sec, "FontWeight", s.fontWeight);
-    writeInt(sec, "FontCharSet", s.fontCharSet);
-}
-
-void saveEditorSection(const Settings& s) {
-    const char* sec = "Editor";
-    const EditOptions& o = options();
-    writeInt(sec, "AutoSave", o.autoSave);
-    writeInt(sec, "AutoSaveEvery", o.autoSaveEvery);
-    writeInt(sec, "BackupFiles", o.backupFiles);
-    writeInt(sec, "BackupFilesAs", o.backupFilesAs);
-    writeInt(sec, "DetectFileFormat", o.detectFileFormat);
-    writeInt(sec, "DefaultFileFormat", o.defaultFileFormat);
-    writeInt(sec, "AutoIndent", o.autoIndent);
-    writeInt(sec, "AutoUnindent", o.autoUnindent);
-    writeInt(sec, "AutoIndentUsingTabs", o.autoIndentUsingTabs);
-    writeInt(sec, "OverwriteMode", o.overwrite);
-    writeInt(sec, "UndoLevels", o.undoLevels);
-    writeInt(sec, "UndoAfterSave", o.undoAfterSave);
-    writeInt(sec, "TabSize", o.tabSize);
-    writeInt(sec, "BlockIndent", o.blockIndent);
-    writeInt(sec, "UseTabChar", o.useTabChar);
-    writeInt(sec, "SmartTab", o.smartTab);
-    writeInt(sec, "WordWrap", o.wordWrap);
-    writeInt(sec, "WordWrapColumn", o.wordWrapColumn);
-    writeInt(sec, "WordWrapMethod", o.wordWrapMethod);
-    writeInt(sec, "WordWrapVisible", o.wordWrapVisible);
-    writeInt(sec, "Ruler", o.ruler);
-    writeInt(sec, "LineNumbers", o.lineNumbers);
-    writeInt(sec, "VisibleSpaces", o.visibleSpaces);
-    writeInt(sec, "BlockCaret", o.blockCaret);
-    writeInt(sec, "CursorBeyondEOL", o.cursorBeyondEol);
-    writeInt(sec, "KeepTrailingBlanks", o.keepTrailingBlanks);
-    writeInt(sec, "CursorThroughtTabs", o.cursorThroughTabs);
-    writeInt(sec, "Language", s.language);
-    writeInt(sec, "RightMouseBtn", s.rightMouseBtn);
-    writeString(sec, "NewFileExtension", s.newFileExtension);
-    writeString(sec, "IncludeDirs", s.includeDirs);
-    writeString(sec, "KeyMappingFile", s.keyMappingFile);
-}
-
-void savePrintingSection(const PrintSettings& p) {
-    const char* sec = "Printing";
-    writeInt(sec, "SplitLongLines", options().splitLongLines);
-    writeInt(sec, "PrintInColor", p.printInColor);
-    writeInt(sec, "SyntaxPrint", p.syntaxPrint);
-    writeInt(sec, "LeftMargin", p.leftMargin);
-    writeInt(sec, "RightMargin", p.rightMargin);
-    writeInt(sec, "TopMargin", p.topMargin);
-    writeInt(sec, "BottomMargin", p.bottomMargin);
-    writeString(sec, "Header", p.header);
-    writeString(sec, "Footer", p.footer);
-    if (!p.fontName.empty()) {
-        writeString(sec, "FontName", p.fontName);
-        writeInt(sec, "FontSize", p.fontSize);
-        writeInt(sec, "FontWeight", p.fontWeight);
-        writeInt(sec, "FontCharSet", p.fontCharSet);
+void saveRow(const SettingRow& row, SettingTarget& target) {
+    if (row.kind == SettingKind::Window) return writeWindow(row.section, row.key, target.settings.window);
+    if (!row.field) return;
+    switch (row.save) {
+    case SaveRule::Never: return;
+    case SaveRule::AsInFile:
+        return writeInt(row.section, row.key, getProfileInt(row.section, row.key, row.def, kSettingsFile));
+    case SaveRule::WithPrinterFont:
+        if (target.settings.printing.fontName.empty()) return;
+        break;
+    default: break;
     }
-    writeString(sec, "FontNameComments", p.fontNameComments);
-    writeString(sec, "FontNameKeywords", p.fontNameKeywords);
+    if (row.kind == SettingKind::Text) return writeString(row.section, row.key, settingText(row, target));
+    const int value = settingNumber(row, target);
+    writeInt(row.section, row.key, row.save == SaveRule::Low16Bits ? value & 0xFFFF : value);
+}
+
+// With everyTime false the rows of the option sections, with true those written on
+// every save.
+void saveRows(bool everyTime) {
+    SettingTarget target{options(), settings()};
+    for (const SettingRow& row : settingRows())
+        if ((row.save == SaveRule::EveryTime) == everyTime) saveRow(row, target);
 }
 
 // Slots beyond the list are written as empty strings.
@@ -114,16 +62,14 @@ bool saveProfile(bool saveOptions) {
     const Settings& s = settings();
     ProfileBatch batch(kSettingsFile);
     if (saveOptions) {
-        saveSettingsSection(s);
-        saveEditorSection(s);
-        savePrintingSection(s.printing);
+        saveRows(false);
         saveList("FindHistory", "Find", s.findHistory, kFindHistoryCount);
         saveList("FindHistory", "Replace", s.replaceHistory, kFindHistoryCount);
         saveList("MultiFindFileFilters", "", s.multiFindFileFilters, kMultiFindListSize);
         saveList("MultiFindFolderHistory", "", s.multiFindFolderHistory, kMultiFindListSize);
     }
     saveProfileOwners(kSettingsFile);
-    saveScreenFont(s);
+    saveRows(true);
     return batch.commit();
 }
 

@@ -12,8 +12,9 @@ EditOptions& options() {
 void setTabSize(int size) { options().tabSize = std::clamp(size, kMinTabSize, kMaxTabSize); }
 
 bool setWordWrapMethod(int method) {
-    if (method < 1 || method > 3) return false;
-    options().wordWrapMethod = method;
+    if (method < static_cast<int>(WrapMethod::WindowChars) || method > static_cast<int>(WrapMethod::WindowWords))
+        return false;
+    options().wordWrapMethod = static_cast<WrapMethod>(method);
     return true;
 }
 

@@ -6,14 +6,14 @@
 
 namespace zol {
 
-int wrapWidth(int method, int windowColumns) {
-    return method == static_cast<int>(WrapMethod::Column) ? options().wordWrapColumn : windowColumns;
+int wrapWidth(WrapMethod method, int windowColumns) {
+    return method == WrapMethod::ColumnWords ? options().wordWrapColumn : windowColumns;
 }
 
-std::vector<size_t> wrapBreaks(std::string_view line, int width, int method) {
+std::vector<size_t> wrapBreaks(std::string_view line, int width, WrapMethod method) {
     std::vector<size_t> breaks;
     if (width < 1) return breaks;
-    const bool atWords = method != static_cast<int>(WrapMethod::WindowChars);
+    const bool atWords = method != WrapMethod::WindowChars;
     size_t rowStart = 0, lastBlank = 0;  // lastBlank: just after the latest blank
     int rowCol = 0, col = 0, lastBlankCol = 0;
     for (size_t i = 0; i < line.size(); ++i) {

@@ -1,11 +1,8 @@
 // Word wrap: where a long line breaks into screen rows, and which documents wrap.
 //
-// Soft wrap never changes the text: a wrapped line is shown in several rows. The
-// methods ("WordWrapMethod"):
-//   1  rows as wide as the window, broken at any character;
-//   2  rows as wide as the word-wrap column, broken after blanks;
-//   3  rows as wide as the window, broken after blanks (the default).
-// A word wider than a row is broken where the row ends.
+// Soft wrap never changes the text: a wrapped line is shown in several rows, as the
+// method (WrapMethod, engine/options.h) says. A word wider than a row is broken where
+// the row ends.
 #pragma once
 #include <cstddef>
 #include <string>
@@ -13,18 +10,16 @@
 #include <vector>
 
 #include "engine/document.h"
+#include "engine/options.h"
 
 namespace zol {
 
-enum class WrapMethod : int { WindowChars = 1, Column = 2, WindowWords = 3 };
-
-// Row width in columns for a method: the word-wrap column for method 2, else the
-// window's width.
-int wrapWidth(int method, int windowColumns);
+// Row width in columns for a method: the word-wrap column or the window's width.
+int wrapWidth(WrapMethod method, int windowColumns);
 // Byte offsets at which rows after the first begin; none when the line fits or the
 // width is below 1. Columns count from the start of the line, so tabs keep their
 // stops. Blanks at a break stay at the end of the row they follow.
-std::vector<size_t> wrapBreaks(std::string_view line, int width, int method);
+std::vector<size_t> wrapBreaks(std::string_view line, int width, WrapMethod method);
 
 // The extension lists from the settings ("AlwaysWordWrapFileExt",
 // "NeverWordWrapFileExt"): extensions separated by blanks, commas or semicolons,

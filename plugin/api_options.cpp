@@ -65,7 +65,7 @@ ZOL_BOOL_OPTION(Zol_IsACorrectReplaceText, Zol_SetACorrectReplaceText, autoCorre
 
 #undef ZOL_BOOL_OPTION
 
-int ZOLAPI Zol_GetWordWrapMethod(void) { return options().wordWrapMethod; }
+int ZOLAPI Zol_GetWordWrapMethod(void) { return static_cast<int>(options().wordWrapMethod); }
 
 void ZOLAPI Zol_SetWordWrapMethod(int method) {
     guardedVoid([&] {

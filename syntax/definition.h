@@ -4,12 +4,16 @@
 #include <cstdint>
 #include <string>
 
+#include "syntax/hgl_keys.h"
+
 namespace zol {
 
-constexpr size_t kPatternSize = 64;       // pattern keeps at most kPatternSize - 1 characters
-constexpr int kMaxKeywordLen = 28;        // keyword lists exist for lengths 1..28
-constexpr int kLineCommentMax = 4;        // characters of a line-comment introducer
-constexpr int kColourSlots = 10;
+// pattern keeps at most kPatternSize - 1 characters
+constexpr size_t kPatternSize = hglKey(HglKey::FilePattern).buffer;
+constexpr int kMaxKeywordLen = 28;  // keyword lists exist for lengths 1..28
+// characters of a line-comment introducer
+constexpr int kLineCommentMax = static_cast<int>(hglKey(HglKey::LineComment1).buffer) - 1;
+constexpr int kColourSlots = kHglColourKeys;
 
 // Definition flags.
 constexpr uint16_t kIgnoreCase = 0x01;
@@ -46,6 +50,7 @@ enum ColourSlot : int {
     kColLineNumbers = 10,
 };
 constexpr int kMaxColourIndex = 16;  // palette indices are 0..16; anything else is stored as 0
+static_assert(colourKey(kColComment) == HglKey::ColorComment && colourKey(kColLineNumbers) == HglKey::ColorLineNumbers);
 
 struct SyntaxHighlight {
     std::string name;             // section name
@@ -72,7 +77,7 @@ struct SyntaxHighlight {
     // set for every n-character keyword w, so most words are refused without a compare.
     std::array<std::array<uint64_t, 4>, kMaxKeywordLen + 1> keywordFilter{};
     // colour[s] for slot s = 1..10, each 0..16 (index 0 unused).
-    std::array<uint8_t, kColourSlots + 1> colour{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 8};
+    std::array<uint8_t, kColourSlots + 1> colour = defaultColours();
 
     uint16_t cls(char c) const { return charClass[static_cast<unsigned char>(c)]; }
     bool ignoreCase() const { return flags & kIgnoreCase; }

@@ -1,6 +1,6 @@
 // The editing copy of "syntax.hgl" that the definition dialog works on, and writing it
-// back. Each field keeps what its dialog control holds (the sizes below, one less
-// character than the buffer).
+// back. Each field keeps what its dialog control holds: one character less than the
+// buffer of its key (syntax/hgl_keys.h), or of kEditNameSize for the name.
 #pragma once
 #include <array>
 #include <cstdint>
@@ -14,9 +14,6 @@
 namespace zol {
 
 constexpr size_t kEditNameSize = 64;
-constexpr size_t kEditMultiCommentSize = 8;
-constexpr size_t kEditLineCommentSize = 5;
-constexpr size_t kEditSetSize = 24;  // "OpenCloseDelim", "Delimiters", "Operators", "Words", "Numbers", "HTML"
 
 struct SyntaxEditLanguage {
     std::string name;                   // section name, < kEditNameSize characters
@@ -28,7 +25,7 @@ struct SyntaxEditLanguage {
     std::string lineComment1, lineComment2;  // blanks as blanks
     std::string openCloseDelim, delimiters, operators, words, numbers, html;
     std::array<std::string, kMaxKeywordLen + 1> keywords;  // [n]: length a multiple of n
-    std::array<int, kColourSlots + 1> colour{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 8};
+    std::array<int, kColourSlots + 1> colour = defaultColours<int>();
 };
 
 // Up to kSyntaxSlots languages of the file, in order.

@@ -19,11 +19,6 @@ constexpr size_t kValueBuffer = 1024;   // every value is read through a buffer 
 constexpr size_t kPairValueChars = 127;  // "MultiComment" and "OpenCloseDelim" are read this far
 constexpr unsigned char kHardSpace = 0xA0;  // stands for a blank inside a line-comment introducer
 
-const char* const kColourKeys[kColourSlots + 1] = {
-    nullptr,         "ColorComment", "ColorPreproc", "ColorString",     "ColorNumber",
-    "ColorDelim",    "ColorOperator", "ColorKeyword", "ColorText",      "ColorBackground",
-    "ColorLineNumbers"};
-
 int parseInt(std::string_view v, int def) {
     size_t i = 0;
     bool neg = false;
@@ -131,13 +126,14 @@ public:
         if (it == keys_->end()) return {};
         return it->second.substr(0, kValueBuffer - 1);
     }
-    bool boolean(std::string_view key) const {
+    std::string str(HglKey key) const { return str(hglKey(key).key); }
+    bool boolean(HglKey key) const {
         const std::string v = str(key);
         return v == "yes" || v == "1";
     }
-    int integer(std::string_view key, int def) const { return parseInt(str(key), def); }
+    int integer(HglKey key) const { return parseInt(str(key), hglKey(key).def); }
     // First character, or 0 for an empty value.
-    char ch(std::string_view key) const {
+    char ch(HglKey key) const {
         const std::string v = str(key);
         return v.empty() ? 0 : v[0];
     }
@@ -170,9 +166,9 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
     SyntaxHighlight d;
     d.name = section;
 
-    std::string pattern = in.str("FilePattern");
+    std::string pattern = in.str(HglKey::FilePattern);
     if (pattern.empty()) {
-        const std::string extensions = in.str("Extensions");
+        const std::string extensions = in.str(HglKey::Extensions);
         for (std::string_view w : words(extensions)) {
             if (!pattern.empty()) pattern += ';';
             pattern += "*.";
@@ -183,16 +179,16 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
     for (char& c : pattern) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     d.pattern = pattern;
 
-    if (!in.boolean("CaseSensitive")) d.flags |= kIgnoreCase;
-    if (in.boolean("UnixTexKeywords")) d.flags |= kUnixTexKeywords;
-    if (in.boolean("FortranComment")) d.flags |= kFortranComments;
-    d.cobolCommentPos = static_cast<int16_t>(in.integer("CobolCommentPos", 0));
+    if (!in.boolean(HglKey::CaseSensitive)) d.flags |= kIgnoreCase;
+    if (in.boolean(HglKey::UnixTexKeywords)) d.flags |= kUnixTexKeywords;
+    if (in.boolean(HglKey::FortranComment)) d.flags |= kFortranComments;
+    d.cobolCommentPos = static_cast<int16_t>(in.integer(HglKey::CobolCommentPos));
     if (d.cobolCommentPos < 0 || d.cobolCommentPos > 999) d.cobolCommentPos = 0;
-    d.cobolCommentChar = in.ch("CobolCommentChar");
-    d.firstComment = in.ch("FirstComment");
+    d.cobolCommentChar = in.ch(HglKey::CobolCommentChar);
+    d.firstComment = in.ch(HglKey::FirstComment);
 
     {
-        std::string v = in.str("MultiComment");
+        std::string v = in.str(HglKey::MultiComment);
         if (v.size() > kPairValueChars) v.resize(kPairValueChars);
         std::vector<std::string_view> w = words(v);
         if (w.size() >= 2) {
@@ -204,24 +200,24 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
                 if (c) d.charClass[static_cast<unsigned char>(c)] |= kClsMultiComment;
         }
     }
-    applyLineComment(d, in.str("LineComment1"), d.lineComment1);
-    applyLineComment(d, in.str("LineComment2"), d.lineComment2);
+    applyLineComment(d, in.str(HglKey::LineComment1), d.lineComment1);
+    applyLineComment(d, in.str(HglKey::LineComment2), d.lineComment2);
 
-    d.maxLineLen = static_cast<int16_t>(in.integer("MaxLineLen", 0));
+    d.maxLineLen = static_cast<int16_t>(in.integer(HglKey::MaxLineLen));
     if (d.maxLineLen < 0) d.maxLineLen = 0;
     // The upper bound checked here has always been the COBOL column's, so "MaxLineLen"
     // keeps any positive value.
     if (d.cobolCommentPos > 999) d.cobolCommentPos = 0;
 
-    d.stringDelim = in.ch("StringDelim");
+    d.stringDelim = in.ch(HglKey::StringDelim);
     if (d.stringDelim) d.charClass[static_cast<unsigned char>(d.stringDelim)] |= kClsString;
-    d.charDelim = in.ch("CharDelim");
+    d.charDelim = in.ch(HglKey::CharDelim);
     if (d.charDelim) d.charClass[static_cast<unsigned char>(d.charDelim)] |= kClsString;
-    d.quoteChar = in.ch("QuoteChar");
+    d.quoteChar = in.ch(HglKey::QuoteChar);
     if (d.quoteChar) d.charClass[static_cast<unsigned char>(d.quoteChar)] |= kClsQuote;
 
     {
-        std::string v = in.str("OpenCloseDelim");
+        std::string v = in.str(HglKey::OpenCloseDelim);
         if (v.size() > kPairValueChars) v.resize(kPairValueChars);
         std::vector<std::string_view> w = words(v);
         if (w.size() >= 2) {
@@ -236,28 +232,28 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
             }
         }
     }
-    setSet(d, in.str("Delimiters"), kClsDelim);
-    setSet(d, in.str("Operators"), kClsOperator);
-    d.preprocessChar = in.ch("Preprocess");
-    setRanges(d, in.str("Words"), kClsWord);
-    setRanges(d, in.str("Numbers"), kClsNumber);
-    if (in.boolean("LineNumbers")) d.flags |= kLineNumbers;
+    setSet(d, in.str(HglKey::Delimiters), kClsDelim);
+    setSet(d, in.str(HglKey::Operators), kClsOperator);
+    d.preprocessChar = in.ch(HglKey::Preprocess);
+    setRanges(d, in.str(HglKey::Words), kClsWord);
+    setRanges(d, in.str(HglKey::Numbers), kClsNumber);
+    if (in.boolean(HglKey::LineNumbers)) d.flags |= kLineNumbers;
     {
-        const std::string v = in.str("HTML");
+        const std::string v = in.str(HglKey::HTML);
         for (size_t i = 0; i + 1 < v.size(); i += 2) {
             d.charClass[static_cast<unsigned char>(v[i])] |= kClsTagOpen;
             d.charClass[static_cast<unsigned char>(v[i + 1])] |= kClsTagClose;
         }
     }
-    if (in.boolean("Cobol")) d.flags |= kCobol;
+    if (in.boolean(HglKey::Cobol)) d.flags |= kCobol;
 
     for (int n = 1; n <= kMaxKeywordLen; ++n) {
-        std::string v = in.str("Keyword" + std::to_string(n));
+        std::string v = in.str(keywordKey(n));
         if (v.size() % static_cast<size_t>(n) == 0) d.keywords[n] = std::move(v);
     }
     indexKeywords(d);
     for (int s = 1; s <= kColourSlots; ++s) {
-        const int v = in.integer(kColourKeys[s], s == kColLineNumbers ? 8 : 0);
+        const int v = in.integer(colourKey(s));
         d.colour[s] = static_cast<uint8_t>(v >= 0 && v <= kMaxColourIndex ? v : 0);
     }
     return d;

@@ -9,14 +9,39 @@ namespace zol {
 namespace {
 
 constexpr unsigned char kHardSpace = 0xA0;
+constexpr int kKeywordKeysAlwaysWritten = 16;  // longer lists are written only when not empty
 
-std::string oneChar(char c) { return c ? std::string(1, c) : std::string(); }
+// Writes one language's keys in the order of the key list, each in the form its kind
+// takes in the file.
+class SectionWriter {
+public:
+    SectionWriter(const std::string& section, const std::string& path) : section_(section), path_(path) {}
 
-std::string hardSpaces(std::string s) {
-    for (char& c : s)
-        if (c == ' ') c = static_cast<char>(kHardSpace);
-    return s;
-}
+    void putText(HglKey k, const std::string& v) const { put(k, v); }
+    void putExtensions(HglKey, const std::string&) const {}
+    void putYesNo(HglKey k, bool v) const { put(k, v ? "yes" : "No"); }
+    void putNumber(HglKey k, int16_t v) const { put(k, std::to_string(v)); }
+    void putChar(HglKey k, char c) const { put(k, c ? std::string(1, c) : std::string()); }
+    void putLineComment(HglKey k, std::string v) const {
+        for (char& c : v)
+            if (c == ' ') c = static_cast<char>(kHardSpace);
+        put(k, v);
+    }
+    void putKeywords(HglKey, const std::array<std::string, kMaxKeywordLen + 1>& lists) const {
+        for (int n = 1; n <= kMaxKeywordLen; ++n) {
+            if (n <= kKeywordKeysAlwaysWritten || !lists[n].empty())
+                writeProfileString(section_, keywordKey(n), lists[n], path_);
+            else
+                writeProfileString(section_, keywordKey(n), nullptr, path_);
+        }
+    }
+    void putColour(HglKey k, int v) const { put(k, std::to_string(v)); }
+
+private:
+    void put(HglKey k, const std::string& v) const { writeProfileString(section_, hglKey(k).key, v, path_); }
+    const std::string& section_;
+    const std::string& path_;
+};
 
 std::string cut(std::string s, size_t bufferSize) {
     if (s.size() > bufferSize - 1) s.resize(bufferSize - 1);
@@ -33,7 +58,7 @@ bool sameName(std::string_view a, std::string_view b) {
 SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path) {
     // The loaded definition already holds every corrected value; the texts typed as
     // sets and ranges are taken from the file as they stand.
-    auto raw = [&](const char* key, size_t size) { return getProfileString(d.name, key, "", path, size); };
+    auto raw = [&](HglKey k) { return getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer); };
     SyntaxEditLanguage e;
     e.name = cut(d.name, kEditNameSize);
     e.pattern = d.pattern;
@@ -50,15 +75,15 @@ SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path)
     e.charDelim = d.charDelim;
     e.quoteChar = d.quoteChar;
     e.preprocess = d.preprocessChar;
-    if (d.multiOpen[0]) e.multiComment = raw("MultiComment", kEditMultiCommentSize);
+    if (d.multiOpen[0]) e.multiComment = raw(HglKey::MultiComment);
     e.lineComment1 = d.lineComment1;
     e.lineComment2 = d.lineComment2;
-    e.openCloseDelim = raw("OpenCloseDelim", kEditSetSize);
-    e.delimiters = raw("Delimiters", kEditSetSize);
-    e.operators = raw("Operators", kEditSetSize);
-    e.words = raw("Words", kEditSetSize);
-    e.numbers = raw("Numbers", kEditSetSize);
-    e.html = raw("HTML", kEditSetSize);
+    e.openCloseDelim = raw(HglKey::OpenCloseDelim);
+    e.delimiters = raw(HglKey::Delimiters);
+    e.operators = raw(HglKey::Operators);
+    e.words = raw(HglKey::Words);
+    e.numbers = raw(HglKey::Numbers);
+    e.html = raw(HglKey::HTML);
     for (int n = 1; n <= kMaxKeywordLen; ++n) {
         std::string k = cut(d.keywords[n], syntaxmsg::kKeywordListSize);
         k.resize(k.size() - k.size() % static_cast<size_t>(n));
@@ -84,43 +109,10 @@ bool saveDefinitions(SyntaxHighlightTable& table, const std::string& path, const
         ProfileBatch batch(path);
         for (const std::string& s : getProfileSectionNames(path)) writeProfileString(s, nullptr, nullptr, path);
         for (const SyntaxEditLanguage& e : langs) {
-            const std::string& sec = e.name;
-            auto put = [&](const char* key, const std::string& v) { writeProfileString(sec, key, v, path); };
-            auto yesNo = [&](const char* key, bool v) { put(key, v ? "yes" : "No"); };
-            put("FilePattern", e.pattern);
-            yesNo("CaseSensitive", e.caseSensitive);
-            yesNo("UnixTexKeywords", e.unixTexKeywords);
-            yesNo("FortranComment", e.fortranComment);
-            yesNo("LineNumbers", e.lineNumbers);
-            yesNo("Cobol", e.cobol);
-            put("CobolCommentPos", std::to_string(e.cobolCommentPos));
-            put("MaxLineLen", std::to_string(e.maxLineLen));
-            put("CobolCommentChar", oneChar(e.cobolCommentChar));
-            put("FirstComment", oneChar(e.firstComment));
-            put("StringDelim", oneChar(e.stringDelim));
-            put("CharDelim", oneChar(e.charDelim));
-            put("QuoteChar", oneChar(e.quoteChar));
-            put("Preprocess", oneChar(e.preprocess));
-            put("MultiComment", e.multiComment);
-            put("LineComment1", hardSpaces(e.lineComment1));
-            put("LineComment2", hardSpaces(e.lineComment2));
-            put("OpenCloseDelim", e.openCloseDelim);
-            put("Delimiters", e.delimiters);
-            put("Operators", e.operators);
-            put("Words", e.words);
-            put("Numbers", e.numbers);
-            put("HTML", e.html);
-            for (int n = 1; n <= kMaxKeywordLen; ++n) {
-                const std::string key = "Keyword" + std::to_string(n);
-                if (n <= 16 || !e.keywords[n].empty())
-                    put(key.c_str(), e.keywords[n]);
-                else
-                    writeProfileString(sec, key, nullptr, path);
-            }
-            static const char* const kKeys[] = {"ColorComment", "ColorPreproc", "ColorString", "ColorNumber",
-                                                "ColorDelim", "ColorOperator", "ColorKeyword", "ColorText",
-                                                "ColorBackground", "ColorLineNumbers"};
-            for (int s = 1; s <= kColourSlots; ++s) put(kKeys[s - 1], std::to_string(e.colour[s]));
+            const SectionWriter out(e.name, path);
+#define ZOL_HGL_PUT(id, key, kind, def, buffer, field) out.put##kind(HglKey::id, e.field);
+            ZOL_HGL_KEYS(ZOL_HGL_PUT)
+#undef ZOL_HGL_PUT
         }
         if (!batch.commit()) return false;
     }

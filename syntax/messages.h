@@ -10,7 +10,7 @@ namespace zol::syntaxmsg {
 
 // The editing copy of the definitions holds at most kSyntaxSlots languages; a keyword
 // list of one length keeps at most kKeywordListSize - 1 characters.
-inline constexpr size_t kKeywordListSize = 512;
+inline constexpr size_t kKeywordListSize = hglKey(HglKey::Keyword).buffer;
 inline constexpr char kTooManyKeywords[] = "Defined too many keywords with %d character length.";
 inline constexpr char kLanguageExists[] = "Syntax higlight table %s already exists.";
 inline constexpr char kTooManyLanguages[] = "No more than 20 languages can be defined.";

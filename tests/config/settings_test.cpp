@@ -1,10 +1,16 @@
 #include "config/profile_owners.h"
 #include "config/settings.h"
+#include "config/settings_list.h"
 #include "engine/options.h"
 #include "platform/profile.h"
 #include "tests/platform/temp_home.h"
 
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
 #include <random>
+#include <tuple>
 
 namespace zol {
 namespace {
@@ -20,89 +26,114 @@ protected:
         flushProfileCache();
         loadProfile(env);
     }
+    // Loads a file that gives each of the rows the value value(row), then hands every
+    // row back with the value it was given.
+    using RowValue = std::function<std::string(const SettingRow&)>;
+    void loadRows(const std::vector<const SettingRow*>& rows, const RowValue& value) {
+        std::map<std::string, std::string> sections;
+        for (const SettingRow* row : rows) sections[row->section] += std::string(row->key) + "=" + value(*row) + "\n";
+        std::string ini;
+        for (const auto& [name, keys] : sections) ini += "[" + name + "]\n" + keys;
+        load(ini);
+    }
+    int number(const SettingRow& row) { return settingNumber(row, target); }
+    std::string& text(const SettingRow& row) { return settingText(row, target); }
+
     ProfileEnv env;
+    SettingTarget target{options(), settings()};
 };
 
-TEST_F(SettingsStore, MissingFileGivesTheDefaultsAndCreatesNothing) {
+std::vector<const SettingRow*> rowsWhere(const std::function<bool(const SettingRow&)>& keep) {
+    std::vector<const SettingRow*> out;
+    for (const SettingRow& row : settingRows())
+        if (row.field && keep(row)) out.push_back(&row);
+    return out;
+}
+
+bool isText(const SettingRow& row) { return row.kind == SettingKind::Text; }
+
+TEST_F(SettingsStore, MissingFileGivesTheDefaultsOfTheListAndCreatesNothing) {
+    EXPECT_EQ(Settings().keyMappingFile, "ZOL.KEY");  // before any file is read too
     loadProfile(env);
-    EXPECT_TRUE(settings().saveSettings);
-    EXPECT_EQ(settings().keyMappingFile, "ZOL.KEY");
-    EXPECT_EQ(options().tabSize, 8);
-    EXPECT_TRUE(options().checkFileTime);
+    for (const SettingRow* row : rowsWhere([](const SettingRow&) { return true; })) {
+        if (isText(*row)) EXPECT_EQ(text(*row), row->defText) << row->key;
+        else EXPECT_EQ(number(*row), row->def) << row->key;
+    }
+    // The profile's defaults differ from the engine's own on purpose.
+    EXPECT_NE(EditOptions{}.autoIndentUsingTabs, options().autoIndentUsingTabs);
+    EXPECT_NE(EditOptions{}.cursorThroughTabs, options().cursorThroughTabs);
     EXPECT_FALSE(exists("zol.ini"));
 }
 
+auto placement(const WindowPlacement& w) { return std::tuple(w.x, w.y, w.width, w.height, w.maximized); }
+
 TEST_F(SettingsStore, WindowIsPulledOntoTheScreen) {
     load("[Settings]\nWindow=5000 5000 600 380\n");
-    EXPECT_EQ(settings().window.x, 50);
-    EXPECT_EQ(settings().window.y, 50);
+    EXPECT_EQ(placement(settings().window), std::tuple(50, 50, 600, 380, false));
     env.screenWidth = 1600;
-    load("[Settings]\nWindow=1000 739 300 200 1\n");
-    EXPECT_EQ(settings().window.x, 1000);
-    EXPECT_EQ(settings().window.y, 50);
-    EXPECT_TRUE(settings().window.maximized);
-    load("[Settings]\nWindow=1570 738 300 200\n");
-    EXPECT_EQ(settings().window.x, 1570);
-    EXPECT_EQ(settings().window.y, 738);
-    load("[Settings]\nWindow=1 2 3\n");
-    EXPECT_EQ(settings().window.x, kDefaultWindowPos);
-    EXPECT_EQ(settings().window.y, kDefaultWindowPos);
-    EXPECT_EQ(settings().window.width, 600);
-    EXPECT_EQ(settings().window.height, 380);
-    EXPECT_FALSE(settings().window.maximized);
+    EXPECT_EQ(placement(windowFromText("1000 739 300 200 1", env)), std::tuple(1000, 50, 300, 200, true));
+    EXPECT_EQ(placement(windowFromText("1570 738 300 200", env)), std::tuple(1570, 738, 300, 200, false));
+    EXPECT_EQ(placement(windowFromText("1 2 3", env)),
+              std::tuple(kDefaultWindowPos, kDefaultWindowPos, 600, 380, false));
 }
 
-TEST_F(SettingsStore, OutOfRangeNumbersAreCorrected) {
-    load("[Editor]\nTabSize=1\nUndoLevels=0\nAutoSaveEvery=121\nBlockIndent=17\nWordWrapColumn=2\n"
-         "WordWrapMethod=0\nBackupFilesAs=2\nDefaultFileFormat=3\nLanguage=-1\nRightMouseBtn=2\n"
-         "[Settings]\nBtnBarStyle=4\nFontCharSet=257\n");
-    EXPECT_EQ(options().tabSize, 2);
-    EXPECT_EQ(options().undoLevels, 384);
-    EXPECT_EQ(options().autoSaveEvery, 10);
-    EXPECT_EQ(options().blockIndent, 1);
-    EXPECT_EQ(options().wordWrapColumn, 4);
-    EXPECT_EQ(options().wordWrapMethod, 3);
-    EXPECT_EQ(options().backupFilesAs, 0);
-    EXPECT_EQ(options().defaultFileFormat, 0);
-    EXPECT_EQ(settings().language, 1);
-    EXPECT_EQ(settings().rightMouseBtn, 0);
-    EXPECT_EQ(settings().btnBarStyle, -1);
-    EXPECT_EQ(settings().fontCharSet, 1);
-    load("[Editor]\nTabSize=21\nUndoLevels=500\nAutoSaveEvery=0\nBlockIndent=0\nWordWrapMethod=2\n"
-         "Language=3\nRightMouseBtn=1\n[Settings]\nBtnBarStyle=2\n");
-    EXPECT_EQ(options().tabSize, 2);
-    EXPECT_EQ(options().undoLevels, 384);
-    EXPECT_EQ(options().autoSaveEvery, 10);
-    EXPECT_EQ(options().blockIndent, 1);
-    EXPECT_EQ(options().wordWrapMethod, 2);
-    EXPECT_EQ(settings().language, 3);
-    EXPECT_EQ(settings().rightMouseBtn, 1);
-    EXPECT_EQ(settings().btnBarStyle, 2);
+// Every range the loader corrects by: both bounds are kept, one step beyond gives the
+// row's correction.
+TEST_F(SettingsStore, BoundsAreKeptAndOneBeyondIsCorrected) {
+    const auto ranged = rowsWhere([](const SettingRow& r) { return !isText(r) && r.load != LoadRule::Keep; });
+    ASSERT_GE(ranged.size(), 9u);
+    auto corrected = [](const SettingRow& r, int beyond) {
+        if (r.load == LoadRule::Floor) return std::max(beyond, r.minimum);  // no upper bound
+        return r.load == LoadRule::ToMaximum ? r.maximum : r.load == LoadRule::ToMinimum ? r.minimum : r.def;
+    };
+    for (int bound : {0, 1}) {
+        auto value = [bound](const SettingRow& r) { return bound ? r.maximum : r.minimum; };
+        loadRows(ranged, [&](const SettingRow& r) { return std::to_string(value(r)); });
+        for (const SettingRow* r : ranged) EXPECT_EQ(number(*r), value(*r)) << r->key << " kept";
+        auto beyond = [bound](const SettingRow& r) { return bound ? r.maximum + 1 : r.minimum - 1; };
+        loadRows(ranged, [&](const SettingRow& r) { return std::to_string(beyond(r)); });
+        for (const SettingRow* r : ranged)
+            EXPECT_EQ(number(*r), corrected(*r, beyond(*r))) << r->key << " " << beyond(*r);
+    }
 }
 
-TEST_F(SettingsStore, BooleansKeepBitZero) {
-    load("[Settings]\nSaveDesktop=2\nAllowMultiInst=3\n[Editor]\nRuler=10\nLineNumbers=7\n");
-    EXPECT_FALSE(settings().saveDesktop);
-    EXPECT_TRUE(settings().allowMultiInst);
-    EXPECT_FALSE(options().ruler);
-    EXPECT_TRUE(options().lineNumbers);
+TEST_F(SettingsStore, DeliberateCorrectionsAndNarrowNumbers) {
+    load("[Editor]\nTabSize=21\nUndoLevels=0\nAutoSaveEvery=121\nWordWrapColumn=40000\nLanguage=-1\n"
+         "[Settings]\nBtnBarStyle=0\nFontCharSet=257\n");
+    const EditOptions& o = options();
+    // 40000 is negative in 16 bits.
+    EXPECT_EQ(std::tuple(o.tabSize, o.undoLevels, o.autoSaveEvery, o.wordWrapColumn), std::tuple(2, 384, 10, 4));
+    EXPECT_EQ(std::tuple(settings().language, settings().btnBarStyle, settings().fontCharSet), std::tuple(1, -1, 1));
 }
 
-TEST_F(SettingsStore, StringRules) {
-    load("[Editor]\nNewFileExtension=a*b\nKeyMappingFile=C:\\keys\\my.key\n"
-         "AlwaysWordWrapFileExt=" + std::string(100, 'w') + "\n[Settings]\nFontName=" + std::string(40, 'f') + "\n");
+// Flags keep bit 0 only; texts are cut to their buffers.
+TEST_F(SettingsStore, ValuesAreReadAsTheirKindSays) {
+    const auto read = rowsWhere([](const SettingRow& r) {
+        return r.kind == SettingKind::Flag || (isText(r) && r.load == LoadRule::Keep);
+    });
+    for (int bit : {0, 1}) {
+        loadRows(read, [bit](const SettingRow& r) { return isText(r) ? std::string(300, 'w') : std::to_string(bit + 2); });
+        for (const SettingRow* r : read) {
+            if (isText(*r)) EXPECT_EQ(text(*r), std::string(r->size - 1, 'w')) << r->key;
+            else EXPECT_EQ(number(*r), bit) << r->key;
+        }
+    }
+    // An empty quoted value is empty: neither the default nor two quotes.
+    load("[Settings]\nFontName=\"\"\n[Editor]\nNewFileExtension=\"\"\nIncludeDirs=''\n");
+    EXPECT_EQ(settings().fontName + settings().newFileExtension + settings().includeDirs, "");
+}
+
+TEST_F(SettingsStore, TextRules) {
+    load("[Editor]\nNewFileExtension=a*b\nKeyMappingFile=C:\\keys\\my.key\n");
     EXPECT_EQ(settings().newFileExtension, "txt");
     EXPECT_EQ(settings().keyMappingFile, "my.key");
-    EXPECT_EQ(settings().alwaysWordWrapFileExt, std::string(79, 'w'));
-    EXPECT_EQ(settings().fontName, std::string(31, 'f'));
     load("[Editor]\nNewFileExtension=\nKeyMappingFile=\n");
     EXPECT_EQ(settings().newFileExtension, "");
     EXPECT_EQ(settings().keyMappingFile, "ZOL.KEY");
+    load("[Editor]\nKeyMappingFile=/" + std::string(300, 'd') + "/k.key\n");
+    EXPECT_EQ(settings().keyMappingFile, "k.key");
     EXPECT_EQ(keyFileNameFromPath("/home/me/keys/" + std::string(40, 'k')), std::string(31, 'k'));
-    EXPECT_EQ(keyFileNameFromPath("dir\\"), "ZOL.KEY");
-}
-
-TEST_F(SettingsStore, NeverWordWrapExtReplacesNewer) {
+    // "Never" and "Newer" fill one value: "Never" wins, and when missing empties it.
     load("[Editor]\nNewerWordWrapFileExt=txt\nNeverWordWrapFileExt=c h\n");
     EXPECT_EQ(settings().neverWordWrapFileExt, "c h");
     load("[Editor]\nNewerWordWrapFileExt=txt\n");
@@ -143,7 +174,7 @@ TEST_F(SettingsStore, GarbageFileLoadsWithCorrections) {
         load(junk);
         EXPECT_TRUE(options().tabSize >= kMinTabSize && options().tabSize <= kMaxTabSize);
         EXPECT_TRUE(options().undoLevels >= 1 && options().undoLevels <= kMaxUndoRecords);
-        EXPECT_TRUE(options().wordWrapMethod >= 1 && options().wordWrapMethod <= 3);
+        EXPECT_TRUE(setWordWrapMethod(static_cast<int>(options().wordWrapMethod)));
         EXPECT_FALSE(settings().keyMappingFile.empty());
         EXPECT_LT(settings().keyMappingFile.size(), kKeyFileNameSize);
         EXPECT_TRUE(settings().window.x <= env.screenWidth - 30 || settings().window.x == 50);
@@ -154,55 +185,47 @@ TEST_F(SettingsStore, GarbageFileLoadsWithCorrections) {
     EXPECT_EQ(get("zol.ini"), before);
 }
 
+// A legal value unlike the default, for every row that saving writes from memory.
+std::string otherValue(const SettingRow& r) {
+    if (r.kind == SettingKind::Text) return r.load == LoadRule::FileNamePart ? "mine.key" : "c";
+    if (r.kind == SettingKind::Flag) return r.def ? "0" : "1";
+    if (r.minimum != kNoMinimum && r.minimum != r.def) return std::to_string(r.minimum);
+    return std::to_string(r.maximum != kNoMaximum ? r.maximum : r.def + 1);
+}
+
 TEST_F(SettingsStore, RoundTrip) {
+    const auto saved = rowsWhere([](const SettingRow& r) {
+        return r.save != SaveRule::Never && r.save != SaveRule::AsInFile;
+    });
     loadProfile(env);
-    Settings& s = settings();
-    s.window = {20, 30, 800, 500, true};
-    s.fontName = "Mono";
-    s.btnBarStyle = 2;
-    s.includeDirs = "/usr/include;/opt/inc";
-    s.keyMappingFile = "mine.key";
-    s.newFileExtension = "c";
-    s.printing.fontName = "Serif";
-    s.printing.fontSize = 12;
-    s.printing.leftMargin = 100;
-    options().tabSize = 4;
-    options().cursorThroughTabs = true;
-    options().wordWrapColumn = 100;
-    options().splitLongLines = false;
-    const Settings saved = s;
-    const EditOptions savedOptions = options();
+    for (const SettingRow* r : saved) {
+        if (isText(*r)) text(*r) = otherValue(*r);
+        else setSettingNumber(*r, target, std::stoi(otherValue(*r)));
+    }
+    settings().window = {20, 30, 800, 500, true};
+    const std::vector<std::string> filters = settings().multiFindFileFilters;
     ASSERT_TRUE(saveProfile(true));
     settings() = Settings();
     options() = EditOptions();
     flushProfileCache();
     loadProfile(env);
-    EXPECT_EQ(settings().window.y, saved.window.y);
-    EXPECT_TRUE(settings().window.maximized);
-    EXPECT_EQ(settings().fontName, "Mono");
-    EXPECT_EQ(settings().btnBarStyle, 2);
-    EXPECT_EQ(settings().includeDirs, saved.includeDirs);
-    EXPECT_EQ(settings().keyMappingFile, "mine.key");
-    EXPECT_EQ(settings().newFileExtension, "c");
-    EXPECT_EQ(settings().printing.fontName, "Serif");
-    EXPECT_EQ(settings().printing.fontSize, 12);
-    EXPECT_EQ(settings().printing.leftMargin, 100);
-    EXPECT_EQ(settings().multiFindFileFilters, saved.multiFindFileFilters);
-    EXPECT_EQ(options().tabSize, 4);
-    EXPECT_TRUE(options().cursorThroughTabs);
-    EXPECT_EQ(options().wordWrapColumn, 100);
-    EXPECT_FALSE(options().splitLongLines);
-    EXPECT_EQ(options().autoSaveEvery, savedOptions.autoSaveEvery);
+    for (const SettingRow* r : saved) {
+        if (isText(*r)) EXPECT_EQ(text(*r), otherValue(*r)) << r->key;
+        else EXPECT_EQ(std::to_string(number(*r)), otherValue(*r)) << r->key;
+    }
+    EXPECT_EQ(placement(settings().window), std::tuple(20, 30, 800, 500, true));
+    EXPECT_EQ(settings().multiFindFileFilters, filters);
 }
 
 TEST_F(SettingsStore, SavingKeepsWhatItDoesNotOwn) {
-    load("; my notes\n[UserTools]\nMenuText1=Make\n\n[Settings]\nGradientCaption=3\nCustom=keep\n"
+    load("; my notes\n[UserTools]\nMenuText1=Make\n\n[Settings]\nGradientCaption=3\nCustom=keep\nLanguageID=70000\n"
          "[Editor]\nNeverWordWrapFileExt=c\n");
     settings().gradientCaption = 7;
     ASSERT_TRUE(saveProfile(true));
     std::string after = get("zol.ini");
     EXPECT_EQ(after.substr(0, 40), "; my notes\n[UserTools]\nMenuText1=Make\n\n[");
     EXPECT_EQ(getProfileInt("Settings", "GradientCaption", 0, kSettingsFile), 3);
+    EXPECT_EQ(getProfileInt("Settings", "LanguageID", 0, kSettingsFile), 70000 & 0xFFFF);
     EXPECT_EQ(getProfileString("Settings", "Custom", "", kSettingsFile), "keep");
     EXPECT_EQ(getProfileString("Editor", "NeverWordWrapFileExt", "", kSettingsFile), "c");
     EXPECT_FALSE(findProfileString("Editor", "CheckFileTime", kSettingsFile).has_value());
@@ -263,6 +286,14 @@ TEST_F(SettingsStore, OwnersAreCalledInTheirOrder) {
                                                "load:syntax.hgl@syntax.hgl", "load:Extra@zol.ini",
                                                "save:UserTools@zol.ini", "save:Bookmarks@zol.ini",
                                                "save:Extra@zol.ini"}));
+}
+
+TEST(SettingsReference, CommittedCopyIsWhatTheListGives) {
+    std::ifstream in(std::filesystem::path(ZOLDER_SOURCE_DIR) / "docs" / "settings.md", std::ios::binary);
+    const std::string committed{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    EXPECT_TRUE(committed == settingsReference())
+        << "docs/settings.md differs from the settings list; regenerate it with "
+           "cmake --build build --target settings_doc";
 }
 
 }  // namespace

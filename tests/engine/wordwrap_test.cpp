@@ -9,22 +9,23 @@ namespace {
 
 using test::fill;
 using Breaks = std::vector<size_t>;
+constexpr WrapMethod kWords = WrapMethod::WindowWords;
 
 TEST(WrapBreaks, RowsEndAtTheWidthAndBreakAfterBlanks) {
     options() = EditOptions{};
-    EXPECT_EQ(wrapBreaks("abcd efgh", 9, 3), Breaks{});  // exactly the width fits
-    EXPECT_EQ(wrapBreaks("abcd efghi", 9, 3), Breaks{5});
-    EXPECT_EQ(wrapBreaks("abcd   efghi", 9, 3), Breaks{7});  // blanks hang at the row end
-    EXPECT_EQ(wrapBreaks("abcdefghij", 4, 3), (Breaks{4, 8}));  // a long word is cut
-    EXPECT_EQ(wrapBreaks("ab cdefghij", 4, 3), (Breaks{3, 7}));
-    EXPECT_EQ(wrapBreaks("abcd efghi", 9, 1), Breaks{9});  // method 1 ignores words
-    EXPECT_EQ(wrapBreaks("a\tbc", 9, 3), Breaks{2});  // the tab reaches column 8
-    EXPECT_EQ(wrapBreaks("abc", 0, 3), Breaks{});
-    EXPECT_EQ(wrapBreaks("", 5, 3), Breaks{});
+    EXPECT_EQ(wrapBreaks("abcd efgh", 9, kWords), Breaks{});  // exactly the width fits
+    EXPECT_EQ(wrapBreaks("abcd efghi", 9, kWords), Breaks{5});
+    EXPECT_EQ(wrapBreaks("abcd   efghi", 9, kWords), Breaks{7});  // blanks hang at the row end
+    EXPECT_EQ(wrapBreaks("abcdefghij", 4, kWords), (Breaks{4, 8}));  // a long word is cut
+    EXPECT_EQ(wrapBreaks("ab cdefghij", 4, kWords), (Breaks{3, 7}));
+    EXPECT_EQ(wrapBreaks("abcd efghi", 9, WrapMethod::WindowChars), Breaks{9});  // method 1 ignores words
+    EXPECT_EQ(wrapBreaks("a\tbc", 9, kWords), Breaks{2});  // the tab reaches column 8
+    EXPECT_EQ(wrapBreaks("abc", 0, kWords), Breaks{});
+    EXPECT_EQ(wrapBreaks("", 5, kWords), Breaks{});
 
     options().wordWrapColumn = 40;
-    EXPECT_EQ(wrapWidth(2, 100), 40);
-    EXPECT_EQ(wrapWidth(3, 100), 100);
+    EXPECT_EQ(wrapWidth(WrapMethod::ColumnWords, 100), 40);
+    EXPECT_EQ(wrapWidth(WrapMethod::WindowWords, 100), 100);
 }
 
 TEST(WrapRules, ExtensionListsDecideAndNeverWins) {

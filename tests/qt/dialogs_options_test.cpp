@@ -11,6 +11,7 @@
 
 #include "app/qt/dialogs/options_dialog.h"
 #include "config/settings.h"
+#include "config/settings_list.h"
 #include "engine/options.h"
 #include "engine/wordwrap.h"
 #include "search/find.h"
@@ -74,7 +75,7 @@ TEST_F(OptionsDialogTest, OkAppliesEveryKindOfOption) {
     EXPECT_TRUE(options().lineNumbers);
     EXPECT_TRUE(options().cursorThroughTabs);
     EXPECT_EQ(options().defaultFileFormat, 1);
-    EXPECT_EQ(options().wordWrapMethod, 2);
+    EXPECT_EQ(options().wordWrapMethod, WrapMethod::ColumnWords);
     EXPECT_EQ(options().backupFilesAs, 1);
     EXPECT_EQ(settings().language, 0);
     EXPECT_EQ(wordCharMode(), 0);
@@ -102,6 +103,35 @@ TEST_F(OptionsDialogTest, RefusedOrCancelledChoicesChangeNothing) {
     EXPECT_EQ(options().tabSize, before.tabSize);
     EXPECT_EQ(options().ruler, before.ruler);
     EXPECT_EQ(settings().newFileExtension, ext);
+}
+
+// Every number the dialog offers is the range of its key in the settings list.
+TEST_F(OptionsDialogTest, RangesComeFromTheSettingsList) {
+    TOptionsDialog d(nullptr);
+    auto rowOf = [](const QObject* w) {
+        const std::string key = w->objectName().toStdString();
+        const SettingRow* row = findSetting("Editor", key);
+        return row ? row : findSetting("Settings", key);
+    };
+    const QList<QSpinBox*> spins = d.findChildren<QSpinBox*>();
+    ASSERT_GE(spins.size(), 6);
+    for (const QSpinBox* s : spins) {
+        const SettingRow* row = rowOf(s);
+        ASSERT_NE(row, nullptr) << s->objectName().toStdString();
+        EXPECT_EQ(s->minimum(), row->minimum) << row->key;
+        EXPECT_EQ(s->maximum(), row->maximum) << row->key;
+    }
+    int choices = 0;
+    for (const QComboBox* c : d.findChildren<QComboBox*>()) {
+        const SettingRow* row = rowOf(c);
+        if (!row || row->kind == SettingKind::Text) continue;
+        ++choices;
+        EXPECT_EQ(c->itemData(0).toInt(), row->minimum) << row->key;
+        EXPECT_EQ(c->itemData(c->count() - 1).toInt(), row->maximum) << row->key;
+    }
+    EXPECT_EQ(choices, 5);
+    EXPECT_EQ(child<QLineEdit>(&d, "NewFileExtension")->maxLength(),
+              static_cast<int>(findSetting("Editor", "NewFileExtension")->size) - 1);
 }
 
 }  // namespace

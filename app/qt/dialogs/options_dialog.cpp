@@ -15,7 +15,7 @@
 #include "app/qt/dialogs/cp1252.h"
 #include "app/qt/dialogs/messages.h"
 #include "config/settings.h"
-#include "engine/line_list.h"
+#include "config/settings_list.h"
 #include "engine/options.h"
 #include "engine/wordwrap.h"
 #include "search/find.h"
@@ -24,7 +24,6 @@ namespace zol {
 
 namespace {
 
-constexpr std::string_view kBadExtensionChars = "/<>|\"\\?*:";
 constexpr int kBoldWeight = 700;
 constexpr int kNormalWeight = 400;
 
@@ -35,28 +34,32 @@ QCheckBox* check(QWidget* parent, const char* key, const char* label, bool on) {
     return c;
 }
 
-QSpinBox* spin(QWidget* parent, const char* key, int lo, int hi, int value) {
+// Ranges, first choices and text lengths come from the settings list.
+const SettingRow& setting(const char* section, const char* key) { return *findSetting(section, key); }
+
+QSpinBox* spin(QWidget* parent, const SettingRow& row, int value) {
     auto* s = new QSpinBox(parent);
-    s->setObjectName(key);
-    s->setRange(lo, hi);
+    s->setObjectName(row.key);
+    s->setRange(row.minimum, row.maximum);
     s->setValue(value);
     return s;
 }
 
-// Choices are listed from `first` on, tab-separated in one text.
-QComboBox* choice(QWidget* parent, const char* key, const char* labels, int first, int value) {
+// Choices are listed from the row's minimum on, tab-separated in one text.
+QComboBox* choice(QWidget* parent, const SettingRow& row, const char* labels, int value) {
     auto* c = new QComboBox(parent);
-    c->setObjectName(key);
+    c->setObjectName(row.key);
     const QStringList items = QString(labels).split('\t');
-    for (int i = 0; i < items.size(); ++i) c->addItem(items[i], first + i);
+    for (int i = 0; i < items.size(); ++i) c->addItem(items[i], row.minimum + i);
     c->setCurrentIndex(std::max(0, c->findData(value)));
     return c;
 }
 
-QLineEdit* text(QWidget* parent, const char* key, const std::string& value, size_t size) {
+QLineEdit* text(QWidget* parent, const SettingRow& row, const std::string& value) {
     auto* e = new QLineEdit(fromCp1252(value), parent);
-    e->setObjectName(key);
-    if (size) e->setMaxLength(static_cast<int>(size) - 1);
+    e->setObjectName(row.key);
+    // A whole path may be typed where only its name part is kept.
+    if (row.load != LoadRule::FileNamePart) e->setMaxLength(static_cast<int>(row.size) - 1);
     return e;
 }
 
@@ -81,15 +84,16 @@ QWidget* TOptionsDialog::editingPage() {
     const EditOptions& o = options();
     const Settings& s = settings();
     auto* w = new QWidget(this);
-    tabSize_ = spin(w, "TabSize", kMinTabSize, kMaxTabSize, o.tabSize);
-    blockIndent_ = spin(w, "BlockIndent", 1, 16, o.blockIndent);
-    undoLevels_ = spin(w, "UndoLevels", 1, kMaxUndoRecords, o.undoLevels);
-    wordWrapColumn_ = spin(w, "WordWrapColumn", 4, kMaxColumns, o.wordWrapColumn);
-    wordWrapMethod_ = choice(w, "WordWrapMethod", dlgmsg::kOptWrapMethods, 1, o.wordWrapMethod);
-    language_ = choice(w, "Language", dlgmsg::kOptWordCharModes, 0, s.language);
-    rightMouseBtn_ = choice(w, "RightMouseBtn", dlgmsg::kOptRightMouseModes, 0, s.rightMouseBtn);
-    alwaysWrapExt_ = text(w, "AlwaysWordWrapFileExt", s.alwaysWordWrapFileExt, kWordWrapExtSize);
-    neverWrapExt_ = text(w, "NeverWordWrapFileExt", s.neverWordWrapFileExt, kWordWrapExtSize);
+    tabSize_ = spin(w, setting("Editor", "TabSize"), o.tabSize);
+    blockIndent_ = spin(w, setting("Editor", "BlockIndent"), o.blockIndent);
+    undoLevels_ = spin(w, setting("Editor", "UndoLevels"), o.undoLevels);
+    wordWrapColumn_ = spin(w, setting("Editor", "WordWrapColumn"), o.wordWrapColumn);
+    wordWrapMethod_ = choice(w, setting("Editor", "WordWrapMethod"), dlgmsg::kOptWrapMethods,
+                             static_cast<int>(o.wordWrapMethod));
+    language_ = choice(w, setting("Editor", "Language"), dlgmsg::kOptWordCharModes, s.language);
+    rightMouseBtn_ = choice(w, setting("Editor", "RightMouseBtn"), dlgmsg::kOptRightMouseModes, s.rightMouseBtn);
+    alwaysWrapExt_ = text(w, setting("Editor", "AlwaysWordWrapFileExt"), s.alwaysWordWrapFileExt);
+    neverWrapExt_ = text(w, setting("Editor", "NeverWordWrapFileExt"), s.neverWordWrapFileExt);
     useTabChar_ = check(w, "UseTabChar", dlgmsg::kOptUseTabChar, o.useTabChar);
     smartTab_ = check(w, "SmartTab", dlgmsg::kOptSmartTab, o.smartTab);
     autoIndent_ = check(w, "AutoIndent", dlgmsg::kOptAutoIndent, o.autoIndent);
@@ -132,12 +136,12 @@ QWidget* TOptionsDialog::filesPage() {
     backupFiles_ = check(w, "BackupFiles", dlgmsg::kOptBackupFiles, o.backupFiles);
     detectFileFormat_ = check(w, "DetectFileFormat", dlgmsg::kOptDetectFormat, o.detectFileFormat);
     checkFileTime_ = check(w, "CheckFileTime", dlgmsg::kOptCheckFileTime, o.checkFileTime);
-    autoSaveEvery_ = spin(w, "AutoSaveEvery", 1, 120, o.autoSaveEvery);
-    backupFilesAs_ = choice(w, "BackupFilesAs", dlgmsg::kOptBackupNames, 0, o.backupFilesAs);
-    defaultFileFormat_ = choice(w, "DefaultFileFormat", dlgmsg::kOptFormats, 0, o.defaultFileFormat);
-    newFileExtension_ = text(w, "NewFileExtension", s.newFileExtension, kNewFileExtSize);
-    includeDirs_ = text(w, "IncludeDirs", s.includeDirs, kIncludeDirsSize);
-    keyMappingFile_ = text(w, "KeyMappingFile", s.keyMappingFile, 0);
+    autoSaveEvery_ = spin(w, setting("Editor", "AutoSaveEvery"), o.autoSaveEvery);
+    backupFilesAs_ = choice(w, setting("Editor", "BackupFilesAs"), dlgmsg::kOptBackupNames, o.backupFilesAs);
+    defaultFileFormat_ = choice(w, setting("Editor", "DefaultFileFormat"), dlgmsg::kOptFormats, o.defaultFileFormat);
+    newFileExtension_ = text(w, setting("Editor", "NewFileExtension"), s.newFileExtension);
+    includeDirs_ = text(w, setting("Editor", "IncludeDirs"), s.includeDirs);
+    keyMappingFile_ = text(w, setting("Editor", "KeyMappingFile"), s.keyMappingFile);
     auto* form = new QFormLayout;
     form->addRow(autoSave_);
     form->addRow(dlgmsg::kOptAutoSaveEvery, autoSaveEvery_);
@@ -172,8 +176,8 @@ QWidget* TOptionsDialog::displayPage() {
     fontName_->setFontFilters(QFontComboBox::MonospacedFonts);
     fontName_->setEditable(true);
     fontName_->setEditText(fromCp1252(s.fontName));
-    fontName_->lineEdit()->setMaxLength(static_cast<int>(kFontNameSize) - 1);
-    fontSize_ = spin(w, "FontSize", 4, 72, s.fontSize);
+    fontName_->lineEdit()->setMaxLength(static_cast<int>(setting("Settings", "FontName").size) - 1);
+    fontSize_ = spin(w, setting("Settings", "FontSize"), s.fontSize);
     fontBold_ = check(w, "FontWeight", dlgmsg::kOptFontBold, s.fontWeight >= kBoldWeight);
     auto* form = new QFormLayout;
     for (QCheckBox* c : {ruler_, lineNumbers_, visibleSpaces_, blockCaret_, wordWrapVisible_, statusBar_, buttonBar_,
@@ -222,7 +226,7 @@ bool TOptionsDialog::apply() {
         }
     }
     const std::string& newExt = texts[2].value;
-    if (newExt.find_first_of(kBadExtensionChars) != std::string::npos) {
+    if (!isSafeExtension(newExt)) {
         QMessageBox::warning(this, windowTitle(), dlgmsg::kBadExtension);
         newFileExtension_->setFocus();
         return false;
