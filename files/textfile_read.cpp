@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "engine/columns.h"
@@ -42,7 +43,7 @@ public:
     // Reads everything into lines, calling emit(text) for each; returns false when a
     // line is too long and splitting is off.
     template <class Emit>
-    bool run(bool splitLongLines, bool& split, int& firstFormat, Emit&& emit) {
+    bool run(bool splitLongLines, bool& split, std::optional<TextFormat>& firstFormat, Emit&& emit) {
         for (;;) {
             const char* p = buf_.get() + pos_;
             const char* e = buf_.get() + end_;
@@ -64,7 +65,7 @@ public:
                 emit(std::string_view(p, n));  // the last line has no line end
                 return true;
             }
-            int format = 1;
+            TextFormat format = TextFormat::Unix;
             size_t endLen = 1;
             if (*le == '\r') {
                 if (le + 1 == e && !eof_) {  // its LF may be in the next chunk
@@ -72,10 +73,10 @@ public:
                     continue;
                 }
                 const bool crlf = le + 1 < e && le[1] == '\n';
-                format = crlf ? 0 : 2;
+                format = crlf ? TextFormat::Dos : TextFormat::Mac;
                 endLen = crlf ? 2 : 1;
             }
-            if (firstFormat < 0) firstFormat = format;
+            if (!firstFormat) firstFormat = format;
             emit(std::string_view(p, n));
             pos_ += n + endLen;
         }
@@ -201,7 +202,7 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     swapLines(doc.lines, *fresh);
     fresh.reset();
     forgetEditState(doc);
-    if (detectFormat && rep.lineEndFormat >= 0) doc.textFormat = rep.lineEndFormat;
+    if (detectFormat && rep.lineEndFormat) doc.textFormat = *rep.lineEndFormat;
     doc.fileName = fullPath(path);
     doc.hasFile = true;
     doc.fileTime = fileTime32(path);

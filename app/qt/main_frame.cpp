@@ -275,7 +275,7 @@ bool TMainFrame::askSaveName(std::string& path, int& format, const QString& titl
 
 bool TMainFrame::saveAs(Document& doc) {
     std::string path = doc.fileName;
-    int format = doc.textFormat;
+    int format = static_cast<int>(doc.textFormat);
     if (!askSaveName(path, format, QString::fromLatin1(qtmsg::kSaveAsTitle))) return false;
     const bool saved = saveDocumentAs(doc, path, format);
     if (saved) {
@@ -299,9 +299,9 @@ void TMainFrame::openFileDialog() {
 bool TMainFrame::writeBlock(Document& doc) {
     if (!hasSelection(doc)) return false;
     std::string path;
-    int format = doc.textFormat;
+    int format = static_cast<int>(doc.textFormat);
     if (!askSaveName(path, format, QString::fromLatin1(qtmsg::kSaveAsTitle))) return false;
-    return writeFile(doc, path, format, -1, true, true);
+    return writeFile(doc, path, textFormatOf(format).value_or(TextFormat::Dos), -1, true, true);
 }
 
 bool TMainFrame::readBlock(Document& doc) {
@@ -588,7 +588,7 @@ void TMainFrame::refreshStatus() {
     }
     position_->setText(QString::fromLatin1(qtmsg::kLineColumn).arg(doc->cursor.line + 1).arg(doc->cursor.col + 1));
     insertMode_->setText(QString::fromLatin1(options().overwrite ? qtmsg::kOverwrite : qtmsg::kInsert));
-    const int fmt = doc->textFormat >= 0 && doc->textFormat <= 2 ? doc->textFormat : 0;
+    const auto fmt = static_cast<size_t>(doc->textFormat);
     format_->setText(QString::fromLatin1(qtmsg::kFormatNames[fmt]));
     modified_->setText(doc->modified ? QString::fromLatin1(qtmsg::kModified) : QString());
     readOnly_->setText(doc->readOnly ? QString::fromLatin1(qtmsg::kReadOnly) : QString());

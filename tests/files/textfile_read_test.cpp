@@ -17,20 +17,20 @@ TEST_F(ReadTest, LineEndsGiveLinesAndTheFirstOneDecidesTheFormat) {
         const char* bytes;
         size_t size;
         Lines lines;
-        int format;
+        TextFormat format;
     };
     const Case cases[] = {
-        {"a\r\nb\r\n", 6, {"a", "b", ""}, 0},
-        {"a\rb", 3, {"a", "b"}, 2},
-        {"a\nb\n", 4, {"a", "b", ""}, 1},
-        {"a\nb\r\nc\r", 7, {"a", "b", "c", ""}, 1},
-        {"\r\r\n\n", 4, {"", "", "", ""}, 2},
-        {"", 0, {""}, 1},      // no line end: the format stays
-        {"abc", 3, {"abc"}, 1},
+        {"a\r\nb\r\n", 6, {"a", "b", ""}, TextFormat::Dos},
+        {"a\rb", 3, {"a", "b"}, TextFormat::Mac},
+        {"a\nb\n", 4, {"a", "b", ""}, TextFormat::Unix},
+        {"a\nb\r\nc\r", 7, {"a", "b", "c", ""}, TextFormat::Unix},
+        {"\r\r\n\n", 4, {"", "", "", ""}, TextFormat::Mac},
+        {"", 0, {""}, TextFormat::Unix},      // no line end: the format stays
+        {"abc", 3, {"abc"}, TextFormat::Unix},
     };
     for (const Case& c : cases) {
         Document doc;
-        doc.textFormat = 1;
+        doc.textFormat = TextFormat::Unix;
         ReadReport rep;
         ASSERT_TRUE(readFile(doc, put("f", std::string_view(c.bytes, c.size)), true, &rep)) << c.bytes;
         EXPECT_EQ(linesOf(doc), c.lines) << c.bytes;
@@ -38,9 +38,9 @@ TEST_F(ReadTest, LineEndsGiveLinesAndTheFirstOneDecidesTheFormat) {
         EXPECT_EQ(doc.lines.lastIndex, static_cast<int32_t>(c.lines.size()) - 1);
     }
     Document doc;
-    doc.textFormat = 2;
+    doc.textFormat = TextFormat::Mac;
     ASSERT_TRUE(readFile(doc, put("g", "a\r\n"), false));
-    EXPECT_EQ(doc.textFormat, 2);
+    EXPECT_EQ(doc.textFormat, TextFormat::Mac);
     EXPECT_TRUE(shell_.messages.empty());
 }
 
@@ -140,7 +140,7 @@ TEST_F(ReadTest, ChunkBoundariesDoNotChangeTheLines) {
         Document doc;
         ASSERT_TRUE(readFile(doc, put("f", head + crlf), true));
         EXPECT_EQ(doc.lines.count(), static_cast<int32_t>(pairs + 1));
-        EXPECT_EQ(doc.textFormat, 0);
+        EXPECT_EQ(doc.textFormat, TextFormat::Dos);
         EXPECT_EQ(doc.lines.text(doc.lines.first), head);
     }
 
