@@ -24,7 +24,7 @@ namespace {
 // Room kept beyond a chunk for the unfinished line carried into the next read: at
 // most a line's capacity plus a CR waiting for its LF.
 constexpr size_t kCarryRoom = 4096;
-static_assert(kCarryRoom > filemsg::kSplitBytes + 1);
+static_assert(kCarryRoom > kSplitBytes + 1);
 
 struct FileCloser {
     void operator()(std::FILE* f) const { std::fclose(f); }
@@ -123,13 +123,13 @@ private:
     // would take it past the column or byte capacity.
     size_t fittingPrefix(const char* p, size_t n) const {
         if (n <= surelyFits_) return n;
-        const size_t fit = locateColumn(std::string_view(p, n), filemsg::kSplitColumns).offset;
-        return std::min(fit, static_cast<size_t>(filemsg::kSplitBytes));
+        const size_t fit = locateColumn(std::string_view(p, n), kMaxColumns).offset;
+        return std::min(fit, static_cast<size_t>(kSplitBytes));
     }
 
     std::FILE* f_;
     // No byte is wider than a tab, so lines up to this long need no column count.
-    const size_t surelyFits_ = static_cast<size_t>(filemsg::kSplitColumns) / static_cast<size_t>(options().tabSize);
+    const size_t surelyFits_ = static_cast<size_t>(kMaxColumns) / static_cast<size_t>(options().tabSize);
     std::unique_ptr<char[]> buf_;
     size_t pos_ = 0, end_ = 0;  // unread lines are buf_[pos_, end_)
     size_t lf_ = 0, cr_ = 0;    // next LF and CR at or after pos_ (end_ when none)
