@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "files/autosave.h"
 #include "files/messages.h"
 #include "files/textfile.h"
 #include "files_fixture.h"
@@ -11,29 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 using WriteTest = FilesTest;
-
-TEST_F(WriteTest, ReadingAndWritingBackKeepsTheBytes) {
-    struct Case {
-        std::string in, out;  // out differs only where one file mixes line ends
-    };
-    const Case cases[] = {
-        {"a\r\nb\r\n", "a\r\nb\r\n"},
-        {"a\nb\n\n", "a\nb\n\n"},
-        {"a\rb\r", "a\rb\r"},
-        {"x \t y\r\nlast", "x \t y\r\nlast"},
-        {"", ""},
-        {"\n", "\n"},
-        {"a\nb\r\nc\rd", "a\nb\nc\nd"},
-        {std::string("hi\xff\x80\x01", 5), std::string("hi\xff\x80\x01", 5)},
-    };
-    for (const Case& c : cases) {
-        Document doc;
-        ASSERT_TRUE(readFile(doc, put("in", c.in), true));
-        ASSERT_TRUE(writeFile(doc, path("out"), doc.textFormat, -1, false, false));
-        EXPECT_EQ(bytesOf(path("out")), c.out) << c.in;
-    }
-    EXPECT_TRUE(shell_.messages.empty());
-}
 
 TEST_F(WriteTest, BackupNames) {
     EXPECT_EQ(backupName("c:\\dir.x\\readme", 0), "c:\\dir.x\\readme.bak");
@@ -97,21 +75,25 @@ TEST_F(WriteTest, RefusedWritesLeaveFileAndDocumentAlone) {
     }
 }
 
-TEST_F(WriteTest, ModifiedFlagAndFileTime) {
+TEST_F(WriteTest, OnlyASaveThatClearsModifiedTakesTheFileTimeAndDropsTheSideFile) {
     const std::string own = put("own.txt", "x");
     Document doc;
     ASSERT_TRUE(readFile(doc, own, true));
     setLines(doc, {"y"});
     doc.modified = true;
     doc.fileTime = 1;
+    ASSERT_TRUE(autoSaveDocument(doc, dir_));
+    const std::string side = doc.autoSaveFile;
 
     ASSERT_TRUE(writeFile(doc, path("copy.txt"), TextFormat::Dos, -1, false, true));
     EXPECT_TRUE(doc.modified);
     EXPECT_EQ(doc.fileTime, 1u);  // another file's time is not this document's
+    EXPECT_TRUE(fs::exists(side));
 
     ASSERT_TRUE(writeFile(doc, own, TextFormat::Dos, -1, false, false));
     EXPECT_FALSE(doc.modified);
     EXPECT_EQ(doc.fileTime, fileTime32(own));
+    EXPECT_FALSE(fs::exists(side));
 }
 
 TEST_F(WriteTest, PermissionsAndLinksSurviveTheReplacement) {
