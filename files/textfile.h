@@ -31,14 +31,14 @@ struct ReadReport {
 bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadReport* report = nullptr);
 
 // Writes the whole text (or, with blockOnly, the selection) to path with the line ends
-// of format and no line end after the last line. The file is
-// replaced only once the new text is completely written, and keeps its permission
-// bits; a symbolic link keeps pointing where it did. backupStyle -1 makes no backup,
-// 0 and 1 keep the old file under backupName(path, style). A whole-document write
-// clears the modified flag unless keepModified, and stores the file's new time when
-// path is the document's own file (so "save as" sets the file name first). On failure
-// the user is told why and the document is unchanged; a block write without a
-// selection writes nothing and fails.
+// of format and no line end after the last line. The file is replaced only once the
+// new text is completely written, and keeps its permission bits; a symbolic link
+// keeps pointing where it did. backupStyle -1 makes no backup, 0 and 1 keep the old
+// file under backupName(path, style). A whole-document write clears the modified flag
+// unless keepModified, and stores the file's new time when path is the document's own
+// file (so "save as" sets the file name first). On failure the user is told why and
+// the document is unchanged; a block write without a selection writes nothing and
+// fails.
 bool writeFile(Document& doc, const std::string& path, TextFormat format, int backupStyle, bool blockOnly,
                bool keepModified);
 
