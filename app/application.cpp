@@ -57,7 +57,7 @@ void recoverIfAlone(Application& app) {
     // Recovered documents get their own names, so they take no number of new documents.
     auto create = [&app] {
         auto doc = std::make_unique<Document>();
-        doc->textFormat = options().defaultFileFormat;
+        doc->textFormat = textFormatOf(options().defaultFileFormat).value_or(TextFormat::Dos);
         app.documents.push_back(std::move(doc));
         Document* made = app.documents.back().get();
         sendDocumentEvent(kEventDocumentCreated, *made);
@@ -144,7 +144,7 @@ void shutDown(Application& app) {
 Document* newDocument(Application& app) {
     auto doc = std::make_unique<Document>();
     doc->fileName = nextNewDocumentName(settings().newFileExtension);
-    doc->textFormat = options().defaultFileFormat;
+    doc->textFormat = textFormatOf(options().defaultFileFormat).value_or(TextFormat::Dos);
     applyWrapRule(*doc);
     app.documents.push_back(std::move(doc));
     Document* made = app.documents.back().get();
@@ -162,7 +162,7 @@ Document* openDocument(Application& app, const std::string& path) {
         }
     }
     auto doc = std::make_unique<Document>();
-    doc->textFormat = options().defaultFileFormat;
+    doc->textFormat = textFormatOf(options().defaultFileFormat).value_or(TextFormat::Dos);
     if (!readFile(*doc, path, options().detectFileFormat)) return nullptr;
     app.documents.push_back(std::move(doc));
     Document* opened = app.documents.back().get();
@@ -234,9 +234,8 @@ bool isDocument(const Application& app, const Document* doc) {
 std::string documentSummary(const Document& doc) {
     size_t bytes = 0;
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) bytes += doc.lines.header(r).len;
-    const size_t eol = doc.textFormat == 0 ? 2 : 1;
-    bytes += static_cast<size_t>(doc.lines.lastIndex) * eol;
-    const int fmt = doc.textFormat >= 0 && doc.textFormat <= 2 ? doc.textFormat : 0;
+    bytes += static_cast<size_t>(doc.lines.lastIndex) * lineEndOf(doc.textFormat).size();
+    const auto fmt = static_cast<size_t>(doc.textFormat);
     std::string s = std::string(fileNamePart(doc.fileName)) + ": " + std::to_string(doc.lines.count()) +
                     (doc.lines.count() == 1 ? " line, " : " lines, ") + std::to_string(bytes) + " bytes, " +
                     kFormatNames[fmt];

@@ -1,13 +1,15 @@
 // The key file (magic "ZOLCFG_1"): the key map and the keystroke macros, kept in the
-// home folder under the "KeyMappingFile" name.
+// home folder under the "KeyMappingFile" name. The macros sit above the key file: their
+// section's format is theirs (script/macro_section.h), and the key file carries the
+// section as bytes that it hands to them.
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "config/keymap.h"
-#include "script/macros.h"
 
 namespace zol {
 
@@ -22,11 +24,25 @@ enum class KeyFileStatus {
     NoMemory,       // everything was taken except the steps of some macros
 };
 
-// The bytes of a key file holding map and table.
-std::string keyFileBytes(const KeyMap& map, const MacroTable& table);
-// Reads a key file's bytes into map and table. They are only changed when the result
-// is Ok or NoMemory.
-KeyFileStatus parseKeyFile(std::string_view bytes, KeyMap& map, MacroTable& table);
+// Reads a macro section, the bytes from its offset to the end of the file, into the
+// macros it is meant for, which change only when the result is Ok or NoMemory.
+using MacroSectionReader = std::function<KeyFileStatus(std::string_view section)>;
+
+// The bytes of a key file holding map and, behind it, the macro section.
+std::string keyFileBytes(const KeyMap& map, std::string_view macroSection);
+// Reads a key file's bytes into map and hands its macro section to readMacros. Map and
+// macros are only changed when the result is Ok or NoMemory.
+KeyFileStatus parseKeyFile(std::string_view bytes, KeyMap& map, const MacroSectionReader& readMacros);
+
+// The program's macros as the key file saves and loads them, installed at start-up
+// (initMacros). Until then the file is written without a macro section and read
+// without looking at it.
+struct KeyFileMacros {
+    std::function<std::string()> sectionBytes;
+    MacroSectionReader readSection;
+};
+void setKeyFileMacros(KeyFileMacros macros);
+const KeyFileMacros& keyFileMacros();
 
 // The key file's full path.
 std::string keyFilePath();

@@ -1,12 +1,11 @@
 #include <cstring>
 #include <filesystem>
-#include <memory>
-#include <new>
+#include <utility>
 
 #include "config/keyfile.h"
+#include "config/keyfile_words.h"
 #include "config/keymap_messages.h"
 #include "config/settings.h"
-#include "engine/command_table.h"
 #include "engine/shell.h"
 #include "platform/file_io.h"
 #include "platform/paths.h"
@@ -14,40 +13,7 @@
 namespace zol {
 namespace {
 
-// Little-endian reads that fail, and stay failed, at the end of the bytes.
-struct ByteReader {
-    std::string_view bytes;
-    size_t pos = 0;
-    bool failed = false;
-
-    bool has(size_t n) {
-        if (!failed && (pos > bytes.size() || bytes.size() - pos < n)) failed = true;
-        return !failed;
-    }
-    uint16_t u16() {
-        if (!has(2)) return 0;
-        const auto b = reinterpret_cast<const unsigned char*>(bytes.data() + pos);
-        pos += 2;
-        return static_cast<uint16_t>(b[0] | (b[1] << 8));
-    }
-    uint32_t u32() {
-        const uint32_t lo = u16();
-        return lo | (static_cast<uint32_t>(u16()) << 16);
-    }
-    void skip(size_t n) {
-        if (has(n)) pos += n;
-    }
-    // The text up to the first NUL of a field of size bytes, at most size - 1 of them.
-    std::string field(size_t size) {
-        if (!has(size)) return {};
-        const char* at = bytes.data() + pos;
-        pos += size;
-        const void* nul = std::memchr(at, '\0', size - 1);
-        return std::string(at, nul ? static_cast<const char*>(nul) - at : size - 1);
-    }
-};
-
-bool readKeyMap(ByteReader& in, KeyMap& map) {
+bool readKeyMap(KeyFileReader& in, KeyMap& map) {
     in.skip(4);  // 1 and the number of prefix tables, not checked
     for (int t = 0; t < kKeyTables; ++t) {
         const uint16_t count = in.u16();
@@ -61,38 +27,6 @@ bool readKeyMap(ByteReader& in, KeyMap& map) {
     return !in.failed;
 }
 
-// False when the bytes end early; lowMemory tells that some steps were left out.
-bool readMacros(ByteReader& in, MacroTable& table, bool& lowMemory) {
-    in.skip(2);  // version
-    const uint16_t count = in.u16();
-    for (uint16_t i = 0; i < count && !in.failed; ++i) {
-        Macro m;
-        m.used = true;
-        m.name = in.field(kMacroNameSize);
-        m.description = in.field(kMacroDescriptionSize);
-        const uint16_t id = in.u16();
-        const uint16_t steps = in.u16();
-        if (!in.has(size_t{4} * steps)) break;
-        if (id < kFirstMacroId || id > kLastMacroId) {
-            in.skip(size_t{4} * steps);
-            continue;
-        }
-        try {
-            m.steps.resize(steps);
-        } catch (const std::bad_alloc&) {
-            lowMemory = true;
-            in.skip(size_t{4} * steps);
-            continue;
-        }
-        for (MacroStep& s : m.steps) {
-            s.command = in.u16();
-            s.param = in.u16();
-        }
-        table.slots[id - kFirstMacroId] = std::move(m);
-    }
-    return !in.failed;
-}
-
 void report(KeyFileStatus status) {
     switch (status) {
         case KeyFileStatus::NotCompatible: shell().message(keymsg::kNotCompatible); break;
@@ -102,26 +36,32 @@ void report(KeyFileStatus status) {
     }
 }
 
+KeyFileMacros& installedMacros() {
+    static KeyFileMacros installed;
+    return installed;
+}
+
 }  // namespace
 
-KeyFileStatus parseKeyFile(std::string_view bytes, KeyMap& map, MacroTable& table) {
+KeyFileStatus parseKeyFile(std::string_view bytes, KeyMap& map, const MacroSectionReader& readMacros) {
     if (bytes.size() < 8 || std::memcmp(bytes.data(), kKeyFileMagic, 8) != 0) return KeyFileStatus::NotCompatible;
-    ByteReader in{bytes, 8};
+    KeyFileReader in{bytes, 8};
     in.skip(4);
     const uint32_t keyMapAt = in.u32();
     const uint32_t macrosAt = in.u32();
-    if (in.failed) return KeyFileStatus::ReadError;
+    if (in.failed || macrosAt > bytes.size()) return KeyFileStatus::ReadError;
     KeyMap newMap;
-    auto newTable = std::make_unique<MacroTable>();
     in.pos = keyMapAt;
     if (!readKeyMap(in, newMap)) return KeyFileStatus::ReadError;
-    in.pos = macrosAt;
-    bool lowMemory = false;
-    if (!readMacros(in, *newTable, lowMemory)) return KeyFileStatus::ReadError;
-    map = std::move(newMap);
-    table = std::move(*newTable);
-    return lowMemory ? KeyFileStatus::NoMemory : KeyFileStatus::Ok;
+    // The macros take their section only when it is whole, so the map is the last
+    // thing to change.
+    const KeyFileStatus status = readMacros ? readMacros(bytes.substr(macrosAt)) : KeyFileStatus::Ok;
+    if (status == KeyFileStatus::Ok || status == KeyFileStatus::NoMemory) map = std::move(newMap);
+    return status;
 }
+
+void setKeyFileMacros(KeyFileMacros macros) { installedMacros() = std::move(macros); }
+const KeyFileMacros& keyFileMacros() { return installedMacros(); }
 
 std::string keyFilePath() { return resolveBareName(keyFileNameFromPath(settings().keyMappingFile)); }
 
@@ -135,7 +75,7 @@ bool loadKeyFile() {
     }
     std::string bytes;
     if (!readWholeFile(path, bytes)) return false;
-    const KeyFileStatus status = parseKeyFile(bytes, keyMap(), macros());
+    const KeyFileStatus status = parseKeyFile(bytes, keyMap(), keyFileMacros().readSection);
     report(status);
     if (status != KeyFileStatus::Ok && status != KeyFileStatus::NoMemory) return false;
     setKeyMapChanged(false);

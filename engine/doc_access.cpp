@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <string>
 
 #include "engine/columns.h"
@@ -50,10 +51,11 @@ bool setLine(Document* doc, int32_t line, const char* text) {
     return ok;
 }
 
-bool setTextFileFormat(Document* doc, int32_t format) {
-    if (!doc || format < 0 || format > 2) return false;
-    if (doc->textFormat != format) {
-        doc->textFormat = format;
+bool setTextFileFormat(Document* doc, int32_t number) {
+    const std::optional<TextFormat> format = textFormatOf(number);
+    if (!doc || !format) return false;
+    if (doc->textFormat != *format) {
+        doc->textFormat = *format;
         if (doc->view) doc->view->refreshStatus();
     }
     return true;

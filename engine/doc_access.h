@@ -17,8 +17,8 @@ int getLineLen(const Document* doc, int32_t line, int byteLength);
 // Replaces a whole line; CR and LF become blanks so the line never splits.
 // Refused (false) on a read-only document, a null text or a line out of range.
 bool setLine(Document* doc, int32_t line, const char* text);
-// Only 0, 1 and 2 are accepted.
-bool setTextFileFormat(Document* doc, int32_t format);
+// Only the numbers of a TextFormat are accepted.
+bool setTextFileFormat(Document* doc, int32_t number);
 // Earlier and later end of the selection, 1-based; false and 0, 0 without one.
 bool selectionBegin(const Document* doc, int* col, int32_t* line);
 bool selectionEnd(const Document* doc, int* col, int32_t* line);

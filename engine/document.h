@@ -6,13 +6,13 @@
 #include "engine/line_list.h"
 #include "engine/marks.h"
 #include "engine/position.h"
+#include "engine/text_format.h"
 #include "engine/undo.h"
 
 namespace zol {
 
 class EditorView;
 
-enum class TextFormat : int32_t { Dos = 0, Unix = 1, Mac = 2 };
 enum class SelMode : int32_t { Char = 1, Column = 2 };
 // The keystroke-macro recorder of a document.
 enum class Recorder : uint8_t { Idle = 0, Recording = 1 };
@@ -21,7 +21,7 @@ struct Document {
     LineList lines;
     std::string fileName;           // full path, or a "noname01.txt" style name
     bool hasFile = false;           // fileName names a file on disk
-    int32_t textFormat = 0;         // 0 CR LF, 1 LF, 2 CR
+    TextFormat textFormat = TextFormat::Dos;
     Pos cursor;                     // cursor.line == lines.currentIndex after every command
     int desiredCol = -1;            // column kept over up/down moves, -1 when none
 

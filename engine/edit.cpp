@@ -6,6 +6,7 @@
 #include "engine/columns.h"
 #include "engine/options.h"
 #include "engine/shell.h"
+#include "engine/text_util.h"
 
 namespace zol {
 namespace {
@@ -23,21 +24,6 @@ void changed(Document& doc, int32_t line, int32_t removed, int32_t added) {
 
 void lineChanged(Document& doc, int32_t line) {
     for (ChangeListener fn : listeners()) fn(doc, line, 0, 0);
-}
-
-// Splits text at CR LF, LF or CR.
-std::vector<std::string_view> splitLines(std::string_view text) {
-    std::vector<std::string_view> parts;
-    size_t start = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\r' || text[i] == '\n') {
-            parts.push_back(text.substr(start, i - start));
-            if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-            start = i + 1;
-        }
-    }
-    parts.push_back(text.substr(start));
-    return parts;
 }
 
 bool fits(std::string_view s) {
@@ -76,7 +62,7 @@ bool rawInsert(Document& doc, Pos at, std::string_view text, Pos* end) {
     std::string prefix(line.substr(0, hit.offset));
     prefix.append(static_cast<size_t>(hit.padding), ' ');
     std::string suffix(line.substr(hit.offset));
-    std::vector<std::string_view> parts = splitLines(text);
+    std::vector<std::string_view> parts = splitLines(text, FinalLineEnd::StartsEmptyRow);
 
     std::string head = prefix;
     head.append(parts.front());

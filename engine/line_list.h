@@ -5,11 +5,9 @@
 #include <string_view>
 
 #include "engine/line_arena.h"
+#include "engine/line_capacity.h"
 
 namespace zol {
-
-constexpr int kMaxColumns = 3200;  // widest line the editor holds
-constexpr int kMaxLineBytes = 3210;
 
 struct LineList {
     LineArena arena;

@@ -2,6 +2,7 @@
 #pragma once
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zol {
 
@@ -17,5 +18,27 @@ inline bool equalsNoCase(std::string_view a, std::string_view b) {
 }
 
 inline bool isBlank(char c) { return c == ' ' || c == '\t'; }
+
+// What a line end at the very end of a text stands for.
+enum class FinalLineEnd {
+    StartsEmptyRow,  // "a\n" is "a" and "": text put into a document
+    EndsLastRow,     // "a\n" is "a" alone: the rows of a column block
+};
+
+// The rows of a text whose lines end in CR LF, LF or CR, without their line ends.
+// Empty text is one empty row.
+inline std::vector<std::string_view> splitLines(std::string_view text, FinalLineEnd lastEnd) {
+    std::vector<std::string_view> rows;
+    size_t start = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r' && text[i] != '\n') continue;
+        rows.push_back(text.substr(start, i - start));
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+        start = i + 1;
+    }
+    if (start < text.size() || rows.empty() || lastEnd == FinalLineEnd::StartsEmptyRow)
+        rows.push_back(text.substr(start));
+    return rows;
+}
 
 }  // namespace zol

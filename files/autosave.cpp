@@ -35,7 +35,7 @@ std::string chooseName(const std::string& folder) {
 
 // The bytes a save of the whole document in its own format would write.
 std::string documentBytes(const Document& doc) {
-    const char* eol = doc.textFormat == 1 ? "\n" : doc.textFormat == 2 ? "\r" : "\r\n";
+    const std::string_view eol = lineEndOf(doc.textFormat);
     std::string out;
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) {
         if (r != doc.lines.first) out += eol;

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/line_list.h"
+#include "engine/line_capacity.h"
 
 namespace zol::filemsg {
 
@@ -16,10 +16,8 @@ inline constexpr char kBinaryFile[] =
 inline constexpr char kReadError[] = "Read Error !";
 inline constexpr char kNoMemory[] = "Not enough memory to read %s file.";
 
-// A line wider than this many columns, or longer than this many bytes, is split (or,
-// with splitting off, the file is refused).
-inline constexpr int kSplitColumns = kMaxColumns;
-inline constexpr int kSplitBytes = 3207;
+// A line wider than kMaxColumns, or longer than kSplitBytes, is split (or, with
+// splitting off, the file is refused).
 inline constexpr char kLongLinesSplit[] = "Line length exceeds editor capacity.\n\nLong lines split.";
 inline constexpr char kLineTooLong[] = "Line length exceeds editor capacity.";
 

@@ -8,7 +8,7 @@
 namespace zol {
 namespace {
 
-bool saveTo(Document& doc, const std::string& path, int format) {
+bool saveTo(Document& doc, const std::string& path, TextFormat format) {
     if (vetoed(kEventBeforeSave, doc)) return false;
     const int backup = options().backupFiles ? options().backupFilesAs : -1;
     if (!writeFile(doc, path, format, backup, false, false)) return false;
@@ -23,12 +23,12 @@ bool saveDocument(Document& doc) {
     return saveTo(doc, doc.fileName, doc.textFormat);
 }
 
-bool saveDocumentAs(Document& doc, const std::string& path, int format) {
+bool saveDocumentAs(Document& doc, const std::string& path, int formatNumber) {
     if (path.empty()) return false;
-    if (format < 0 || format > 2) format = doc.textFormat;
+    const TextFormat format = textFormatOf(formatNumber).value_or(doc.textFormat);
     const std::string oldName = doc.fileName;
     const bool oldHasFile = doc.hasFile;
-    const int32_t oldFormat = doc.textFormat;
+    const TextFormat oldFormat = doc.textFormat;
     // The writer stores the file time only for the document's own file.
     doc.fileName = fullPath(path);
     doc.hasFile = true;

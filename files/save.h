@@ -13,9 +13,10 @@ namespace zol {
 // when a listener stops the save or writing fails (the user is told why).
 bool saveDocument(Document& doc);
 
-// Saves under path in format (0..2, else the document's own), which become the
-// document's file name and format once the write succeeded.
-bool saveDocumentAs(Document& doc, const std::string& path, int format);
+// Saves under path in the format numbered formatNumber (any other number: the
+// document's own), which become the document's file name and format once the write
+// succeeded.
+bool saveDocumentAs(Document& doc, const std::string& path, int formatNumber);
 
 // Gives the document a new file name (made absolute) without touching the disk.
 void renameDocument(Document& doc, const std::string& path);

@@ -4,6 +4,7 @@
 // same bytes, unless lines were split or NUL bytes were met.
 #pragma once
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,7 +19,7 @@ constexpr size_t kReadChunk = size_t{1} << 20;
 struct ReadReport {
     bool binary = false;     // NUL bytes were met (each stored as a blank)
     bool split = false;      // a line exceeded the capacity and was split
-    int lineEndFormat = -1;  // format of the first line end in the file, -1 when none
+    std::optional<TextFormat> lineEndFormat;  // of the first line end in the file, if any
 };
 
 // Replaces the document's text by the file's lines. With detectFormat the first line
@@ -30,15 +31,15 @@ struct ReadReport {
 bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadReport* report = nullptr);
 
 // Writes the whole text (or, with blockOnly, the selection) to path with the line ends
-// of format (1 LF, 2 CR, else CR LF) and no line end after the last line. The file is
-// replaced only once the new text is completely written, and keeps its permission
-// bits; a symbolic link keeps pointing where it did. backupStyle -1 makes no backup,
-// 0 and 1 keep the old file under backupName(path, style). A whole-document write
-// clears the modified flag unless keepModified, and stores the file's new time when
-// path is the document's own file (so "save as" sets the file name first). On failure
-// the user is told why and the document is unchanged; a block write without a
-// selection writes nothing and fails.
-bool writeFile(Document& doc, const std::string& path, int format, int backupStyle, bool blockOnly,
+// of format and no line end after the last line. The file is replaced only once the
+// new text is completely written, and keeps its permission bits; a symbolic link
+// keeps pointing where it did. backupStyle -1 makes no backup, 0 and 1 keep the old
+// file under backupName(path, style). A whole-document write clears the modified flag
+// unless keepModified, and stores the file's new time when path is the document's own
+// file (so "save as" sets the file name first). On failure the user is told why and
+// the document is unchanged; a block write without a selection writes nothing and
+// fails.
+bool writeFile(Document& doc, const std::string& path, TextFormat format, int backupStyle, bool blockOnly,
                bool keepModified);
 
 // A document took a new file name: after reading a file into it (textReplaced true),

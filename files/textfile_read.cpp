@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "engine/columns.h"
@@ -23,7 +24,7 @@ namespace {
 // Room kept beyond a chunk for the unfinished line carried into the next read: at
 // most a line's capacity plus a CR waiting for its LF.
 constexpr size_t kCarryRoom = 4096;
-static_assert(kCarryRoom > filemsg::kSplitBytes + 1);
+static_assert(kCarryRoom > kSplitBytes + 1);
 
 struct FileCloser {
     void operator()(std::FILE* f) const { std::fclose(f); }
@@ -42,7 +43,7 @@ public:
     // Reads everything into lines, calling emit(text) for each; returns false when a
     // line is too long and splitting is off.
     template <class Emit>
-    bool run(bool splitLongLines, bool& split, int& firstFormat, Emit&& emit) {
+    bool run(bool splitLongLines, bool& split, std::optional<TextFormat>& firstFormat, Emit&& emit) {
         for (;;) {
             const char* p = buf_.get() + pos_;
             const char* e = buf_.get() + end_;
@@ -64,7 +65,7 @@ public:
                 emit(std::string_view(p, n));  // the last line has no line end
                 return true;
             }
-            int format = 1;
+            TextFormat format = TextFormat::Unix;
             size_t endLen = 1;
             if (*le == '\r') {
                 if (le + 1 == e && !eof_) {  // its LF may be in the next chunk
@@ -72,10 +73,10 @@ public:
                     continue;
                 }
                 const bool crlf = le + 1 < e && le[1] == '\n';
-                format = crlf ? 0 : 2;
+                format = crlf ? TextFormat::Dos : TextFormat::Mac;
                 endLen = crlf ? 2 : 1;
             }
-            if (firstFormat < 0) firstFormat = format;
+            if (!firstFormat) firstFormat = format;
             emit(std::string_view(p, n));
             pos_ += n + endLen;
         }
@@ -122,13 +123,13 @@ private:
     // would take it past the column or byte capacity.
     size_t fittingPrefix(const char* p, size_t n) const {
         if (n <= surelyFits_) return n;
-        const size_t fit = locateColumn(std::string_view(p, n), filemsg::kSplitColumns).offset;
-        return std::min(fit, static_cast<size_t>(filemsg::kSplitBytes));
+        const size_t fit = locateColumn(std::string_view(p, n), kMaxColumns).offset;
+        return std::min(fit, static_cast<size_t>(kSplitBytes));
     }
 
     std::FILE* f_;
     // No byte is wider than a tab, so lines up to this long need no column count.
-    const size_t surelyFits_ = static_cast<size_t>(filemsg::kSplitColumns) / static_cast<size_t>(options().tabSize);
+    const size_t surelyFits_ = static_cast<size_t>(kMaxColumns) / static_cast<size_t>(options().tabSize);
     std::unique_ptr<char[]> buf_;
     size_t pos_ = 0, end_ = 0;  // unread lines are buf_[pos_, end_)
     size_t lf_ = 0, cr_ = 0;    // next LF and CR at or after pos_ (end_ when none)
@@ -201,7 +202,7 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     swapLines(doc.lines, *fresh);
     fresh.reset();
     forgetEditState(doc);
-    if (detectFormat && rep.lineEndFormat >= 0) doc.textFormat = rep.lineEndFormat;
+    if (detectFormat && rep.lineEndFormat) doc.textFormat = *rep.lineEndFormat;
     doc.fileName = fullPath(path);
     doc.hasFile = true;
     doc.fileTime = fileTime32(path);

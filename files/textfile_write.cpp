@@ -58,14 +58,6 @@ private:
     bool failed_ = false;
 };
 
-std::string_view lineEndOf(int format) {
-    switch (format) {
-    case 1: return "\n";
-    case 2: return "\r";
-    default: return "\r\n";
-    }
-}
-
 void putWholeText(const Document& doc, ByteSink& out, std::string_view eol) {
     const LineList& ll = doc.lines;
     for (LineRef r = ll.first; r != kNoLine;) {
@@ -164,7 +156,7 @@ bool isReadOnlyFile(const std::string& path) {
     return !ec && (p & anyWrite) == fs::perms::none;
 }
 
-bool writeFile(Document& doc, const std::string& path, int format, int backupStyle, bool blockOnly,
+bool writeFile(Document& doc, const std::string& path, TextFormat format, int backupStyle, bool blockOnly,
                bool keepModified) {
     if (blockOnly && !doc.selExists) return false;
     const FileAttributes attrs = fileAttributes(path);

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "config/keyfile.h"
+#include "script/macro_section.h"
 
 namespace {
 

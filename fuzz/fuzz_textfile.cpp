@@ -22,8 +22,9 @@ const std::string& scratchDir() {
     return dir;
 }
 
-std::string expectedOutput(std::string_view in, int format) {
-    const std::string_view eol = format == 1 ? "\n" : format == 2 ? "\r" : "\r\n";
+std::string expectedOutput(std::string_view in, zol::TextFormat format) {
+    using zol::TextFormat;
+    const std::string_view eol = format == TextFormat::Unix ? "\n" : format == TextFormat::Mac ? "\r" : "\r\n";
     std::string out;
     out.reserve(in.size() * 2);
     for (size_t i = 0; i < in.size(); ++i) {

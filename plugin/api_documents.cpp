@@ -166,8 +166,7 @@ BOOL ZOLAPI Zol_WriteFile(HDOC h, const char* path, int format, BOOL blockOnly) 
     return guarded<BOOL>(0, [&]() -> BOOL {
         Document* doc = docOf(h);
         if (!doc || !path || !*path) return 0;
-        if (format < 0 || format > 2) format = doc->textFormat;
-        return writeFile(*doc, path, format, -1, blockOnly != 0, true);
+        return writeFile(*doc, path, textFormatOf(format).value_or(doc->textFormat), -1, blockOnly != 0, true);
     });
 }
 

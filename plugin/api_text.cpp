@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "engine/columns.h"
+#include "engine/line_capacity.h"
 #include "engine/doc_access.h"
 #include "engine/edit.h"
 #include "engine/executor.h"
@@ -12,9 +13,9 @@
 
 using namespace zol;
 
-namespace {
+static_assert(ZOL_MAX_LINE_LEN == kMaxColumns, "zolder_api.h tells plug-ins the capacity of a line");
 
-constexpr int kLineCapacity = 3200;
+namespace {
 
 int runCommand(HDOC h, int command, int param) {
     Document* doc = docOf(h);
@@ -85,14 +86,14 @@ int ZOLAPI Zol_GetLineLen(HDOC h, int line, BOOL raw) {
     return guarded<int>(-1, [&] { return getLineLen(docOf(h), line, raw); });
 }
 
-int ZOLAPI Zol_GetMaxLineLen(void) { return kLineCapacity; }
+int ZOLAPI Zol_GetMaxLineLen(void) { return kMaxColumns; }
 
 char* ZOLAPI Zol_GetText(HDOC h, int col1, int line1, int col2, int line2) {
     return guarded<char*>(nullptr, [&]() -> char* {
         Document* doc = docOf(h);
         if (!doc || col1 < 1 || line1 < 1 || col2 < 1 || line2 < 1) return nullptr;
-        const Pos from = normalize(*doc, makePos(std::min(col1 - 1, kLineCapacity), line1 - 1));
-        const Pos to = normalize(*doc, makePos(std::min(col2 - 1, kLineCapacity), line2 - 1));
+        const Pos from = normalize(*doc, makePos(std::min(col1 - 1, kMaxColumns), line1 - 1));
+        const Pos to = normalize(*doc, makePos(std::min(col2 - 1, kMaxColumns), line2 - 1));
         return allocCopy(rangeText(*doc, from, to));
     });
 }

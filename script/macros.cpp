@@ -11,6 +11,7 @@
 #include "engine/shell.h"
 #include "engine/text_util.h"
 #include "script/macro_menu.h"
+#include "script/macro_section.h"
 
 namespace zol {
 namespace {
@@ -184,6 +185,8 @@ int executeMacro(Document* doc, const char* name) {
 
 void initMacros() {
     setMacroStore(&executorMacros);
+    setKeyFileMacros({[] { return macroSectionBytes(macros()); },
+                      [](std::string_view section) { return readMacroSection(section, macros()); }});
     registerProfileOwner("MacroMenu", loadMacroMenu, saveMacroMenu);
 }
 

@@ -52,7 +52,8 @@ bool deleteMacro(MacroTable& table, uint16_t id);
 // document, a null or unknown name; else 1.
 int executeMacro(Document* doc, const char* name);
 
-// Installs the macros into the executor and the macro menu into the settings store.
+// Installs the macros into the executor and the key file, and the macro menu into the
+// settings store.
 // Called once at start-up before the settings are loaded.
 void initMacros();
 

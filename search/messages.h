@@ -2,6 +2,7 @@
 // messages are in search/regex.h, shown after kRegexErrorPrefix.
 #pragma once
 
+#include "engine/line_capacity.h"
 #include "search/regex.h"
 
 namespace zol::searchmsg {
@@ -12,6 +13,8 @@ inline constexpr char kNotFound[] = "Cannot find \"%s\".";
 inline constexpr char kGaveUp[] =
     "Regular expression error:  the expression takes too long on line %d; the search was stopped.";
 inline constexpr char kReplacedCount[] = "%d occurrence(s) replaced.";
+// Replacements that would make a line wider than kMaxColumns are refused with these.
+static_assert(kMaxColumns == 3200, "the two messages below name the capacity");
 inline constexpr char kLinesSkipped[] =
     "%d line(s) were left unchanged: the replacement would make them longer than 3200 columns.";
 inline constexpr char kReplaceTooLong[] =

@@ -15,8 +15,9 @@
 #     command), or a command variable (id, cmd, command, lastCmd, call.id, ...)
 #     compared with or offset by a command's number.
 # Only numbers that are some command's count, so undo kinds, macro slot bounds
-# (1000..1149) and the like pass. 1 passes in comparisons: "id < 1" asks for a
-# positive number far more often than for NullCmd. Comments, strings and character
+# (1000..1149) and the like pass. 1 passes in comparisons and uint16_t constants:
+# "id < 1" asks for a positive number, and a 16-bit "kVersion = 1" is a version, far
+# more often than either means NullCmd. Comments, strings and character
 # constants are not read.
 #
 # Usage: command_literals.sh ROOT [LIST]   scans ROOT's product folders
@@ -97,7 +98,7 @@ scan() {  # scan LIST FILE...
     while (match(rest, /[={,][ \t]*[0-9]+[uU]?[ \t]*([,};]|$)/)) {
       num = substr(rest, RSTART + 1, RLENGTH - 1)
       gsub(/[^0-9]/, "", num)
-      if (isCommandNumber(num)) report("command number " num " in a constant of commands")
+      if (isCommandNumber(num) && num != 1) report("command number " num " in a constant of commands")
       rest = substr(rest, RSTART + RLENGTH - 1)
     }
   }

@@ -1,8 +1,9 @@
 #!/bin/sh
-# Below app/ nothing includes Qt; only platform/ includes operating-system headers.
+# Below app/ nothing includes Qt; only platform/ includes operating-system headers;
+# every folder includes only its own layer and the layers below it.
 root=$1
 status=0
-core="engine files syntax search script config tools plugin"
+core="engine files syntax search script config tools proofing plugin"
 for d in $core platform; do
   [ -d "$root/$d" ] || continue
   if grep -rnE '#include *<Q' "$root/$d"; then
@@ -15,4 +16,26 @@ for d in $core; do
     echo "operating-system header outside platform/ (in $d/)"; status=1
   fi
 done
+
+# The layers of DESIGN.md, bottom up. Of the folders that share a layer, script/ sits
+# on config/: the macros are kept in the key file and the macro menu in the settings,
+# so config/ must never include script/ (the two would include each other).
+dirs=
+for d in $core platform; do [ -d "$root/$d" ] && dirs="$dirs $d"; done
+if ! (cd "$root" && grep -rnE '^# *include *"[a-z]+/' $dirs) | awk '
+  BEGIN {
+    rank["platform"] = 0; rank["engine"] = 1
+    rank["files"] = rank["syntax"] = rank["search"] = 2
+    rank["script"] = rank["config"] = rank["tools"] = rank["proofing"] = 3
+    rank["plugin"] = 4; rank["app"] = 5
+  }
+  {
+    from = $0; sub(/\/.*/, "", from)
+    to = $0; sub(/^[^"]*"/, "", to); sub(/\/.*/, "", to)
+    if (!(to in rank)) next
+    if (rank[to] > rank[from] || (from == "config" && to == "script")) { print; bad = 1 }
+  }
+  END { exit bad }'; then
+  echo "a folder includes a folder above it (config/ counts script/ as above)"; status=1
+fi
 exit $status

@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "config/default_keys.h"
-#include "config/keyfile.h"
+#include "script/macro_section.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {

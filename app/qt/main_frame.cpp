@@ -210,7 +210,7 @@ bool TMainFrame::askSaveName(std::string& path, int& format, const QString& titl
 
 bool TMainFrame::saveAs(Document& doc) {
     std::string path = doc.fileName;
-    int format = doc.textFormat;
+    int format = static_cast<int>(doc.textFormat);
     if (!askSaveName(path, format, QString::fromLatin1(qtmsg::kSaveAsTitle))) return false;
     const bool saved = saveDocumentAs(doc, path, format);
     if (saved) {
@@ -234,9 +234,9 @@ void TMainFrame::openFileDialog() {
 bool TMainFrame::writeBlock(Document& doc) {
     if (!hasSelection(doc)) return false;
     std::string path;
-    int format = doc.textFormat;
+    int format = static_cast<int>(doc.textFormat);
     if (!askSaveName(path, format, QString::fromLatin1(qtmsg::kSaveAsTitle))) return false;
-    return writeFile(doc, path, format, -1, true, true);
+    return writeFile(doc, path, textFormatOf(format).value_or(TextFormat::Dos), -1, true, true);
 }
 
 bool TMainFrame::readBlock(Document& doc) {

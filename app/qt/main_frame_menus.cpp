@@ -219,7 +219,7 @@ void TMainFrame::refreshStatus() {
     }
     position_->setText(QString::fromLatin1(qtmsg::kLineColumn).arg(doc->cursor.line + 1).arg(doc->cursor.col + 1));
     insertMode_->setText(QString::fromLatin1(options().overwrite ? qtmsg::kOverwrite : qtmsg::kInsert));
-    const int fmt = doc->textFormat >= 0 && doc->textFormat <= 2 ? doc->textFormat : 0;
+    const auto fmt = static_cast<size_t>(doc->textFormat);
     format_->setText(QString::fromLatin1(qtmsg::kFormatNames[fmt]));
     modified_->setText(doc->modified ? QString::fromLatin1(qtmsg::kModified) : QString());
     readOnly_->setText(doc->readOnly ? QString::fromLatin1(qtmsg::kReadOnly) : QString());

@@ -11,6 +11,7 @@
 #include "engine/edit.h"
 #include "engine/selection.h"
 #include "engine/shell.h"
+#include "engine/text_util.h"
 #include "engine/undo.h"
 
 namespace zol {
@@ -49,21 +50,6 @@ ClipboardData appended(const ClipboardData& old, const ClipboardData& add) {
     return data;
 }
 
-// The rows of a column block; a line end after the last row ends it, it adds no row.
-std::vector<std::string_view> blockRows(std::string_view text) {
-    std::vector<std::string_view> rows;
-    size_t start = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\r' || text[i] == '\n') {
-            rows.push_back(text.substr(start, i - start));
-            if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-            start = i + 1;
-        }
-    }
-    if (start < text.size() || rows.empty()) rows.push_back(text.substr(start));
-    return rows;
-}
-
 // A line with a block row put in at column `col`. A tab cut by the column leaves
 // blanks on both sides, so the rest of the line keeps its columns. `rowEnd` gets
 // the byte offset after the row.
@@ -91,7 +77,7 @@ std::string insertRow(std::string_view line, int col, std::string_view row, size
 // Puts each row of the block into successive lines at the cursor column, adding
 // lines at the end of the document as needed, as one replacement of those lines.
 int pasteColumnBlock(Document& doc, std::string_view text) {
-    const std::vector<std::string_view> rows = blockRows(text);
+    const std::vector<std::string_view> rows = splitLines(text, FinalLineEnd::EndsLastRow);
     const Pos at = doc.cursor;
     const int32_t last = lastLine(doc);
     const int32_t bottom = std::min<int32_t>(at.line + static_cast<int32_t>(rows.size()) - 1, last);

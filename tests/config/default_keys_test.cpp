@@ -6,6 +6,7 @@
 
 #include "config/default_keys.h"
 #include "config/keyfile.h"
+#include "script/macro_section.h"
 #include "engine/document.h"
 #include "engine/executor.h"
 

@@ -4,6 +4,7 @@
 
 #include "config/default_keys.h"
 #include "config/keyfile.h"
+#include "script/macro_section.h"
 #include "config/keymap_messages.h"
 #include "config/settings.h"
 #include "engine/executor.h"
@@ -193,8 +194,11 @@ protected:
         settings().keyMappingFile = "ZOL.KEY";
         keyMap() = sentinelMap();
         macros() = MacroTable{};
+        setKeyFileMacros({[] { return macroSectionBytes(macros()); },
+                          [](std::string_view section) { return readMacroSection(section, macros()); }});
     }
     void TearDown() override {
+        setKeyFileMacros({});
         setShell(nullptr);
         keyMap() = KeyMap{};
         macros() = MacroTable{};

@@ -212,7 +212,7 @@ TEST(Access, TextFormatAcceptsOnlyKnownValues) {
     Document doc;
     EXPECT_TRUE(setTextFileFormat(&doc, 1));
     EXPECT_FALSE(setTextFileFormat(&doc, 3));
-    EXPECT_EQ(doc.textFormat, 1);
+    EXPECT_EQ(doc.textFormat, TextFormat::Unix);
 }
 
 }  // namespace

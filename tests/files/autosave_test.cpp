@@ -6,7 +6,6 @@
 
 #include "files/autosave.h"
 #include "files/messages.h"
-#include "files/textfile.h"
 #include "platform/dirsearch.h"
 #include "tests/files/files_fixture.h"
 
@@ -33,12 +32,12 @@ TEST_F(AutoSave, ModifiedDocumentsGoToTheirOwnFreshSideFiles) {
     doc->modified = false;
     EXPECT_FALSE(autoSaveDocument(*doc, dir_));
     doc->modified = true;
-    doc->textFormat = 1;
+    doc->textFormat = TextFormat::Unix;
     ASSERT_TRUE(autoSaveDocument(*doc, dir_));
     EXPECT_EQ(bytesOf(doc->autoSaveFile), "one\ntwo\n");
     EXPECT_TRUE(doc->modified);
     const std::string first = doc->autoSaveFile;
-    doc->textFormat = 0;
+    doc->textFormat = TextFormat::Dos;
     ASSERT_TRUE(autoSaveDocument(*doc, dir_));
     EXPECT_EQ(doc->autoSaveFile, first);
     EXPECT_EQ(bytesOf(first), "one\r\ntwo\r\n");
@@ -65,17 +64,6 @@ TEST_F(AutoSave, FailuresAreSilentAndKeepTheDocumentModified) {
     EXPECT_TRUE(doc->autoSaveFile.empty());
     EXPECT_TRUE(doc->modified);
     EXPECT_TRUE(shell_.messages.empty());
-}
-
-TEST_F(AutoSave, OnlyASaveThatClearsModifiedRemovesTheSideFile) {
-    auto doc = modifiedDoc({"text"});
-    doc->fileName = path("real.txt");
-    doc->hasFile = true;
-    ASSERT_TRUE(autoSaveDocument(*doc, dir_));
-    ASSERT_TRUE(writeFile(*doc, path("copy.txt"), 0, -1, false, true));
-    EXPECT_EQ(sideFiles().size(), 1u);
-    ASSERT_TRUE(writeFile(*doc, doc->fileName, 0, -1, false, false));
-    EXPECT_TRUE(sideFiles().empty());
 }
 
 TEST_F(AutoSave, RecoveryNamesDocumentsInOrderAndRemovesSideFiles) {

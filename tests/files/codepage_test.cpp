@@ -60,8 +60,6 @@ protected:
 
 TEST(CodePageTables, SharedCharactersGoThereAndBackOthersLookAlike) {
     const ConvertTable toAnsi = oemToAnsiTable(), toOem = ansiToOemTable();
-    EXPECT_EQ(toAnsi[0x82], 0xE9);  // é
-    EXPECT_EQ(toOem[0xC4], 0x8E);   // Ä
     EXPECT_EQ(toOem[0x80], 'E');    // €
     EXPECT_EQ(toAnsi[0xC9], '+');   // a box corner
     int shared = 0;

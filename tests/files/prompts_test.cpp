@@ -70,17 +70,5 @@ TEST_F(PromptTest, ChangedFilesAreOfferedForReloadOnce) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(PromptTest, LeavingAModifiedDocumentAsksToSave) {
-    Document doc;
-    doc.fileName = "/w/a.txt";
-    EXPECT_EQ(askSaveChanges(doc), Answer::No);
-    EXPECT_TRUE(shell_.questions.empty());
-
-    doc.modified = true;
-    shell_.answers = {Answer::Cancel};
-    EXPECT_EQ(askSaveChanges(doc), Answer::Cancel);
-    EXPECT_EQ(shell_.questions, Lines{"The text in the /w/a.txt file has changed. Do you want to save changes?"});
-}
-
 }  // namespace
 }  // namespace zol::test

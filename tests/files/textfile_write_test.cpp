@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "files/autosave.h"
 #include "files/messages.h"
 #include "files/textfile.h"
 #include "files_fixture.h"
@@ -11,39 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 using WriteTest = FilesTest;
-
-TEST_F(WriteTest, ReadingAndWritingBackKeepsTheBytes) {
-    struct Case {
-        std::string in, out;  // out differs only where one file mixes line ends
-    };
-    const Case cases[] = {
-        {"a\r\nb\r\n", "a\r\nb\r\n"},
-        {"a\nb\n\n", "a\nb\n\n"},
-        {"a\rb\r", "a\rb\r"},
-        {"x \t y\r\nlast", "x \t y\r\nlast"},
-        {"", ""},
-        {"\n", "\n"},
-        {"a\nb\r\nc\rd", "a\nb\nc\nd"},
-        {std::string("hi\xff\x80\x01", 5), std::string("hi\xff\x80\x01", 5)},
-    };
-    for (const Case& c : cases) {
-        Document doc;
-        ASSERT_TRUE(readFile(doc, put("in", c.in), true));
-        ASSERT_TRUE(writeFile(doc, path("out"), doc.textFormat, -1, false, false));
-        EXPECT_EQ(bytesOf(path("out")), c.out) << c.in;
-    }
-    EXPECT_TRUE(shell_.messages.empty());
-}
-
-TEST_F(WriteTest, FormatChoosesTheLineEnd) {
-    Document doc;
-    setLines(doc, {"a", "b", ""});
-    const char* expected[] = {"a\r\nb\r\n", "a\nb\n", "a\rb\r", "a\r\nb\r\n"};
-    for (int format = 0; format < 4; ++format) {
-        ASSERT_TRUE(writeFile(doc, path("f"), format, -1, false, false));
-        EXPECT_EQ(bytesOf(path("f")), expected[format]);
-    }
-}
 
 TEST_F(WriteTest, BackupNames) {
     EXPECT_EQ(backupName("c:\\dir.x\\readme", 0), "c:\\dir.x\\readme.bak");
@@ -65,7 +33,7 @@ TEST_F(WriteTest, TheOldFileBecomesTheBackup) {
         put(c.name, "old\r\n");
         Document doc;
         setLines(doc, {"new"});
-        ASSERT_TRUE(writeFile(doc, path(c.name), 0, c.style, false, false)) << c.name;
+        ASSERT_TRUE(writeFile(doc, path(c.name), TextFormat::Dos, c.style, false, false)) << c.name;
         EXPECT_EQ(bytesOf(path(c.name)), "new") << c.name;
         EXPECT_EQ(bytesOf(path(c.backup)), "old\r\n") << c.name;
         fs::remove(path(c.backup));
@@ -76,8 +44,8 @@ TEST_F(WriteTest, TheOldFileBecomesTheBackup) {
     put("x.bak", "old");
     Document doc;
     setLines(doc, {"new"});
-    ASSERT_TRUE(writeFile(doc, path("b.txt"), 0, -1, false, false));
-    ASSERT_TRUE(writeFile(doc, path("x.bak"), 0, 0, false, false));
+    ASSERT_TRUE(writeFile(doc, path("b.txt"), TextFormat::Dos, -1, false, false));
+    ASSERT_TRUE(writeFile(doc, path("x.bak"), TextFormat::Dos, 0, false, false));
     EXPECT_FALSE(fs::exists(path("b.bak")));
     EXPECT_EQ(bytesOf(path("x.bak")), "new");
     EXPECT_EQ(shell_.messages, Lines{});
@@ -93,7 +61,7 @@ TEST_F(WriteTest, RefusedWritesLeaveFileAndDocumentAlone) {
     Document doc;
     setLines(doc, {"changed"});
     doc.modified = true;
-    EXPECT_FALSE(writeFile(doc, locked, 0, 0, false, false));
+    EXPECT_FALSE(writeFile(doc, locked, TextFormat::Dos, 0, false, false));
     EXPECT_EQ(bytesOf(locked), "mine");
     EXPECT_FALSE(fs::exists(path("locked.bak")));
     EXPECT_TRUE(doc.modified);
@@ -101,27 +69,31 @@ TEST_F(WriteTest, RefusedWritesLeaveFileAndDocumentAlone) {
 
     for (const std::string& p : {path("no/such/folder.txt"), dir_}) {
         shell_.messages.clear();
-        EXPECT_FALSE(writeFile(doc, p, 0, 0, false, false));
+        EXPECT_FALSE(writeFile(doc, p, TextFormat::Dos, 0, false, false));
         EXPECT_TRUE(doc.modified);
         EXPECT_EQ(shell_.messages, Lines{filemsg::withFileName(filemsg::kCannotOpenWrite, p)});
     }
 }
 
-TEST_F(WriteTest, ModifiedFlagAndFileTime) {
+TEST_F(WriteTest, OnlyASaveThatClearsModifiedTakesTheFileTimeAndDropsTheSideFile) {
     const std::string own = put("own.txt", "x");
     Document doc;
     ASSERT_TRUE(readFile(doc, own, true));
     setLines(doc, {"y"});
     doc.modified = true;
     doc.fileTime = 1;
+    ASSERT_TRUE(autoSaveDocument(doc, dir_));
+    const std::string side = doc.autoSaveFile;
 
-    ASSERT_TRUE(writeFile(doc, path("copy.txt"), 0, -1, false, true));
+    ASSERT_TRUE(writeFile(doc, path("copy.txt"), TextFormat::Dos, -1, false, true));
     EXPECT_TRUE(doc.modified);
     EXPECT_EQ(doc.fileTime, 1u);  // another file's time is not this document's
+    EXPECT_TRUE(fs::exists(side));
 
-    ASSERT_TRUE(writeFile(doc, own, 0, -1, false, false));
+    ASSERT_TRUE(writeFile(doc, own, TextFormat::Dos, -1, false, false));
     EXPECT_FALSE(doc.modified);
     EXPECT_EQ(doc.fileTime, fileTime32(own));
+    EXPECT_FALSE(fs::exists(side));
 }
 
 TEST_F(WriteTest, PermissionsAndLinksSurviveTheReplacement) {
@@ -131,7 +103,7 @@ TEST_F(WriteTest, PermissionsAndLinksSurviveTheReplacement) {
     fs::create_symlink(script, path("link.sh"));
     Document doc;
     setLines(doc, {"new"});
-    ASSERT_TRUE(writeFile(doc, path("link.sh"), 1, 0, false, false));
+    ASSERT_TRUE(writeFile(doc, path("link.sh"), TextFormat::Unix, 0, false, false));
     EXPECT_TRUE(fs::is_symlink(path("link.sh")));
     EXPECT_EQ(bytesOf(script), "new");
     EXPECT_EQ(bytesOf(path("run.bak")), "old");
@@ -146,18 +118,18 @@ TEST_F(WriteTest, BlockWritesTheSelectionOnly) {
     doc.selExists = true;
     doc.selAnchor = makePos(3, 2);  // ends in either order; column 3 lies inside the tab
     doc.selEnd = makePos(2, 0);
-    ASSERT_TRUE(writeFile(doc, path("char"), 1, -1, true, false));
+    ASSERT_TRUE(writeFile(doc, path("char"), TextFormat::Unix, -1, true, false));
     EXPECT_EQ(bytesOf(path("char")), "llo\nworld\n");
 
     doc.selMode = SelMode::Column;
     doc.selAnchor = makePos(1, 0);
     doc.selEnd = makePos(6, 2);
-    ASSERT_TRUE(writeFile(doc, path("col"), 0, -1, true, false));
+    ASSERT_TRUE(writeFile(doc, path("col"), TextFormat::Dos, -1, true, false));
     EXPECT_EQ(bytesOf(path("col")), "ello\r\norld\r\n\tag");
     EXPECT_TRUE(doc.modified);
 
     doc.selExists = false;
-    EXPECT_FALSE(writeFile(doc, path("none"), 0, -1, true, false));
+    EXPECT_FALSE(writeFile(doc, path("none"), TextFormat::Dos, -1, true, false));
     EXPECT_FALSE(fs::exists(path("none")));
 }
 

@@ -33,7 +33,7 @@ using FrameTest = DesktopTest;
 TEST_F(FrameTest, SaveKeepsFormatAndReloadAsksOnOutsideChange) {
     Document* d = open("unix.txt", "one\ntwo\n");
     ASSERT_NE(d, nullptr);
-    EXPECT_EQ(d->textFormat, 1);
+    EXPECT_EQ(d->textFormat, TextFormat::Unix);
     QTest::keyClick(view(), Qt::Key_End);
     QTest::keyClicks(view(), "!");
     QTest::keyClick(view(), Qt::Key_S, Qt::ControlModifier);
