@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <fstream>
 
 #include "config/keymap.h"
 #include "engine/executor.h"
@@ -9,6 +8,7 @@
 #include "platform/paths.h"
 #include "plugin/zolder_api.h"
 #include "tests/plugin/plugin_fixture.h"
+#include "tests/support/files.h"
 
 namespace zol {
 namespace {
@@ -30,13 +30,8 @@ TEST_F(PlugInTest, SplashLoadsFirstSdkLastAndBrokenModulesAreSkipped) {
     install("recorder.zop", "Splash.ZOP");
     install("noinit.zop", "noinit.zop");
     fs::create_directory(plugInDir() + "folder.zop");
-    std::ofstream(plugInDir() + "text.zop") << "not a library";
-    {
-        std::ifstream in(built("recorder.zop"), std::ios::binary);
-        std::string head(2000, '\0');
-        in.read(head.data(), static_cast<std::streamsize>(head.size()));
-        std::ofstream(plugInDir() + "truncated.zop", std::ios::binary) << head;
-    }
+    test::writeBytes(plugInDir() + "text.zop", "not a library");
+    test::writeBytes(plugInDir() + "truncated.zop", test::readBytes(built("recorder.zop")).substr(0, 2000));
     LibraryHandle splash = keep("Splash.ZOP");
     start();
 
@@ -162,7 +157,7 @@ TEST_F(PlugInTest, DocumentEventsArriveWhenTheyHappen) {
     LibraryHandle rec = keep("recorder.zop");
     start();
     const std::string file = home_ + "a.txt";
-    std::ofstream(file) << "one\n";
+    test::writeBytes(file, "one\n");
     fn<void (*)()>(rec, "recorder_clear")();
 
     Document* first = newDocument(app_);
@@ -192,9 +187,7 @@ TEST_F(PlugInTest, AModuleDrivesAWholeEditThroughTheInterface) {
     Document* doc = newDocument(app_);
     const std::string path = home_ + "driven.c";
     EXPECT_EQ(fn<int (*)(void*, const char*)>(rec, "recorder_drive")(doc, path.c_str()), 0);
-    std::ifstream in(path, std::ios::binary);
-    const std::string saved((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    EXPECT_EQ(saved, "int main(void)\r\n{\r\n    return 42;\r\n}\r\n");
+    EXPECT_EQ(test::readBytes(path), "int main(void)\r\n{\r\n    return 42;\r\n}\r\n");
     EXPECT_FALSE(doc->modified);
     EXPECT_NE(logOf(rec).find("e105 e106"), std::string::npos);
 }

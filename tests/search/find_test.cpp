@@ -14,6 +14,7 @@
 #include "search/history.h"
 #include "search/replace.h"
 #include "tests/engine/command_fixture.h"
+#include "tests/support/fake_shell.h"
 
 namespace zol {
 namespace {
@@ -258,46 +259,21 @@ TEST_F(DocSearch, WordAtCursorSearches) {
     EXPECT_EQ(sel(end), makePos(4, 0));  // a selection is plain text, "food" holds it
 }
 
-// A shell whose dialogs answer with prepared choices.
-class DialogShell final : public Shell {
-public:
-    void message(std::string_view text) override { messages.emplace_back(text); }
-    Answer ask(std::string_view, bool) override { return Answer::Cancel; }
-    void statusMessage(std::string_view text) override { status.emplace_back(text); }
-    ClipboardData getClipboard() override { return {}; }
-    void setClipboard(const ClipboardData&) override {}
-    FindDialogResult findDialog(FindDialogData& data, bool replace) override {
-        seen = data;
-        sawReplace = replace;
-        data = answer;
-        return result;
-    }
-    bool askNumber(std::string_view, int& value) override {
-        value = number;
-        return number > 0;
-    }
-    FindDialogData seen, answer;
-    bool sawReplace = false;
-    FindDialogResult result = FindDialogResult::Cancel;
-    int number = 0;
-    std::vector<std::string> messages, status;
-};
-
 TEST_F(DocSearch, DialogsHistoriesAndGoTo) {
-    DialogShell dlg;
+    test::FakeShell dlg;
     setShell(&dlg);
     std::vector<std::string> finds{"old"}, replaces;
     initSearch(&finds, &replaces);
     test::fill(doc, "word x\nx word");
     EXPECT_EQ(run("Find"), 0);  // cancelled
-    EXPECT_EQ(dlg.seen.findText, "word");
+    EXPECT_EQ(dlg.findShown.findText, "word");
     EXPECT_FALSE(lastSearch().valid);
 
-    dlg.result = FindDialogResult::ReplaceAll;
-    dlg.answer.findText = "x";
-    dlg.answer.replaceText = "yy";
+    dlg.findResult = FindDialogResult::ReplaceAll;
+    dlg.findChoice.findText = "x";
+    dlg.findChoice.replaceText = "yy";
     EXPECT_EQ(run("Replace"), 1);
-    EXPECT_TRUE(dlg.sawReplace);
+    EXPECT_TRUE(dlg.findWasReplace);
     EXPECT_EQ(text(), "word yy\nyy word");
     ASSERT_FALSE(dlg.messages.empty());
     EXPECT_EQ(dlg.messages.back(), "2 occurrence(s) replaced.");
@@ -305,8 +281,8 @@ TEST_F(DocSearch, DialogsHistoriesAndGoTo) {
     EXPECT_EQ(replaces, (std::vector<std::string>{"yy"}));
     EXPECT_EQ(undoDepth(), 1u);
 
-    dlg.result = FindDialogResult::Find;
-    dlg.answer.findText = "nothing";
+    dlg.findResult = FindDialogResult::Find;
+    dlg.findChoice.findText = "nothing";
     EXPECT_EQ(run("Find"), 0);
     EXPECT_EQ(dlg.status.back(), "Cannot find \"nothing\".");
 
