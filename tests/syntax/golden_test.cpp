@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <iterator>
 #include <set>
 
 #include "syntax/commands.h"
@@ -23,36 +22,6 @@ namespace fs = std::filesystem;
 
 const fs::path kGolden = fs::path(ZOLDER_SOURCE_DIR) / "tests/syntax/golden";
 
-// The definition with every slot painting its own number, so that the scanner's output
-// says which rule coloured a character rather than which colour the user chose for it.
-SyntaxHighlight paintingSlots(SyntaxHighlight d) {
-    for (int s = 1; s <= kColourSlots; ++s) d.colour[static_cast<size_t>(s)] = static_cast<uint8_t>(s);
-    return d;
-}
-
-std::string slotName(uint8_t slot) {
-    static const char* const names[] = {nullptr, "cm", "pp", "str", "num", "dl", "op", "kw", "", "bg", "ln"};
-    return slot >= 1 && slot < std::size(names) ? names[slot] : std::to_string(slot);
-}
-
-// "{name}" starts a run of a slot, "{}" goes back to text, every line starts as text and
-// "{{" is a brace of the sample.
-std::string styled(const SyntaxHighlight& bySlot, std::string_view text, int inComment, int* result) {
-    std::vector<uint8_t> slots(text.size(), 0);
-    *result = scanLine(bySlot, text, slots.data(), inComment);
-    std::string out;
-    uint8_t current = kColText;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (slots[i] != current) {
-            current = slots[i];
-            out += "{" + slotName(current) + "}";
-        }
-        out += text[i];
-        if (text[i] == '{') out += '{';
-    }
-    return out;
-}
-
 std::string join(const std::vector<std::string>& lines) {
     std::string s;
     for (const std::string& l : lines) s += l + "\n";
@@ -66,11 +35,11 @@ fs::path sampleIn(const fs::path& dir) {
 }
 
 // Each line with the bit stored in the line before.
-std::vector<std::string> paintFromDocument(const Document& doc, const SyntaxHighlight& bySlot) {
+std::vector<std::string> paintFromDocument(const Document& doc, const SyntaxHighlight& def) {
     std::vector<std::string> out;
-    int prev = 0, ignored = 0;
+    int prev = 0;
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) {
-        out.push_back(styled(bySlot, doc.lines.text(r), prev, &ignored));
+        out.push_back(styled(def, doc.lines.text(r), prev));
         prev = doc.lines.header(r).comment;
     }
     return out;
@@ -98,11 +67,10 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
     }
     ASSERT_NE(slot, 0) << "no definition for " << sample;
     const SyntaxHighlight& def = *definitionAt(syntaxTable(), slot);
-    const SyntaxHighlight bySlot = paintingSlots(def);
 
     std::vector<std::string> whole;
     int bit = 0;
-    for (const std::string& l : lines) whole.push_back(styled(bySlot, l, bit, &bit));
+    for (const std::string& l : lines) whole.push_back(styled(def, l, bit, &bit));
 
     const std::string record = (dir / "expected.txt").string();
     if (std::getenv("ZOLDER_UPDATE_GOLDEN")) writeBytes(record, join(whole));
@@ -116,7 +84,7 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
         insertText(doc, i + 1 < lines.size() ? lines[i] + "\n" : lines[i]);
     }
     ASSERT_EQ(docLines(doc), lines);
-    EXPECT_EQ(paintFromDocument(doc, bySlot), whole) << def.name << " built upwards";
+    EXPECT_EQ(paintFromDocument(doc, def), whole) << def.name << " built upwards";
 
     // Every line joined to the one before and split again.
     for (int32_t i = 1; i < lastLine(doc) + 1; ++i) {
@@ -126,7 +94,7 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
         insertText(doc, "\n");
     }
     ASSERT_EQ(docLines(doc), lines);
-    EXPECT_EQ(paintFromDocument(doc, bySlot), whole) << def.name << " after joins and splits";
+    EXPECT_EQ(paintFromDocument(doc, def), whole) << def.name << " after joins and splits";
 }
 
 std::vector<std::string> languages() {

@@ -2,6 +2,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,28 @@ inline std::string colours(const SyntaxHighlight& d, std::string_view text, int 
     std::string s;
     for (uint8_t c : out) s += colourChar(c);
     return s;
+}
+
+// The colours of one line as golden/README.md writes them, "{kw}int{} main{dl}(": each
+// character under the mark of the slot that coloured it, whatever palette colour the
+// definition gives that slot.
+inline std::string styled(SyntaxHighlight d, std::string_view text, int inComment = 0, int* result = nullptr) {
+    static const char* const names[] = {"?", "cm", "pp", "str", "num", "dl", "op", "kw", "", "bg", "ln"};
+    for (size_t s = 1; s < std::size(names); ++s) d.colour[s] = static_cast<uint8_t>(s);
+    std::vector<uint8_t> slots(text.size(), 0);
+    const int r = scanLine(d, text, slots.data(), inComment);
+    if (result) *result = r;
+    std::string out;
+    uint8_t current = kColText;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (slots[i] != current) {
+            current = slots[i];
+            out += "{" + std::string(names[current < std::size(names) ? current : 0]) + "}";
+        }
+        out += text[i];
+        if (text[i] == '{') out += '{';
+    }
+    return out;
 }
 
 inline std::vector<std::string> docLines(const Document& doc) {
