@@ -29,6 +29,7 @@ protected:
     TempDir tmp_{"zole2e"};
 };
 
+// The other options it refuses are in tests/app/cli_test.cpp.
 TEST_F(Binary, HelpVersionAndBadOptions) {
     Outcome r = zolder({"--help"});
     EXPECT_EQ(r.status, 0);
@@ -39,8 +40,6 @@ TEST_F(Binary, HelpVersionAndBadOptions) {
     r = zolder({"--frobnicate"});
     EXPECT_EQ(r.status, 2);
     EXPECT_NE(r.err.find("unknown option '--frobnicate'"), std::string::npos);
-    EXPECT_EQ(zolder({"--headless", "--home"}).status, 2);
-    EXPECT_EQ(zolder({"--run", "x.c"}).status, 2);
 }
 
 TEST_F(Binary, OpensFilesAndSummarisesThem) {

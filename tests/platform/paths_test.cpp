@@ -6,8 +6,6 @@
 namespace zol {
 namespace {
 
-using test::TempHome;
-
 TEST(PathParts, BothSeparatorsSplit) {
     EXPECT_EQ(fileNamePart("C:\\dir/sub\\name.ext"), "name.ext");
     EXPECT_EQ(folderPart("C:\\dir/sub\\name.ext"), "C:\\dir/sub\\");
@@ -32,7 +30,7 @@ TEST(PathParts, FullPathFoldsDotsAndSeparators) {
     EXPECT_EQ(fullPath(""), currentDir());
 }
 
-class HomeFolder : public TempHome {};
+using HomeFolder = test::TempHome;
 
 TEST_F(HomeFolder, ResolutionPrefersArgumentThenEnvironment) {
     std::string zh = std::getenv("ZOLDER_HOME") ? std::getenv("ZOLDER_HOME") : "";

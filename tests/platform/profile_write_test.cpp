@@ -4,9 +4,7 @@
 namespace zol {
 namespace {
 
-using test::TempHome;
-
-class ProfileWrite : public TempHome {};
+using ProfileWrite = test::TempHome;
 
 const char* const kSample =
     "; settings of a careful user\r\n"

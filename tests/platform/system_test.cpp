@@ -7,9 +7,7 @@
 namespace zol {
 namespace {
 
-using test::TempHome;
-
-class InstanceLocking : public TempHome {};
+using InstanceLocking = test::TempHome;
 
 TEST_F(InstanceLocking, EachInstanceSeesTheOthers) {
     InstanceLock first, second;
@@ -30,7 +28,7 @@ TEST_F(InstanceLocking, EachInstanceSeesTheOthers) {
     EXPECT_FALSE(takeInstanceLock(first, dir + "missing/"));
 }
 
-class Registry : public TempHome {};
+using Registry = test::TempHome;
 
 TEST_F(Registry, ValuesKeepTheirType) {
     const char* key = "Software\\VEK\\Zolder\\Install";
@@ -56,7 +54,7 @@ TEST_F(Registry, HandWrittenValues) {
     EXPECT_EQ(registryGetInt(RegistryRoot::LocalMachine, "Soft\\App", "long"), std::nullopt);
 }
 
-class FileFacts : public TempHome {};
+using FileFacts = test::TempHome;
 
 TEST_F(FileFacts, AttributesOfFilesAndFolders) {
     put("f.txt", "12345");

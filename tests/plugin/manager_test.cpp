@@ -68,7 +68,7 @@ TEST_F(PlugInTest, LoadingAgainAnswersOneWithoutInitialisingAgain) {
     // A module loaded while the program runs hears that it started, alone.
     install("recorder.zop", "late.zop");
     LibraryHandle late = keep("late.zop");
-    fn<void (*)()>(rec, "recorder_clear")();
+    takeLog(rec);
     EXPECT_EQ(XPZ_LoadPlugIn("late.zop"), 1);
     EXPECT_EQ(logOf(late), "e50 ");
     EXPECT_EQ(logOf(rec), "");
@@ -158,23 +158,19 @@ TEST_F(PlugInTest, DocumentEventsArriveWhenTheyHappen) {
     start();
     const std::string file = home_ + "a.txt";
     test::writeBytes(file, "one\n");
-    fn<void (*)()>(rec, "recorder_clear")();
+    takeLog(rec);
 
     Document* first = newDocument(app_);
-    EXPECT_EQ(logOf(rec), "e100 e120 ");
-    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_EQ(takeLog(rec), "e100 e120 ");
     Document* opened = openDocument(app_, file);
     ASSERT_NE(opened, nullptr);
-    EXPECT_EQ(logOf(rec), "e107 e101 e121 e120 ");
-    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_EQ(takeLog(rec), "e107 e101 e121 e120 ");
     EXPECT_TRUE(saveDocument(*opened));
-    EXPECT_EQ(logOf(rec), "e105 e106 ");
-    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_EQ(takeLog(rec), "e105 e106 ");
     EXPECT_TRUE(closeDocument(app_, opened));
-    EXPECT_EQ(logOf(rec), "e108 e109 e121 e120 ");
+    EXPECT_EQ(takeLog(rec), "e108 e109 e121 e120 ");
     EXPECT_EQ(app_.active, first);
 
-    fn<void (*)()>(rec, "recorder_clear")();
     shutDown(app_);
     EXPECT_EQ(logOf(rec), "e4 e3 e109 e121 unload ");
     EXPECT_TRUE(plugInManager().modules.empty());

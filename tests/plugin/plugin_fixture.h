@@ -55,6 +55,12 @@ protected:
         return reinterpret_cast<Fn>(librarySymbol(lib, name));
     }
     static std::string logOf(LibraryHandle lib) { return fn<const char* (*)()>(lib, "recorder_log")(); }
+    // The log so far, which starts again empty.
+    static std::string takeLog(LibraryHandle lib) {
+        std::string log = logOf(lib);
+        fn<void (*)()>(lib, "recorder_clear")();
+        return log;
+    }
 
     TempDir tmp_{"zplug"};
     std::string home_ = tmp_.dir();
