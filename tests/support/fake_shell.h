@@ -21,6 +21,7 @@ public:
     bool askMacroName(std::string& name) override;
     FindDialogResult findDialog(FindDialogData& data, bool replace) override;
     bool askNumber(std::string_view prompt, int& value) override;
+    int chooseCharacter(std::string_view) override { return character.value_or(-1); }
     bool openFile(const std::string& path) override;
 
     // Message boxes, questions, status-bar texts and files opened, in order.
@@ -40,8 +41,9 @@ public:
     FindDialogData findShown, findChoice;
     bool findWasReplace = false;
     FindDialogResult findResult = FindDialogResult::Cancel;
-    // The go-to dialogs: the number typed; without one they are cancelled.
-    std::optional<int> number;
+    // The go-to dialogs and the symbol table: what the user typed or chose; without it
+    // they are cancelled.
+    std::optional<int> number, character;
 };
 
 }  // namespace zol::test
