@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "platform/dirsearch.h"
 #include "tests/platform/temp_home.h"
 

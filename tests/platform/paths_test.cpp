@@ -1,7 +1,8 @@
+#include <cstdlib>
+#include <filesystem>
+
 #include "platform/paths.h"
 #include "tests/platform/temp_home.h"
-
-#include <cstdlib>
 
 namespace zol {
 namespace {

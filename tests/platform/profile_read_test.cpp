@@ -1,7 +1,9 @@
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+
 #include "platform/profile.h"
 #include "tests/platform/temp_home.h"
-
-#include <cstring>
 
 namespace zol {
 namespace {

@@ -1,3 +1,6 @@
+#include <filesystem>
+#include <fstream>
+
 #include "platform/profile.h"
 #include "tests/platform/temp_home.h"
 

@@ -1,7 +1,12 @@
+#include <filesystem>
+#include <fstream>
+
 #include "platform/clock.h"
 #include "platform/fileinfo.h"
 #include "platform/instance_lock.h"
+#include "platform/paths.h"
 #include "platform/registry.h"
+#include "platform/tempfile.h"
 #include "tests/platform/temp_home.h"
 
 namespace zol {

@@ -2,14 +2,10 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "platform/paths.h"
 #include "platform/profile.h"
-#include "platform/tempfile.h"
 #include "tests/support/temp_dir.h"
 
 namespace zol::test {
