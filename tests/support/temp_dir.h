@@ -13,9 +13,10 @@ public:
     TempDir(const TempDir&) = delete;
     TempDir& operator=(const TempDir&) = delete;
 
-    // Ends in "/"; empty when no folder could be made.
+    // Ends in "/"; empty when no folder could be made, and so is every path in it, so
+    // that nothing lands in the working folder instead.
     const std::string& dir() const { return dir_; }
-    std::string path(std::string_view name) const { return dir_ + std::string(name); }
+    std::string path(std::string_view name) const { return dir_.empty() ? dir_ : dir_ + std::string(name); }
     // Writes bytes to the named file, folders above it included, and returns its path.
     std::string put(std::string_view name, std::string_view bytes) const;
     std::string get(std::string_view name) const;
