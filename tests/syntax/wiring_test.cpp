@@ -10,6 +10,7 @@
 #include "files/save.h"
 #include "files/textfile.h"
 #include "platform/paths.h"
+#include "tests/support/temp_dir.h"
 #include "tests/syntax/syntax_fixture.h"
 
 namespace zol::test {
