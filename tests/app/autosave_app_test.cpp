@@ -1,16 +1,13 @@
 // The application's side of auto-save: the interval, closing, and who may recover.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 #include "app/application.h"
 #include "engine/edit.h"
 #include "engine/options.h"
 #include "files/autosave.h"
 #include "platform/dirsearch.h"
 #include "platform/instance_lock.h"
-#include "platform/tempfile.h"
+#include "tests/support/temp_dir.h"
 
 namespace zol {
 namespace {
@@ -19,11 +16,7 @@ constexpr int64_t kMinute = 60 * 1000;
 
 class AppAutoSave : public ::testing::Test {
 protected:
-    void SetUp() override { home_ = createTempDir("zolapp"); }
-    void TearDown() override {
-        shutDown(app_);
-        std::filesystem::remove_all(home_);
-    }
+    void TearDown() override { shutDown(app_); }
     void start() {
         startUp(app_, StartupOptions{home_, {}});
         options().autoSaveEvery = 2;
@@ -35,7 +28,8 @@ protected:
         return d;
     }
 
-    std::string home_;
+    test::TempDir tmp_{"zolapp"};
+    std::string home_ = tmp_.dir();
     Application app_;
 };
 
@@ -57,7 +51,7 @@ TEST_F(AppAutoSave, TickSavesEachIntervalAndNormalEndsLeaveNothing) {
 }
 
 TEST_F(AppAutoSave, OnlyTheSoleInstanceRecovers) {
-    std::ofstream(home_ + "~zol1234.asd", std::ios::binary) << "left\nbehind";
+    tmp_.put("~zol1234.asd", "left\nbehind");
     InstanceLock other;
     ASSERT_TRUE(takeInstanceLock(other, home_));
     start();

@@ -1,24 +1,16 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "config/default_keys.h"
 #include "config/keyfile.h"
 #include "script/macro_section.h"
 #include "engine/document.h"
 #include "engine/executor.h"
+#include "tests/support/files.h"
 
 namespace zol {
 namespace {
-
-std::string readFile(const std::filesystem::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 // The command a key sequence ("Ctrl+K B") runs in map.
 std::string commandOfKeys(const KeyMap& map, std::string_view keys) {
@@ -58,9 +50,9 @@ TEST(DefaultKeys, EachKindOfKeyReachesItsCommand) {
 
 TEST(DefaultKeys, ShippedFileAndDocumentationFollowTheTable) {
     const std::filesystem::path shipped = std::filesystem::path(ZOLDER_BINARY).parent_path() / "data" / "DEFKEY.ZOL";
-    EXPECT_EQ(readFile(shipped), keyFileBytes(defaultKeyMap(), MacroTable{}));
+    EXPECT_EQ(test::readBytes(shipped), keyFileBytes(defaultKeyMap(), MacroTable{}));
 
-    const std::string doc = readFile(std::filesystem::path(ZOLDER_SOURCE_DIR) / "docs" / "keys.md");
+    const std::string doc = test::readBytes(std::filesystem::path(ZOLDER_SOURCE_DIR) / "docs" / "keys.md");
     for (const DefaultKey& row : defaultKeyRows()) {
         if (std::string_view(row.command).starts_with("Prefix")) continue;
         const std::string line = "| " + std::string(row.keys) + " | `" + row.command + "` |";

@@ -1,10 +1,10 @@
+#include <filesystem>
+
 #include "platform/dirsearch.h"
 #include "tests/platform/temp_home.h"
 
 namespace zol {
 namespace {
-
-using test::TempHome;
 
 TEST(Wildcard, StarsQuestionMarksDotStarAndCase) {
     struct Case {
@@ -25,7 +25,7 @@ TEST(Wildcard, StarsQuestionMarksDotStarAndCase) {
     for (const Case& c : cases) EXPECT_EQ(wildcardMatch(c.pattern, c.name, c.caseless), c.match) << c.pattern << " " << c.name;
 }
 
-class DirSearch : public TempHome {};
+using DirSearch = test::TempHome;
 
 TEST_F(DirSearch, FindsMatchingEntriesSorted) {
     std::filesystem::create_directories(path("d/Sub.txt"));

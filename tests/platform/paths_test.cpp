@@ -1,12 +1,11 @@
+#include <cstdlib>
+#include <filesystem>
+
 #include "platform/paths.h"
 #include "tests/platform/temp_home.h"
 
-#include <cstdlib>
-
 namespace zol {
 namespace {
-
-using test::TempHome;
 
 TEST(PathParts, BothSeparatorsSplit) {
     EXPECT_EQ(fileNamePart("C:\\dir/sub\\name.ext"), "name.ext");
@@ -32,7 +31,7 @@ TEST(PathParts, FullPathFoldsDotsAndSeparators) {
     EXPECT_EQ(fullPath(""), currentDir());
 }
 
-class HomeFolder : public TempHome {};
+using HomeFolder = test::TempHome;
 
 TEST_F(HomeFolder, ResolutionPrefersArgumentThenEnvironment) {
     std::string zh = std::getenv("ZOLDER_HOME") ? std::getenv("ZOLDER_HOME") : "";

@@ -1,14 +1,14 @@
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+
 #include "platform/profile.h"
 #include "tests/platform/temp_home.h"
-
-#include <cstring>
 
 namespace zol {
 namespace {
 
-using test::TempHome;
-
-class ProfileRead : public TempHome {};
+using ProfileRead = test::TempHome;
 
 TEST_F(ProfileRead, NamesMatchWithoutCaseAndFirstDuplicateWins) {
     put("a.ini",
@@ -31,20 +31,16 @@ TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemovedAndMissingGivesTheDefault)
         "empty=\n"
         "bare\n"
         "; commented=1\n");
-    EXPECT_EQ(getProfileString("S", "spaced", "", "a.ini"), "value with blanks");
-    EXPECT_EQ(getProfileString("S", "dq", "", "a.ini"), "  keep inner  ");
-    EXPECT_EQ(getProfileString("S", "sq", "", "a.ini"), "single");
-    EXPECT_EQ(getProfileString("S", "mixed", "", "a.ini"), "\"open'");
-    EXPECT_EQ(getProfileString("S", "twice", "", "a.ini"), "\"x\"");
-    EXPECT_EQ(getProfileString("S", "lone", "", "a.ini"), "\"");
-    // A present but empty key is not missing.
-    EXPECT_EQ(getProfileString("S", "empty", "def", "a.ini"), "");
-    EXPECT_EQ(getProfileString("S", "bare", "def", "a.ini"), "");
-    EXPECT_EQ(getProfileString("S", "; commented", "def", "a.ini"), "def");
+    const struct {
+        const char *section, *key, *value;
+    } cases[] = {
+        {"S", "spaced", "value with blanks"}, {"S", "dq", "  keep inner  "}, {"S", "sq", "single"},
+        {"S", "mixed", "\"open'"},            {"S", "twice", "\"x\""},          {"S", "lone", "\""},
+        {"S", "empty", ""},                   {"S", "bare", ""},  // present but empty is not missing
+        {"S", "; commented", "def"},          {"T", "spaced", "def"},           {"S", "x", "def"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(getProfileString(c.section, c.key, "def", "a.ini"), c.value) << c.key;
     EXPECT_EQ(findProfileString("S", "nothing", "a.ini"), std::nullopt);
-    // Defaults for a missing section, key or file.
-    EXPECT_EQ(getProfileString("T", "spaced", "d", "a.ini"), "d");
-    EXPECT_EQ(getProfileString("S", "x", "d", "a.ini"), "d");
     EXPECT_EQ(getProfileString("S", "k", "dflt  ", "none.ini"), "dflt");
     EXPECT_FALSE(exists("none.ini"));
 }
@@ -61,17 +57,14 @@ TEST_F(ProfileRead, IntegerReadingTakesLeadingNumber) {
     put("a.ini",
         "[N]\nplain=42\nsuffix=17abc\nneg=-7\nplus=+3\nword=abc\nempty=\nblank=  12  \nquoted=\"5\"\n"
         "big=4294967295\nsignonly=-\n");
-    EXPECT_EQ(getProfileInt("N", "plain", 9, "a.ini"), 42);
-    EXPECT_EQ(getProfileInt("N", "suffix", 9, "a.ini"), 17);
-    EXPECT_EQ(getProfileInt("N", "neg", 9, "a.ini"), -7);
-    EXPECT_EQ(getProfileInt("N", "plus", 9, "a.ini"), 3);
-    EXPECT_EQ(getProfileInt("N", "word", 9, "a.ini"), 9);
-    EXPECT_EQ(getProfileInt("N", "empty", 9, "a.ini"), 9);
-    EXPECT_EQ(getProfileInt("N", "blank", 9, "a.ini"), 12);
-    EXPECT_EQ(getProfileInt("N", "quoted", 9, "a.ini"), 5);
-    EXPECT_EQ(getProfileInt("N", "big", 9, "a.ini"), -1);
-    EXPECT_EQ(getProfileInt("N", "signonly", 9, "a.ini"), 9);
-    EXPECT_EQ(getProfileInt("N", "missing", 9, "a.ini"), 9);
+    const struct {
+        const char* key;
+        int value;
+    } cases[] = {
+        {"plain", 42}, {"suffix", 17}, {"neg", -7},  {"plus", 3}, {"word", 9},     {"empty", 9},
+        {"blank", 12}, {"quoted", 5},  {"big", -1},  {"signonly", 9}, {"missing", 9},
+    };
+    for (const auto& c : cases) EXPECT_EQ(getProfileInt("N", c.key, 9, "a.ini"), c.value) << c.key;
 }
 
 TEST_F(ProfileRead, BuffersAreCutLikeWindows) {

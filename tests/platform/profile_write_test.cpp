@@ -1,12 +1,13 @@
+#include <filesystem>
+#include <fstream>
+
 #include "platform/profile.h"
 #include "tests/platform/temp_home.h"
 
 namespace zol {
 namespace {
 
-using test::TempHome;
-
-class ProfileWrite : public TempHome {};
+using ProfileWrite = test::TempHome;
 
 const char* const kSample =
     "; settings of a careful user\r\n"

@@ -1,15 +1,18 @@
+#include <filesystem>
+#include <fstream>
+
 #include "platform/clock.h"
 #include "platform/fileinfo.h"
 #include "platform/instance_lock.h"
+#include "platform/paths.h"
 #include "platform/registry.h"
+#include "platform/tempfile.h"
 #include "tests/platform/temp_home.h"
 
 namespace zol {
 namespace {
 
-using test::TempHome;
-
-class InstanceLocking : public TempHome {};
+using InstanceLocking = test::TempHome;
 
 TEST_F(InstanceLocking, EachInstanceSeesTheOthers) {
     InstanceLock first, second;
@@ -30,7 +33,7 @@ TEST_F(InstanceLocking, EachInstanceSeesTheOthers) {
     EXPECT_FALSE(takeInstanceLock(first, dir + "missing/"));
 }
 
-class Registry : public TempHome {};
+using Registry = test::TempHome;
 
 TEST_F(Registry, ValuesKeepTheirType) {
     const char* key = "Software\\VEK\\Zolder\\Install";
@@ -56,7 +59,7 @@ TEST_F(Registry, HandWrittenValues) {
     EXPECT_EQ(registryGetInt(RegistryRoot::LocalMachine, "Soft\\App", "long"), std::nullopt);
 }
 
-class FileFacts : public TempHome {};
+using FileFacts = test::TempHome;
 
 TEST_F(FileFacts, AttributesOfFilesAndFolders) {
     put("f.txt", "12345");

@@ -1,5 +1,4 @@
 #include <cstring>
-#include <fstream>
 
 #include "engine/options.h"
 #include "plugin/zolder_api.h"

@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <fstream>
 
 #include "config/keymap.h"
 #include "engine/executor.h"
@@ -9,6 +8,7 @@
 #include "platform/paths.h"
 #include "plugin/zolder_api.h"
 #include "tests/plugin/plugin_fixture.h"
+#include "tests/support/files.h"
 
 namespace zol {
 namespace {
@@ -30,13 +30,8 @@ TEST_F(PlugInTest, SplashLoadsFirstSdkLastAndBrokenModulesAreSkipped) {
     install("recorder.zop", "Splash.ZOP");
     install("noinit.zop", "noinit.zop");
     fs::create_directory(plugInDir() + "folder.zop");
-    std::ofstream(plugInDir() + "text.zop") << "not a library";
-    {
-        std::ifstream in(built("recorder.zop"), std::ios::binary);
-        std::string head(2000, '\0');
-        in.read(head.data(), static_cast<std::streamsize>(head.size()));
-        std::ofstream(plugInDir() + "truncated.zop", std::ios::binary) << head;
-    }
+    test::writeBytes(plugInDir() + "text.zop", "not a library");
+    test::writeBytes(plugInDir() + "truncated.zop", test::readBytes(built("recorder.zop")).substr(0, 2000));
     LibraryHandle splash = keep("Splash.ZOP");
     start();
 
@@ -73,7 +68,7 @@ TEST_F(PlugInTest, LoadingAgainAnswersOneWithoutInitialisingAgain) {
     // A module loaded while the program runs hears that it started, alone.
     install("recorder.zop", "late.zop");
     LibraryHandle late = keep("late.zop");
-    fn<void (*)()>(rec, "recorder_clear")();
+    takeLog(rec);
     EXPECT_EQ(XPZ_LoadPlugIn("late.zop"), 1);
     EXPECT_EQ(logOf(late), "e50 ");
     EXPECT_EQ(logOf(rec), "");
@@ -162,24 +157,20 @@ TEST_F(PlugInTest, DocumentEventsArriveWhenTheyHappen) {
     LibraryHandle rec = keep("recorder.zop");
     start();
     const std::string file = home_ + "a.txt";
-    std::ofstream(file) << "one\n";
-    fn<void (*)()>(rec, "recorder_clear")();
+    test::writeBytes(file, "one\n");
+    takeLog(rec);
 
     Document* first = newDocument(app_);
-    EXPECT_EQ(logOf(rec), "e100 e120 ");
-    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_EQ(takeLog(rec), "e100 e120 ");
     Document* opened = openDocument(app_, file);
     ASSERT_NE(opened, nullptr);
-    EXPECT_EQ(logOf(rec), "e107 e101 e121 e120 ");
-    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_EQ(takeLog(rec), "e107 e101 e121 e120 ");
     EXPECT_TRUE(saveDocument(*opened));
-    EXPECT_EQ(logOf(rec), "e105 e106 ");
-    fn<void (*)()>(rec, "recorder_clear")();
+    EXPECT_EQ(takeLog(rec), "e105 e106 ");
     EXPECT_TRUE(closeDocument(app_, opened));
-    EXPECT_EQ(logOf(rec), "e108 e109 e121 e120 ");
+    EXPECT_EQ(takeLog(rec), "e108 e109 e121 e120 ");
     EXPECT_EQ(app_.active, first);
 
-    fn<void (*)()>(rec, "recorder_clear")();
     shutDown(app_);
     EXPECT_EQ(logOf(rec), "e4 e3 e109 e121 unload ");
     EXPECT_TRUE(plugInManager().modules.empty());
@@ -192,9 +183,7 @@ TEST_F(PlugInTest, AModuleDrivesAWholeEditThroughTheInterface) {
     Document* doc = newDocument(app_);
     const std::string path = home_ + "driven.c";
     EXPECT_EQ(fn<int (*)(void*, const char*)>(rec, "recorder_drive")(doc, path.c_str()), 0);
-    std::ifstream in(path, std::ios::binary);
-    const std::string saved((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    EXPECT_EQ(saved, "int main(void)\r\n{\r\n    return 42;\r\n}\r\n");
+    EXPECT_EQ(test::readBytes(path), "int main(void)\r\n{\r\n    return 42;\r\n}\r\n");
     EXPECT_FALSE(doc->modified);
     EXPECT_NE(logOf(rec).find("e105 e106"), std::string::npos);
 }

@@ -9,15 +9,14 @@
 #include "app/application.h"
 #include "app/headless_shell.h"
 #include "platform/dynlib.h"
-#include "platform/tempfile.h"
 #include "plugin/plugin_manager.h"
+#include "tests/support/temp_dir.h"
 
 namespace zol::test {
 
 class PlugInTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        home_ = createTempDir("zplug");
         ASSERT_FALSE(home_.empty());
         std::filesystem::create_directories(plugInDir());
         setShell(&shell_);
@@ -27,7 +26,6 @@ protected:
         if (app_.started) shutDown(app_);
         for (LibraryHandle h : kept_) closeLibrary(h);
         setShell(nullptr);
-        std::filesystem::remove_all(home_);
     }
 
     std::string plugInDir() const { return home_ + "PlugIns/"; }
@@ -57,8 +55,15 @@ protected:
         return reinterpret_cast<Fn>(librarySymbol(lib, name));
     }
     static std::string logOf(LibraryHandle lib) { return fn<const char* (*)()>(lib, "recorder_log")(); }
+    // The log so far, which starts again empty.
+    static std::string takeLog(LibraryHandle lib) {
+        std::string log = logOf(lib);
+        fn<void (*)()>(lib, "recorder_clear")();
+        return log;
+    }
 
-    std::string home_;
+    TempDir tmp_{"zplug"};
+    std::string home_ = tmp_.dir();
     HeadlessShell shell_{stderr};
     Application app_;
     std::vector<LibraryHandle> kept_;

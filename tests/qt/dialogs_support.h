@@ -9,10 +9,8 @@
 #include <gtest/gtest.h>
 #include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
-#include "engine/shell.h"
+#include "tests/support/fake_shell.h"
 
 namespace zol::dlgtest {
 
@@ -56,22 +54,14 @@ T* child(QWidget* w, const char* name) {
 
 inline void pressOk(QDialog* d) { d->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); }
 
-class RecordingShell : public Shell {
+// Installed while it lives; questions are answered Yes unless the test says otherwise.
+class RecordingShell : public test::FakeShell {
 public:
-    RecordingShell() { setShell(this); }
-    ~RecordingShell() override { setShell(nullptr); }
-    void message(std::string_view text) override { messages.emplace_back(text); }
-    Answer ask(std::string_view text, bool) override {
-        questions.emplace_back(text);
-        return answer;
+    RecordingShell() {
+        answer = Answer::Yes;
+        setShell(this);
     }
-    void statusMessage(std::string_view) override {}
-    ClipboardData getClipboard() override { return {}; }
-    void setClipboard(const ClipboardData&) override {}
-
-    Answer answer = Answer::Yes;
-    std::vector<std::string> messages;
-    std::vector<std::string> questions;
+    ~RecordingShell() override { setShell(nullptr); }
 };
 
 }  // namespace zol::dlgtest

@@ -6,10 +6,8 @@
 #include <QDir>
 #include <atomic>
 #include <chrono>
-#include <fstream>
 #include <thread>
 #include <map>
-#include <sstream>
 
 #include "app/qt/key_words.h"
 #include "app/qt/single_instance.h"
@@ -17,16 +15,10 @@
 #include "config/recent_views.h"
 #include "engine/command_table.h"
 #include "qt_fixture.h"
+#include "tests/support/files.h"
 
 namespace zol::qttest {
 namespace {
-
-std::string slurp(const std::filesystem::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 using FrameTest = DesktopTest;
 
@@ -38,15 +30,12 @@ TEST_F(FrameTest, SaveKeepsFormatAndReloadAsksOnOutsideChange) {
     QTest::keyClicks(view(), "!");
     QTest::keyClick(view(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_FALSE(d->modified);
-    EXPECT_EQ(slurp(home_ / "unix.txt"), "one!\ntwo\n");
+    EXPECT_EQ(test::readBytes(home_ / "unix.txt"), "one!\ntwo\n");
 
     // Another program rewrites the file; the next activation offers a reload.
     std::filesystem::last_write_time(home_ / "unix.txt",
                                      std::filesystem::last_write_time(home_ / "unix.txt") + std::chrono::seconds(5));
-    {
-        std::ofstream out(home_ / "unix.txt", std::ios::binary);
-        out << "changed\n";
-    }
+    write("unix.txt", "changed\n");
     std::filesystem::last_write_time(home_ / "unix.txt",
                                      std::filesystem::file_time_type::clock::now() + std::chrono::seconds(10));
     answer_ = QMessageBox::Yes;
@@ -73,7 +62,7 @@ TEST_F(FrameTest, ClosingAModifiedDocumentAsksAndCancelKeepsIt) {
     EXPECT_TRUE(app_->documents.empty());
     QApplication::processEvents();
     EXPECT_EQ(frame_->activeView(), nullptr);
-    EXPECT_EQ(slurp(home_ / "keep.txt"), "text");
+    EXPECT_EQ(test::readBytes(home_ / "keep.txt"), "text");
 }
 
 TEST_F(FrameTest, ReopenedFileComesBackWhereItsCursorWas) {

@@ -6,7 +6,6 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
-#include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
@@ -21,6 +20,7 @@
 #include "engine/options.h"
 #include "plugin/plugin_manager.h"
 #include "tests/qt/dialogs_support.h"
+#include "tests/support/temp_dir.h"
 
 namespace zol::qttest {
 
@@ -28,11 +28,7 @@ class DesktopTest : public ::testing::Test {
 protected:
     void SetUp() override {
         dlgtest::ensureApp();
-        namespace fs = std::filesystem;
-        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        home_ = fs::temp_directory_path() / "zolder_qt_tests" / (std::string(info->test_suite_name()) + "_" + info->name());
-        fs::remove_all(home_);
-        fs::create_directories(home_);
+        ASSERT_FALSE(tmp_.dir().empty());
         // The shipped sample plug-ins would take part in every test (one keeps unsaved
         // documents open).
         plugInManager().enabled = false;
@@ -68,13 +64,7 @@ protected:
         app_.reset();
     }
 
-    std::filesystem::path write(const std::string& name, const std::string& bytes) {
-        const std::filesystem::path p = home_ / name;
-        FILE* f = std::fopen(p.c_str(), "wb");
-        std::fwrite(bytes.data(), 1, bytes.size(), f);
-        std::fclose(f);
-        return p;
-    }
+    std::filesystem::path write(const std::string& name, const std::string& bytes) { return tmp_.put(name, bytes); }
     Document* open(const std::string& name, const std::string& bytes) {
         return frame_->openFile(write(name, bytes).string());
     }
@@ -82,7 +72,8 @@ protected:
     Document& doc() { return *view()->document(); }
     std::string line(int32_t n) { return std::string(lineText(doc(), n)); }
 
-    std::filesystem::path home_;
+    test::TempDir tmp_{"zolqt"};
+    std::filesystem::path home_ = tmp_.dir();
     std::unique_ptr<Application> app_;
     std::unique_ptr<TMainFrame> frame_;
     QTimer watcher_;

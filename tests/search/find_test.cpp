@@ -14,6 +14,7 @@
 #include "search/history.h"
 #include "search/replace.h"
 #include "tests/engine/command_fixture.h"
+#include "tests/support/fake_shell.h"
 
 namespace zol {
 namespace {
@@ -95,10 +96,11 @@ protected:
         initSearch(nullptr, nullptr);
         forgetLastSearch();
     }
-    Pos sel(Pos& end) {
-        Pos b;
-        selectionRange(doc, b, end);
-        return b;
+    // "col,line-col,line" from the selection's start to its end.
+    std::string selected() const {
+        Pos b, e;
+        selectionRange(doc, b, e);
+        return test::str(b) + "-" + test::str(e);
     }
     void params(std::string_view p1, std::string_view p2 = {}) {
         for (char c : p1) run("Param1", static_cast<unsigned char>(c));
@@ -115,17 +117,15 @@ TEST_F(DocSearch, EntryPointsCheckArgumentsAndWalkLines) {
     EXPECT_EQ(findText(&doc, "{", 1, 1, false, false, true, true), kSearchError);
 
     EXPECT_EQ(findText(&doc, "one", 2, 1, false, false, false, true), kSearchFound);
-    Pos end;
-    EXPECT_EQ(sel(end), makePos(4, 1));
-    EXPECT_EQ(end, makePos(7, 1));
-    EXPECT_EQ(doc.cursor, end);
+    EXPECT_EQ(selected(), "4,1-7,1");
+    EXPECT_EQ(here(), "7,1");
     EXPECT_EQ(findText(&doc, "one", 1, 2, false, false, false, false), kSearchFound);  // back to line 1
-    EXPECT_EQ(sel(end), makePos(0, 0));
+    EXPECT_EQ(selected(), "0,0-3,0");
     EXPECT_EQ(findText(&doc, "one", 1, 1, false, false, false, false), kSearchNotFound);
     EXPECT_EQ(findText(&doc, "three", 1, 1, false, false, false, true), kSearchFound);
     EXPECT_EQ(findTextInLine(&doc, "three", 1, 1, false, false, false, true), kSearchNotFound);
     EXPECT_EQ(findText(&doc, "^t", 1, 3, false, false, true, false), kSearchFound);
-    EXPECT_EQ(sel(end), makePos(0, 1));
+    EXPECT_EQ(selected(), "0,1-1,1");
 }
 
 TEST_F(DocSearch, HitsAtLineEdgesTabsAndTheLastColumn) {
@@ -133,28 +133,24 @@ TEST_F(DocSearch, HitsAtLineEdgesTabsAndTheLastColumn) {
     wide += 'Z';
     test::fill(doc, "\tab\n" + wide + "\nZ");
     EXPECT_EQ(findText(&doc, "ab", 1, 1, false, true, false, true), kSearchFound);
-    Pos end;
-    EXPECT_EQ(sel(end), makePos(8, 0));  // columns, after the tab
+    EXPECT_EQ(selected(), "8,0-10,0");  // columns, after the tab
     EXPECT_EQ(findText(&doc, "Z", 1, 2, false, true, false, true), kSearchFound);
-    EXPECT_EQ(sel(end), makePos(3199, 1));
-    EXPECT_EQ(end, makePos(3200, 1));
+    EXPECT_EQ(selected(), "3199,1-3200,1");
     EXPECT_EQ(findText(&doc, "Z", 2, 3, false, true, false, false), kSearchFound);
-    EXPECT_EQ(sel(end), makePos(0, 2));
+    EXPECT_EQ(selected(), "0,2-1,2");
     // Backwards, earlier lines are searched from column 3199, so a hit in the last
     // column of a full line lies beyond the start.
     EXPECT_EQ(findText(&doc, "Z", 1, 3, false, true, false, false), kSearchNotFound);
     EXPECT_EQ(findText(&doc, "Z", 1, 3, false, true, true, false), kSearchNotFound);
     EXPECT_EQ(findText(&doc, "x", 1, 3, false, true, true, false), kSearchFound);
-    EXPECT_EQ(sel(end), makePos(3198, 1));
+    EXPECT_EQ(selected(), "3198,1-3199,1");
 }
 
 TEST_F(DocSearch, ReplacingIsOneUndoStepEach) {
     test::fill(doc, "cat cat\ncat");
     EXPECT_EQ(replaceText(&doc, "cat", "dog", 1, 1, false, false, false, true), kSearchFound);
     EXPECT_EQ(text(), "dog cat\ncat");
-    Pos end;
-    EXPECT_EQ(sel(end), makePos(0, 0));
-    EXPECT_EQ(end, makePos(3, 0));
+    EXPECT_EQ(selected(), "0,0-3,0");
     EXPECT_EQ(replaceText(&doc, "{c}at", "\\U\\1-&", 4, 1, false, false, true, true), kSearchFound);
     EXPECT_EQ(text(), "dog C-cat\ncat");
     EXPECT_EQ(replaceTextInLine(&doc, "cat", "", 1, 2, false, false, false, true), kSearchFound);
@@ -204,18 +200,17 @@ TEST_F(DocSearch, ParameterCommandsFindAndReplace) {
     test::fill(doc, "Alpha beta alpha\nalphabet");
     params("ALPHA");
     EXPECT_EQ(run("FindParam"), 1);
-    Pos end;
-    EXPECT_EQ(sel(end), makePos(0, 0));
+    EXPECT_EQ(selected(), "0,0-5,0");
     EXPECT_EQ(run("FindParam"), 1);  // the parameter stays until the next Param1
-    EXPECT_EQ(sel(end), makePos(11, 0));
+    EXPECT_EQ(selected(), "11,0-16,0");
     params("Alpha");
     EXPECT_EQ(run("FindParamC"), 0);
     params("alpha");
     moveTo(0, 0);
     EXPECT_EQ(run("FindParamC"), 1);
-    EXPECT_EQ(sel(end), makePos(11, 0));
+    EXPECT_EQ(selected(), "11,0-16,0");
     EXPECT_EQ(run("FindNext"), 1);
-    EXPECT_EQ(sel(end), makePos(0, 1));
+    EXPECT_EQ(selected(), "0,1-5,1");
     params("alpha");
     EXPECT_EQ(run("FindParamCW"), 0);  // only "alphabet" is left
     moveTo(0, 0);
@@ -248,56 +243,30 @@ TEST_F(DocSearch, WordAtCursorSearches) {
     test::fill(doc, "foo food foo\nfoo");
     moveTo(1, 0);
     EXPECT_EQ(run("FindNextWord"), 1);
-    Pos end;
-    EXPECT_EQ(sel(end), makePos(9, 0));  // "food" is not the word
+    EXPECT_EQ(selected(), "9,0-12,0");  // "food" is not the word
     EXPECT_EQ(run("FindNextWord"), 1);   // the selection is searched for now
-    EXPECT_EQ(sel(end), makePos(0, 1));
+    EXPECT_EQ(selected(), "0,1-3,1");
     EXPECT_EQ(run("FindPrevWord"), 1);
-    EXPECT_EQ(sel(end), makePos(9, 0));
+    EXPECT_EQ(selected(), "9,0-12,0");
     EXPECT_EQ(run("FindPrevWord"), 1);
-    EXPECT_EQ(sel(end), makePos(4, 0));  // a selection is plain text, "food" holds it
+    EXPECT_EQ(selected(), "4,0-7,0");  // a selection is plain text, "food" holds it
 }
 
-// A shell whose dialogs answer with prepared choices.
-class DialogShell final : public Shell {
-public:
-    void message(std::string_view text) override { messages.emplace_back(text); }
-    Answer ask(std::string_view, bool) override { return Answer::Cancel; }
-    void statusMessage(std::string_view text) override { status.emplace_back(text); }
-    ClipboardData getClipboard() override { return {}; }
-    void setClipboard(const ClipboardData&) override {}
-    FindDialogResult findDialog(FindDialogData& data, bool replace) override {
-        seen = data;
-        sawReplace = replace;
-        data = answer;
-        return result;
-    }
-    bool askNumber(std::string_view, int& value) override {
-        value = number;
-        return number > 0;
-    }
-    FindDialogData seen, answer;
-    bool sawReplace = false;
-    FindDialogResult result = FindDialogResult::Cancel;
-    int number = 0;
-    std::vector<std::string> messages, status;
-};
-
 TEST_F(DocSearch, DialogsHistoriesAndGoTo) {
-    DialogShell dlg;
+    test::FakeShell dlg;
     setShell(&dlg);
     std::vector<std::string> finds{"old"}, replaces;
     initSearch(&finds, &replaces);
     test::fill(doc, "word x\nx word");
     EXPECT_EQ(run("Find"), 0);  // cancelled
-    EXPECT_EQ(dlg.seen.findText, "word");
+    EXPECT_EQ(dlg.findShown.findText, "word");
     EXPECT_FALSE(lastSearch().valid);
 
-    dlg.result = FindDialogResult::ReplaceAll;
-    dlg.answer.findText = "x";
-    dlg.answer.replaceText = "yy";
+    dlg.findResult = FindDialogResult::ReplaceAll;
+    dlg.findChoice.findText = "x";
+    dlg.findChoice.replaceText = "yy";
     EXPECT_EQ(run("Replace"), 1);
-    EXPECT_TRUE(dlg.sawReplace);
+    EXPECT_TRUE(dlg.findWasReplace);
     EXPECT_EQ(text(), "word yy\nyy word");
     ASSERT_FALSE(dlg.messages.empty());
     EXPECT_EQ(dlg.messages.back(), "2 occurrence(s) replaced.");
@@ -305,8 +274,8 @@ TEST_F(DocSearch, DialogsHistoriesAndGoTo) {
     EXPECT_EQ(replaces, (std::vector<std::string>{"yy"}));
     EXPECT_EQ(undoDepth(), 1u);
 
-    dlg.result = FindDialogResult::Find;
-    dlg.answer.findText = "nothing";
+    dlg.findResult = FindDialogResult::Find;
+    dlg.findChoice.findText = "nothing";
     EXPECT_EQ(run("Find"), 0);
     EXPECT_EQ(dlg.status.back(), "Cannot find \"nothing\".");
 

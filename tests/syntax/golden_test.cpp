@@ -1,18 +1,18 @@
-// Every shipped language colours its sample as recorded beside it. Each sample is
-// scanned whole, carrying the scanner's own result from line to line, and again from a
-// document built by edits, using the comment bit stored with the line before; both
-// must give the recorded colours. ZOLDER_UPDATE_GOLDEN=1 rewrites the records.
+// Every shipped language colours its sample as recorded beside it in expected.txt,
+// written in the notation that golden/README.md explains. Each sample is scanned whole,
+// carrying the scanner's own result from line to line, and again from a document built
+// by edits, using the comment bit stored with the line before; both must give the
+// record. ZOLDER_UPDATE_GOLDEN=1 rewrites the records.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <set>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <set>
 
 #include "syntax/commands.h"
 #include "syntax/doc_syntax.h"
+#include "tests/support/files.h"
 #include "tests/syntax/syntax_fixture.h"
 
 namespace zol::test {
@@ -22,16 +22,9 @@ namespace fs = std::filesystem;
 
 const fs::path kGolden = fs::path(ZOLDER_SOURCE_DIR) / "tests/syntax/golden";
 
-std::vector<std::string> readLines(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::vector<std::string> out;
-    for (std::string line; std::getline(in, line);) out.push_back(line);
-    return out;
-}
-
 std::string join(const std::vector<std::string>& lines) {
     std::string s;
-    for (size_t i = 0; i < lines.size(); ++i) s += (i ? "\n" : "") + lines[i];
+    for (const std::string& l : lines) s += l + "\n";
     return s;
 }
 
@@ -41,13 +34,12 @@ fs::path sampleIn(const fs::path& dir) {
     return {};
 }
 
-// Colours of each line with the bit stored in the line before.
-std::vector<std::string> paintFromDocument(const Document& doc) {
+// Each line with the bit stored in the line before.
+std::vector<std::string> paintFromDocument(const Document& doc, const SyntaxHighlight& def) {
     std::vector<std::string> out;
     int prev = 0;
-    const SyntaxHighlight* d = definitionAt(syntaxTable(), doc.syntaxSlot);
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) {
-        out.push_back(colours(*d, doc.lines.text(r), prev));
+        out.push_back(styled(def, doc.lines.text(r), prev));
         prev = doc.lines.header(r).comment;
     }
     return out;
@@ -63,7 +55,7 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
     const fs::path dir = kGolden / GetParam();
     const fs::path sample = sampleIn(dir);
     ASSERT_FALSE(sample.empty());
-    const std::vector<std::string> lines = readLines(sample);
+    const std::vector<std::string> lines = readLines(sample.string());
 
     // The shipped file first; the languages beyond its twenty come from the second file.
     int slot = 0;
@@ -78,13 +70,11 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
 
     std::vector<std::string> whole;
     int bit = 0;
-    for (const std::string& l : lines) whole.push_back(colours(def, l, bit, &bit));
+    for (const std::string& l : lines) whole.push_back(styled(def, l, bit, &bit));
 
-    const fs::path record = dir / "expected.txt";
-    if (std::getenv("ZOLDER_UPDATE_GOLDEN")) {
-        std::ofstream(record, std::ios::binary) << join(whole) << "\n";
-    }
-    EXPECT_EQ(join(whole), join(readLines(record))) << def.name;
+    const std::string record = (dir / "expected.txt").string();
+    if (std::getenv("ZOLDER_UPDATE_GOLDEN")) writeBytes(record, join(whole));
+    EXPECT_EQ(join(whole), readBytes(record)) << def.name;
 
     // Built bottom line first, each new line typed above the others.
     Document doc;
@@ -94,7 +84,7 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
         insertText(doc, i + 1 < lines.size() ? lines[i] + "\n" : lines[i]);
     }
     ASSERT_EQ(docLines(doc), lines);
-    EXPECT_EQ(join(paintFromDocument(doc)), join(whole)) << def.name << " built upwards";
+    EXPECT_EQ(paintFromDocument(doc, def), whole) << def.name << " built upwards";
 
     // Every line joined to the one before and split again.
     for (int32_t i = 1; i < lastLine(doc) + 1; ++i) {
@@ -104,7 +94,7 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
         insertText(doc, "\n");
     }
     ASSERT_EQ(docLines(doc), lines);
-    EXPECT_EQ(join(paintFromDocument(doc)), join(whole)) << def.name << " after joins and splits";
+    EXPECT_EQ(paintFromDocument(doc, def), whole) << def.name << " after joins and splits";
 }
 
 std::vector<std::string> languages() {

@@ -1,6 +1,5 @@
-// The scanner step by step. Colours are written one character per byte; the
-// definitions give each slot its own number (comment 1, preprocessor 2, string 3,
-// number 4, delimiter 5, operator 6, keyword 7, text 8, line numbers 10 = "a").
+// The scanner step by step, in the notation of the golden records: "{kw}int{} x" is
+// "int" coloured by the keyword slot and " x" by the text slot (golden/README.md).
 #include <gtest/gtest.h>
 
 #include "tests/syntax/syntax_fixture.h"
@@ -8,106 +7,108 @@
 namespace zol::test {
 namespace {
 
-const char* const kSlots =
-    "ColorComment=1\nColorPreproc=2\nColorString=3\nColorNumber=4\nColorDelim=5\nColorOperator=6\n"
-    "ColorKeyword=7\nColorText=8\nColorLineNumbers=10\n";
-
-SyntaxHighlight lang(std::string body) { return defOf(body + kSlots); }
-
 const std::string kC =
     "CaseSensitive=yes\nMultiComment=/* */\nLineComment1=//\nStringDelim=\"\nCharDelim='\nQuoteChar=\\\n"
     "OpenCloseDelim=([{ )]}\nDelimiters=,;\nOperators=+*/=<>\nPreprocess=#\nWords=a-zA-Z0-9_\nNumbers=0-9.-\n"
     "Keyword2=if\nKeyword3=int\n";
 
+// What the view paints with: the palette colour the definition gives each slot, one
+// digit per character here ("a" is 10).
+TEST(Scanner, PaintsThePaletteColourOfEachSlot) {
+    const SyntaxHighlight c = defOf(kC + "ColorComment=3\nColorDelim=5\nColorKeyword=10\n");
+    EXPECT_EQ(colours(c, "int x; // y"), "aaa" "0050" "3333");
+}
+
 TEST(Scanner, MultiLineComments) {
-    const SyntaxHighlight c = lang(kC);
+    const SyntaxHighlight c = defOf(kC);
     int r = -1;
-    EXPECT_EQ(colours(c, "no end", 1, &r), "111111");
+    EXPECT_EQ(styled(c, "no end", 1, &r), "{cm}no end");
     EXPECT_EQ(r, 1);
-    EXPECT_EQ(colours(c, "/*/ x", 0, &r), "11111");  // the opener's star does not close
+    EXPECT_EQ(styled(c, "/*/ x", 0, &r), "{cm}/*/ x");  // the opener's star does not close
     EXPECT_EQ(r, 1);
-    EXPECT_EQ(colours(c, "", 1, &r), "");
+    EXPECT_EQ(styled(c, "", 1, &r), "");
     EXPECT_EQ(r, 1);
     // A line starting inside a comment skips the start-of-line rules after the closer.
-    EXPECT_EQ(colours(c, "*/#x", 1, &r), "1188");
+    EXPECT_EQ(styled(c, "*/#x", 1), "{cm}*/{}#x");
 
-    const SyntaxHighlight brace = lang("MultiComment={ }\nWords=a-z\n");
-    EXPECT_EQ(colours(brace, "{ a } b", 0, &r), "11111" "88");
+    const SyntaxHighlight brace = defOf("MultiComment={ }\nWords=a-z\n");
+    EXPECT_EQ(styled(brace, "{ a } b", 0, &r), "{cm}{{ a }{} b");
     EXPECT_EQ(r, 0);
     // One-character opener, two-character closer: only the closer's first character ends it.
-    const SyntaxHighlight odd = lang("MultiComment={ }]\nWords=a-z\n");
-    EXPECT_EQ(colours(odd, "{a}b", 0), "1118");
+    const SyntaxHighlight odd = defOf("MultiComment={ }]\nWords=a-z\n");
+    EXPECT_EQ(styled(odd, "{a}b"), "{cm}{{a}{}b");
 }
 
 TEST(Scanner, LineComments) {
-    const SyntaxHighlight rem = lang("LineComment1=REM\nWords=A-Za-z\nKeyword6=REMARK\n");
-    EXPECT_EQ(colours(rem, "REMARK"), "777777");
-    EXPECT_EQ(colours(rem, "REM note"), "11111111");
-    EXPECT_EQ(colours(rem, "rem"), "111");  // case ignored, end of line counts as blank
+    const SyntaxHighlight rem = defOf("LineComment1=REM\nWords=A-Za-z\nKeyword6=REMARK\n");
+    EXPECT_EQ(styled(rem, "REMARK"), "{kw}REMARK");
+    EXPECT_EQ(styled(rem, "REM note"), "{cm}REM note");
+    EXPECT_EQ(styled(rem, "rem"), "{cm}rem");  // case ignored, end of line counts as blank
     // A word character before a non-letter introducer: the first needs a blank after it,
     // the second does not.
-    const SyntaxHighlight w = lang("LineComment1=_x\nLineComment2=_y\nWords=a-z_\n");
-    EXPECT_EQ(colours(w, "_xa"), "888");
-    EXPECT_EQ(colours(w, "_x a"), "1111");
-    EXPECT_EQ(colours(w, "_ya"), "111");
+    const SyntaxHighlight w = defOf("LineComment1=_x\nLineComment2=_y\nWords=a-z_\n");
+    EXPECT_EQ(styled(w, "_xa"), "_xa");
+    EXPECT_EQ(styled(w, "_x a"), "{cm}_x a");
+    EXPECT_EQ(styled(w, "_ya"), "{cm}_ya");
 }
 
 TEST(Scanner, WordsNumbersAndStrings) {
-    const SyntaxHighlight c = lang(kC);
-    EXPECT_EQ(colours(c, "int intx if"), "777" "8" "8888" "8" "77");
-    EXPECT_EQ(colours(c, "'x' \"open"), "333" "8" "33333");
-    EXPECT_EQ(colours(c, "-5 - 5 x-1"), "44" "8" "6" "8" "4" "8" "8" "44");
-    EXPECT_EQ(colours(c, "1.5e3"), "44488");  // e is no number character here
+    const SyntaxHighlight c = defOf(kC);
+    EXPECT_EQ(styled(c, "int intx if"), "{kw}int{} intx {kw}if");
+    EXPECT_EQ(styled(c, "'x' \"open"), "{str}'x'{} {str}\"open");
+    EXPECT_EQ(styled(c, "-5 - 5 x-1"), "{num}-5{} {op}-{} {num}5{} x{num}-1");
+    EXPECT_EQ(styled(c, "1.5e3"), "{num}1.5{}e3");  // e is no number character here
     // Keyword lists are compared without regard to case unless the language is case-sensitive.
-    const SyntaxHighlight ic = lang("Words=a-zA-Z\nKeyword2=if\n");
-    EXPECT_EQ(colours(ic, "IF If"), "77877");
+    const SyntaxHighlight ic = defOf("Words=a-zA-Z\nKeyword2=if\n");
+    EXPECT_EQ(styled(ic, "IF If"), "{kw}IF{} {kw}If");
     // A run of 29 word characters is text, whatever the lists hold.
-    const SyntaxHighlight lng = lang("Words=a-z\nKeyword28=" + std::string(28, 'a') + "\n");
-    EXPECT_EQ(colours(lng, std::string(28, 'a')), std::string(28, '7'));
-    EXPECT_EQ(colours(lng, std::string(29, 'a')), std::string(29, '8'));
+    const std::string a28(28, 'a');
+    const SyntaxHighlight lng = defOf("Words=a-z\nKeyword28=" + a28 + "\n");
+    EXPECT_EQ(styled(lng, a28), "{kw}" + a28);
+    EXPECT_EQ(styled(lng, a28 + "a"), a28 + "a");
 }
 
 TEST(Scanner, StartOfLineRules) {
-    const SyntaxHighlight c = lang(kC);
+    const SyntaxHighlight c = defOf(kC);
     int r = -1;
-    EXPECT_EQ(colours(c, "  #include \"a\" // x"), "88" + std::string(13, '2') + "1111");
-    EXPECT_EQ(colours(c, "#if /* a */ b /* c", 0, &r), "222211111112221111");
+    EXPECT_EQ(styled(c, "  #include \"a\" // x"), "  {pp}#include \"a\" {cm}// x");
+    EXPECT_EQ(styled(c, "#if /* a */ b /* c", 0, &r), "{pp}#if {cm}/* a */{pp} b {cm}/* c");
     EXPECT_EQ(r, 1);
-    EXPECT_EQ(colours(c, "#define Q \"/*\"", 0, &r), "22222222222" "111");  // no strings here
+    EXPECT_EQ(styled(c, "#define Q \"/*\"", 0, &r), "{pp}#define Q \"{cm}/*\"");  // no strings here
     EXPECT_EQ(r, 1);
 
-    const SyntaxHighlight fortran = lang("FortranComment=yes\nWords=A-Z\nKeyword3=END\n");
-    EXPECT_EQ(colours(fortran, " END"), "8777");
-    EXPECT_EQ(colours(fortran, "10 END"), "888777");
+    const SyntaxHighlight fortran = defOf("FortranComment=yes\nWords=A-Z\nKeyword3=END\n");
+    EXPECT_EQ(styled(fortran, " END"), " {kw}END");
+    EXPECT_EQ(styled(fortran, "10 END"), "10 {kw}END");
 
-    const SyntaxHighlight numbered = lang("LineNumbers=yes\nFirstComment=!\nWords=a-z\n");
-    EXPECT_EQ(colours(numbered, "120  ab"), "aaa8888");
-    EXPECT_EQ(colours(numbered, "7 ! note"), "a8111111");
-    EXPECT_EQ(colours(numbered, "a ! note"), "88888888");
+    const SyntaxHighlight numbered = defOf("LineNumbers=yes\nFirstComment=!\nWords=a-z\n");
+    EXPECT_EQ(styled(numbered, "120  ab"), "{ln}120{}  ab");
+    EXPECT_EQ(styled(numbered, "7 ! note"), "{ln}7{} {cm}! note");
+    EXPECT_EQ(styled(numbered, "a ! note"), "a ! note");
 
     // The indicator column: "*" always counts, the definition's character only there.
-    const SyntaxHighlight cobolCol = lang("CobolCommentPos=7\nCobolCommentChar=/\nWords=A-Z\n");
-    EXPECT_EQ(colours(cobolCol, "      *X"), "88888811");
-    EXPECT_EQ(colours(cobolCol, "      /X"), "88888811");
-    EXPECT_EQ(colours(cobolCol, "     /XX"), "88888888");
-    const SyntaxHighlight cobol = lang("Cobol=yes\nWords=A-Z0-9-\nDelimiters=.\nKeyword4=STOP\n");
-    EXPECT_EQ(colours(cobol, "000100 MAIN-1. STOP"), "8888888" "222222" "5" "8" "7777");
+    const SyntaxHighlight cobolCol = defOf("CobolCommentPos=7\nCobolCommentChar=/\nWords=A-Z\n");
+    EXPECT_EQ(styled(cobolCol, "      *X"), "      {cm}*X");
+    EXPECT_EQ(styled(cobolCol, "      /X"), "      {cm}/X");
+    EXPECT_EQ(styled(cobolCol, "     /XX"), "     /XX");
+    const SyntaxHighlight cobol = defOf("Cobol=yes\nWords=A-Z0-9-\nDelimiters=.\nKeyword4=STOP\n");
+    EXPECT_EQ(styled(cobol, "000100 MAIN-1. STOP"), "000100 {pp}MAIN-1{dl}.{} {kw}STOP");
 
-    const SyntaxHighlight cut = lang("MaxLineLen=4\nWords=a-z\nMultiComment=/* */\n");
-    EXPECT_EQ(colours(cut, "abcdef/*", 0, &r), "88881111");
+    const SyntaxHighlight cut = defOf("MaxLineLen=4\nWords=a-z\nMultiComment=/* */\n");
+    EXPECT_EQ(styled(cut, "abcdef/*", 0, &r), "abcd{cm}ef/*");
     EXPECT_EQ(r, 0);
 }
 
 TEST(Scanner, TagsAndTexControlWords) {
-    const SyntaxHighlight html = lang("HTML=<>\nWords=a-z\n");
-    EXPECT_EQ(colours(html, "<a href"), "7777777");  // open at the end: not carried
-    EXPECT_EQ(colours(html, "x=\"1\"> y"), "777777" "88");  // the tail of a tag from above
+    const SyntaxHighlight html = defOf("HTML=<>\nWords=a-z\n");
+    EXPECT_EQ(styled(html, "<a href"), "{kw}<a href");          // open at the end: not carried
+    EXPECT_EQ(styled(html, "x=\"1\"> y"), "{kw}x=\"1\">{} y");  // the tail of a tag from above
 
-    const SyntaxHighlight tex = lang("UnixTexKeywords=yes\nQuoteChar=\\\nLineComment1=%\nWords=a-zA-Z\n");
-    EXPECT_EQ(colours(tex, "\\section{a} \\% x"), "77777777" "8888" "77" "88");
-    EXPECT_EQ(colours(tex, "a % c"), "88111");
-    const SyntaxHighlight plain = lang("QuoteChar=\\\nWords=a-z\n");
-    EXPECT_EQ(colours(plain, "\\ab"), "888");
+    const SyntaxHighlight tex = defOf("UnixTexKeywords=yes\nQuoteChar=\\\nLineComment1=%\nWords=a-zA-Z\n");
+    EXPECT_EQ(styled(tex, "\\section{a} \\% x"), "{kw}\\section{}{{a} {kw}\\%{} x");
+    EXPECT_EQ(styled(tex, "a % c"), "a {cm}% c");
+    const SyntaxHighlight plain = defOf("QuoteChar=\\\nWords=a-z\n");
+    EXPECT_EQ(styled(plain, "\\ab"), "\\ab");
 }
 
 TEST(Scanner, EmptySlotsPaintNothing) {

@@ -2,30 +2,32 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "engine/document.h"
 #include "engine/edit.h"
-#include "engine/shell.h"
 #include "platform/profile.h"
-#include "platform/tempfile.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
+#include "tests/support/fake_shell.h"
+#include "tests/support/files.h"
+#include "tests/support/temp_dir.h"
 
 namespace zol::test {
 
+// A folder for the files a test writes, removed when the program ends.
 inline const std::string& scratchDir() {
-    static const std::string dir = createTempDir("zolsyntax");
-    return dir;
+    static const TempDir dir("zolsyntax");
+    return dir.dir();
 }
 
 // Writes text to a scratch file of that name and returns its path.
 inline std::string writeScratch(std::string_view name, std::string_view text) {
     const std::string path = scratchDir() + std::string(name);
-    std::ofstream(path, std::ios::binary | std::ios::trunc).write(text.data(), static_cast<std::streamsize>(text.size()));
+    writeBytes(path, text);
     flushProfileCache();
     return path;
 }
@@ -48,6 +50,28 @@ inline std::string colours(const SyntaxHighlight& d, std::string_view text, int 
     return s;
 }
 
+// The colours of one line as golden/README.md writes them, "{kw}int{} main{dl}(": each
+// character under the mark of the slot that coloured it, whatever palette colour the
+// definition gives that slot.
+inline std::string styled(SyntaxHighlight d, std::string_view text, int inComment = 0, int* result = nullptr) {
+    static const char* const names[] = {"?", "cm", "pp", "str", "num", "dl", "op", "kw", "", "bg", "ln"};
+    for (size_t s = 1; s < std::size(names); ++s) d.colour[s] = static_cast<uint8_t>(s);
+    std::vector<uint8_t> slots(text.size(), 0);
+    const int r = scanLine(d, text, slots.data(), inComment);
+    if (result) *result = r;
+    std::string out;
+    uint8_t current = kColText;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (slots[i] != current) {
+            current = slots[i];
+            out += "{" + std::string(names[current < std::size(names) ? current : 0]) + "}";
+        }
+        out += text[i];
+        if (text[i] == '{') out += '{';
+    }
+    return out;
+}
+
 inline std::vector<std::string> docLines(const Document& doc) {
     std::vector<std::string> out;
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.emplace_back(doc.lines.text(r));
@@ -60,20 +84,7 @@ inline std::vector<int> docBits(const Document& doc) {
     return out;
 }
 
-// Records the messages and the files the commands ask to open.
-class RecordingShell final : public Shell {
-public:
-    void message(std::string_view text) override { messages.emplace_back(text); }
-    Answer ask(std::string_view, bool) override { return Answer::No; }
-    void statusMessage(std::string_view) override {}
-    ClipboardData getClipboard() override { return {}; }
-    void setClipboard(const ClipboardData&) override {}
-    bool openFile(const std::string& path) override {
-        opened.push_back(path);
-        return true;
-    }
-    std::vector<std::string> messages, opened;
-};
+using RecordingShell = FakeShell;
 
 // A document holding only text, filled through the edit primitives.
 inline void fill(Document& doc, std::string_view text) {

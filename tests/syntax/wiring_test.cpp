@@ -10,19 +10,20 @@
 #include "files/save.h"
 #include "files/textfile.h"
 #include "platform/paths.h"
+#include "tests/support/temp_dir.h"
 #include "tests/syntax/syntax_fixture.h"
 
 namespace zol::test {
 namespace {
 
 TEST(SyntaxWiring, DocumentsFollowTheirFileNames) {
-    const std::string home = createTempDir("zolsynhome");
+    const TempDir home("zolsynhome");
     std::FILE* sink = std::tmpfile();
     HeadlessShell headless(sink);
     setShell(&headless);
     Application app;
     headless.attach(&app);
-    startUp(app, StartupOptions{home, {}});
+    startUp(app, StartupOptions{home.dir(), {}});
     ASSERT_NE(definitionAt(syntaxTable(), 1), nullptr);
     EXPECT_EQ(definitionAt(syntaxTable(), 1)->name, "C/C++");
 
@@ -55,8 +56,6 @@ TEST(SyntaxWiring, DocumentsFollowTheirFileNames) {
     setShell(nullptr);
     std::fclose(sink);
     loadDefinitions(syntaxTable(), "");
-    std::error_code ec;
-    std::filesystem::remove_all(home, ec);
 }
 
 }  // namespace
