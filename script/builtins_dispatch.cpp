@@ -12,15 +12,18 @@
 namespace zol {
 namespace {
 
+// Whether a row is implemented is said by its macro, not read from fn: a function's
+// address is no constant where symbols may be interposed (a sanitizer build).
 struct Row {
     int number;
     BuiltinFn fn;
+    bool implemented;
     std::string_view prototype;
     unsigned flags;
 };
 constexpr Row kRows[] = {
-#define BUILTIN(header, number, prototype, impl, flags) {number, impl, prototype, flags},
-#define BUILTIN_DECLARED(header, number, prototype, flags) {number, nullptr, prototype, flags},
+#define BUILTIN(header, number, prototype, impl, flags) {number, impl, true, prototype, flags},
+#define BUILTIN_DECLARED(header, number, prototype, flags) {number, nullptr, false, prototype, flags},
 #include "script/builtins.def"
 #undef BUILTIN
 #undef BUILTIN_DECLARED
@@ -46,7 +49,7 @@ constexpr std::array<Slot, kSlots> makeSlots() {
     for (const Row& r : kRows) {
         Slot& s = slots[static_cast<size_t>(r.number)];
         const char result = builtinSignature(r.prototype)[0];
-        s = Slot{r.fn, true, r.fn != nullptr, (r.flags & kBuiltinSystem) != 0, result == 'c' || result == 'p'};
+        s = Slot{r.fn, true, r.implemented, (r.flags & kBuiltinSystem) != 0, result == 'c' || result == 'p'};
     }
     return slots;
 }
