@@ -2,7 +2,7 @@
 #include "config/settings.h"
 #include "platform/profile.h"
 #include "platform/registry.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {

@@ -8,8 +8,8 @@
 #include "config/keymap_messages.h"
 #include "config/settings.h"
 #include "engine/executor.h"
-#include "tests/config/key_shell.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/fake_shell.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {
@@ -205,7 +205,7 @@ protected:
         setKeyMapChanged(false);
         TempHome::TearDown();
     }
-    test::KeyShell shell;
+    test::FakeShell shell;
 };
 
 TEST_F(KeyFileOnDisk, SaveAndLoadUnderTheConfiguredName) {

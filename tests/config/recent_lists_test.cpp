@@ -2,7 +2,7 @@
 #include "config/recent_views.h"
 #include "config/settings.h"
 #include "platform/profile.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {

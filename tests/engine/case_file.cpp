@@ -7,7 +7,7 @@
 #include "engine/bookmarks.h"
 #include "engine/columns.h"
 #include "engine/selection.h"
-#include "tests/engine/doc_helpers.h"
+#include "tests/support/documents.h"
 
 namespace zol::test {
 namespace {

@@ -35,7 +35,7 @@ protected:
         return doc.cursor;
     }
     Document doc;
-    RecordingShell shell_;
+    FakeShell shell_;
 };
 
 TEST_F(SyntaxCommands, MatchPairFollowsDepth) {

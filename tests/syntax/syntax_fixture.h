@@ -12,6 +12,7 @@
 #include "platform/profile.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
+#include "tests/support/documents.h"
 #include "tests/support/fake_shell.h"
 #include "tests/support/files.h"
 #include "tests/support/temp_dir.h"
@@ -72,25 +73,10 @@ inline std::string styled(SyntaxHighlight d, std::string_view text, int inCommen
     return out;
 }
 
-inline std::vector<std::string> docLines(const Document& doc) {
-    std::vector<std::string> out;
-    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.emplace_back(doc.lines.text(r));
-    return out;
-}
-
 inline std::vector<int> docBits(const Document& doc) {
     std::vector<int> out;
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.push_back(doc.lines.header(r).comment);
     return out;
-}
-
-using RecordingShell = FakeShell;
-
-// A document holding only text, filled through the edit primitives.
-inline void fill(Document& doc, std::string_view text) {
-    doc.readOnly = false;
-    resetText(doc);
-    insertText(doc, text);
 }
 
 }  // namespace zol::test
