@@ -14,7 +14,6 @@
 #include "search/history.h"
 #include "search/replace.h"
 #include "tests/engine/command_fixture.h"
-#include "tests/support/fake_shell.h"
 
 namespace zol {
 namespace {
@@ -74,16 +73,14 @@ TEST(LineSearch, WordCharacterModes) {
 TEST(StringSearch, PlainAndRegularExpression) {
     int pos = 9, len = 9;
     EXPECT_EQ(findInString("concat cat", "cat", true, false, false, &pos, &len), kSearchFound);
-    EXPECT_EQ(pos, 7);
-    EXPECT_EQ(len, 3);
+    EXPECT_EQ(std::pair(pos, len), std::pair(7, 3));
     EXPECT_EQ(findInString("concat cat", "cat", false, false, false, &pos, &len), kSearchFound);
     EXPECT_EQ(pos, 3);
     EXPECT_EQ(findInString("cat", "CAT", true, false, false, &pos, &len), kSearchFound);
     EXPECT_EQ(pos, 0);  // the text start is a word boundary
     EXPECT_EQ(findInString("cat", "CAT", false, true, false, &pos, &len), kSearchNotFound);
     EXPECT_EQ(findInString("xx cat", "c.t", false, false, true, &pos, &len), kSearchFound);
-    EXPECT_EQ(pos, 0);  // a regular-expression hit leaves the outputs cleared
-    EXPECT_EQ(len, 0);
+    EXPECT_EQ(std::pair(pos, len), std::pair(0, 0));  // a regular-expression hit leaves the outputs cleared
     EXPECT_EQ(findInString("xx cat", "c{t", false, false, true, &pos, &len), kSearchError);
     EXPECT_EQ(findInString(nullptr, "a", false, false, false, &pos, &len), kSearchError);
     EXPECT_EQ(findInString("a", "a", false, false, false, nullptr, &len), kSearchError);
@@ -156,9 +153,7 @@ TEST_F(DocSearch, ReplacingIsOneUndoStepEach) {
     EXPECT_EQ(replaceTextInLine(&doc, "cat", "", 1, 2, false, false, false, true), kSearchFound);
     EXPECT_EQ(text(), "dog C-cat\n");
     EXPECT_EQ(undoDepth(), 3u);
-    undo(doc);
-    undo(doc);
-    undo(doc);
+    for (int i = 0; i < 3; ++i) undo(doc);
     EXPECT_EQ(text(), "cat cat\ncat");
     doc.readOnly = true;
     EXPECT_EQ(replaceText(&doc, "cat", "x", 1, 1, false, false, false, true), kSearchError);
@@ -253,8 +248,7 @@ TEST_F(DocSearch, WordAtCursorSearches) {
 }
 
 TEST_F(DocSearch, DialogsHistoriesAndGoTo) {
-    test::FakeShell dlg;
-    setShell(&dlg);
+    test::FakeShell& dlg = shell_;
     std::vector<std::string> finds{"old"}, replaces;
     initSearch(&finds, &replaces);
     test::fill(doc, "word x\nx word");

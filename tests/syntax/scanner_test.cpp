@@ -12,11 +12,12 @@ const std::string kC =
     "OpenCloseDelim=([{ )]}\nDelimiters=,;\nOperators=+*/=<>\nPreprocess=#\nWords=a-zA-Z0-9_\nNumbers=0-9.-\n"
     "Keyword2=if\nKeyword3=int\n";
 
-// What the view paints with: the palette colour the definition gives each slot, one
-// digit per character here ("a" is 10).
+// What the view paints with: the palette colour the definition gives each slot.
 TEST(Scanner, PaintsThePaletteColourOfEachSlot) {
     const SyntaxHighlight c = defOf(kC + "ColorComment=3\nColorDelim=5\nColorKeyword=10\n");
-    EXPECT_EQ(colours(c, "int x; // y"), "aaa" "0050" "3333");
+    std::vector<uint8_t> out(11);
+    scanLine(c, "int x; // y", out.data(), 0);
+    EXPECT_EQ(out, (std::vector<uint8_t>{10, 10, 10, 0, 0, 5, 0, 3, 3, 3, 3}));
 }
 
 TEST(Scanner, MultiLineComments) {

@@ -1,4 +1,4 @@
-// Definitions from literal ini text, colour strings and documents for the syntax tests.
+// Definitions from literal ini text, styled colour strings and comment bits for the syntax tests.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -39,18 +39,6 @@ inline SyntaxHighlight defOf(std::string_view body) {
     return loadDefinition("Lang", path);
 }
 
-// Colour indices as one character each: 0-9, then a-g for 10-16.
-inline char colourChar(uint8_t c) { return c < 10 ? static_cast<char>('0' + c) : static_cast<char>('a' + c - 10); }
-
-inline std::string colours(const SyntaxHighlight& d, std::string_view text, int inComment = 0, int* result = nullptr) {
-    std::vector<uint8_t> out(text.size(), 0xEE);
-    const int r = scanLine(d, text, out.data(), inComment);
-    if (result) *result = r;
-    std::string s;
-    for (uint8_t c : out) s += colourChar(c);
-    return s;
-}
-
 // The colours of one line as golden/README.md writes them, "{kw}int{} main{dl}(": each
 // character under the mark of the slot that coloured it, whatever palette colour the
 // definition gives that slot.
@@ -73,9 +61,10 @@ inline std::string styled(SyntaxHighlight d, std::string_view text, int inCommen
     return out;
 }
 
-inline std::vector<int> docBits(const Document& doc) {
-    std::vector<int> out;
-    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.push_back(doc.lines.header(r).comment);
+// The comment bits of the lines, one digit each.
+inline std::string docBits(const Document& doc) {
+    std::string out;
+    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out += static_cast<char>('0' + doc.lines.header(r).comment);
     return out;
 }
 
