@@ -155,14 +155,12 @@ ClipboardData clipboardOf(const std::string& keyword, const std::string& text) {
 class CaseRun {
 public:
     explicit CaseRun(fs::path file) : file_(std::move(file)) {
-        options() = EditOptions{};
-        lineDrawState() = LineDrawState{};
+        resetGlobals();
         setShell(&shell_);
     }
     ~CaseRun() {
         setShell(nullptr);
-        options() = EditOptions{};
-        lineDrawState() = LineDrawState{};
+        resetGlobals();
         std::fclose(out_);
         std::free(outBuffer_);
     }
@@ -172,6 +170,11 @@ public:
     void run(const Case& c);
 
 private:
+    // The options and the line-drawing state are the program's: each case starts afresh.
+    static void resetGlobals() {
+        options() = EditOptions{};
+        lineDrawState() = LineDrawState{};
+    }
     bool fail(int line, const std::string& why) {
         ADD_FAILURE_AT(file_.c_str(), line) << why;
         return false;
