@@ -72,6 +72,7 @@ TEST_F(AutoSave, RecoveryNamesDocumentsInOrderAndRemovesSideFiles) {
     EXPECT_EQ(recover(), 11);
     ASSERT_EQ(docs.size(), 11u);
     EXPECT_EQ(docs[8]->fileName, "Recover9");
+    EXPECT_EQ(docs[9]->fileName, "Recov10");
     EXPECT_EQ(docs[10]->fileName, "Recov11");
     EXPECT_EQ(linesOf(*docs[9]), (Lines{"doc 10", "end"}));
     EXPECT_TRUE(docs[9]->modified && !docs[9]->hasFile);

@@ -14,9 +14,18 @@
 namespace zol::test {
 namespace {
 
-// The dialogs, answered with what the test chose.
-class ScriptedChooser final : public ConvertChooser {
-public:
+// The command with its dialogs answered by the test's choice.
+class Convert : public TempHome, public ConvertChooser {
+protected:
+    void SetUp() override {
+        TempHome::SetUp();
+        installConvertCommand();
+        setConvertChooser(this);
+    }
+    void TearDown() override {
+        setConvertChooser(nullptr);
+        TempHome::TearDown();
+    }
     bool chooseKind(ConvertChoice& c) override {
         c = choice;
         return true;
@@ -24,20 +33,6 @@ public:
     bool chooseTable(const std::vector<std::string>&, std::string& picked) override {
         picked = choice.table;
         return true;
-    }
-    ConvertChoice choice;
-};
-
-class Convert : public TempHome {
-protected:
-    void SetUp() override {
-        TempHome::SetUp();
-        installConvertCommand();
-        setConvertChooser(&chooser);
-    }
-    void TearDown() override {
-        setConvertChooser(nullptr);
-        TempHome::TearDown();
     }
     int convert() { return execute(doc, commandId("ConvertText", false)); }
     void tables(std::string_view text) {
@@ -51,7 +46,7 @@ protected:
         doc.selEnd = b;
     }
 
-    ScriptedChooser chooser;
+    ConvertChoice choice;
     Document doc;
 };
 
@@ -81,7 +76,7 @@ TEST(CodePageTables, ShippedUserTablesLoad) {
 
 TEST_F(Convert, BadTableFilesAndEntriesChangeNothing) {
     fill(doc, "ABCDEGH\xC8");
-    chooser.choice.table = "Odd";
+    choice.table = "Odd";
     EXPECT_EQ(convert(), 0);
     EXPECT_EQ(shell_.messages, Lines{filemsg::withFileName(filemsg::kCannotOpenTables, path(kConvertTableFile))});
     tables("; no tables\n");
@@ -99,7 +94,7 @@ TEST_F(Convert, WholeTextIsOneUndoStepAndKeepsBookmarks) {
     tables("[Swap]\n97=98\n98=97\n");
     fill(doc, "abba\n\tab\n\ncab");
     setBookmark(doc, 1, true);
-    chooser.choice.table = "Swap";
+    choice.table = "Swap";
     ASSERT_EQ(convert(), 1);
     EXPECT_EQ(textOf(doc), "baab\n\tba\n\ncba");
     EXPECT_TRUE(isBookmarked(doc, 1));
@@ -111,7 +106,7 @@ TEST_F(Convert, WholeTextIsOneUndoStepAndKeepsBookmarks) {
 
 TEST_F(Convert, SelectedTextOnly) {
     fill(doc, "\x82t\x82\n\x82\x82\x82\x82");
-    chooser.choice = {ConvertKind::OemToAnsi, true, ""};
+    choice = {ConvertKind::OemToAnsi, true, ""};
     EXPECT_EQ(convert(), 0);
     select(makePos(2, 0), makePos(1, 1), SelMode::Char);
     ASSERT_EQ(convert(), 1);
