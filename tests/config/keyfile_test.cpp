@@ -114,6 +114,7 @@ TEST_F(BadKeyFile, ForeignOrTruncatedFilesChangeNothing) {
     }
 }
 
+// Which macros a file's section brings back the macro tests show.
 TEST_F(BadKeyFile, CountsAndOffsetsPastTheEndAreReadErrors) {
     const size_t macrosAt = 20 + 18 + 2 * 4;
     const std::pair<size_t, uint16_t> corruptions[] = {
@@ -129,37 +130,6 @@ TEST_F(BadKeyFile, CountsAndOffsetsPastTheEndAreReadErrors) {
         EXPECT_EQ(parse(s), KeyFileStatus::ReadError) << at;
         expectUntouched();
     }
-}
-
-TEST_F(BadKeyFile, MacrosOutsideTheSlotRangeAreSkippedWithTheirSteps) {
-    std::string s = file;
-    const size_t firstMacro = 20 + 18 + 2 * 4 + 4;
-    put16(s, firstMacro + 112, 1150);
-    ASSERT_EQ(parse(s), KeyFileStatus::Ok);
-    EXPECT_FALSE(table.slots[0].used);
-    EXPECT_FALSE(table.slots[5].used) << "loading empties every slot";
-    ASSERT_TRUE(table.slots[1].used);
-    EXPECT_EQ(table.slots[1].steps, goodTable.slots[1].steps);
-    put16(s, firstMacro + 112, 999);
-    EXPECT_EQ(parse(s), KeyFileStatus::Ok);
-    EXPECT_FALSE(table.slots[0].used);
-}
-
-TEST_F(BadKeyFile, TwoHundredMacrosFillTheSlotsTheyName) {
-    std::string s = keyFileBytes(good, MacroTable{});
-    s.resize(s.size() - 2);
-    put16(s, s.size() - 2, 0);
-    s += bytes({200, 0});
-    for (int i = 0; i < 200; ++i) {
-        std::string name = "m" + std::to_string(i);
-        s += name + zeros(32 - name.size()) + zeros(80);
-        s += bytes({(1000 + i * 7 % 160) & 0xFF, (1000 + i * 7 % 160) >> 8, 1, 0, 2, 0, 'x', 0});
-    }
-    ASSERT_EQ(parse(s), KeyFileStatus::Ok);
-    int used = 0;
-    for (const Macro& m : table.slots) used += m.used;
-    EXPECT_EQ(used, 150);
-    EXPECT_EQ(macroById(table, 1000)->name, "m160") << "a later macro of the same number wins";
 }
 
 TEST_F(BadKeyFile, EntriesPastATablesCapacityAreReadOver) {

@@ -24,6 +24,13 @@ std::string textOf(const Document& doc) {
     return out;
 }
 
+std::string commentBits(const Document& doc) {
+    std::string out;
+    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r))
+        out += static_cast<char>('0' + doc.lines.header(r).comment);
+    return out;
+}
+
 std::string numberedLines(int count) {
     std::string text;
     for (int i = 1; i <= count; ++i) text += "line " + std::to_string(i) + "\n";

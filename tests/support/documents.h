@@ -16,6 +16,8 @@ void fill(Document& doc, std::string_view text);
 // The whole text with "\n" between lines.
 std::string textOf(const Document& doc);
 Lines linesOf(const Document& doc);
+// The comment-state bits of the lines, one digit each.
+std::string commentBits(const Document& doc);
 // "line 1" up to "line <count>", each with its line end: the text ends in an empty line.
 std::string numberedLines(int count);
 // "col,line", so that failures print positions readably.

@@ -1,4 +1,4 @@
-// Definitions from literal ini text, styled colour strings and comment bits for the syntax tests.
+// Definitions from literal ini text, and styled colour strings for the syntax tests.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -58,13 +58,6 @@ inline std::string styled(SyntaxHighlight d, std::string_view text, int inCommen
         out += text[i];
         if (text[i] == '{') out += '{';
     }
-    return out;
-}
-
-// The comment bits of the lines, one digit each.
-inline std::string docBits(const Document& doc) {
-    std::string out;
-    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out += static_cast<char>('0' + doc.lines.header(r).comment);
     return out;
 }
 
