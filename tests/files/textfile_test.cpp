@@ -40,7 +40,8 @@ TEST_F(TextFile, LinesAndFormatComeFromTheFileAndWriteBackTheSameBytes) {
         {std::string("hi\xff\x80\x01", 5), {std::string("hi\xff\x80\x01", 5)}, TextFormat::Unix},
         {std::string("a\0b\n\0\0", 6), {"a b", "  "}, TextFormat::Unix, "a b\n  ", filemsg::kBinaryFile},
         {w + "\n", {w, ""}, TextFormat::Unix},
-        {w + "w\r\n" + w + "w", {w, "w", w, "w"}, TextFormat::Dos, w + "\r\nw\r\n" + w + "\r\nw", filemsg::kLongLinesSplit},
+        {w + "w\r\n" + w + "w", {w, "w", w, "w"}, TextFormat::Dos, w + "\r\nw\r\n" + w + "\r\nw",
+         filemsg::kLongLinesSplit},
         {t + t + "\t", {t, t, "\t"}, TextFormat::Unix, t + "\n" + t + "\n\t", filemsg::kLongLinesSplit},
     };
     for (const Case& c : cases) {

@@ -236,7 +236,8 @@ TEST(RegexDifferential, EngineAgreesWithTheReference) {
             ++matched;
             for (int g = 0; g < kRegexGroups; ++g) {
                 auto at = [text](const char* p) { return p ? static_cast<int>(p - text) : -1; };
-                ASSERT_EQ(std::pair(at(prog->groupStart[g]), at(prog->groupEnd[g])), std::pair(ref.start[g], ref.end[g]))
+                ASSERT_EQ(std::pair(at(prog->groupStart[g]), at(prog->groupEnd[g])),
+                          std::pair(ref.start[g], ref.end[g]))
                     << "group " << g << " pattern " << pattern << " text \"" << ref.text << "\"";
             }
         }

@@ -77,7 +77,8 @@ TEST_F(SyntaxCommands, HtmlTags) {
 
 TEST_F(SyntaxCommands, OpeningNamedFiles) {
     const std::string root = scratchDir() + "inc/";
-    for (const char* f : {"src/main.c", "src/main.h", "src/util.h", "sys/util.h", "sys/stdio.h"}) writeBytes(root + f, "");
+    for (const char* f : {"src/main.c", "src/main.h", "src/util.h", "sys/util.h", "sys/stdio.h"})
+        writeBytes(root + f, "");
     includeDirs = " " + root + "sys ; ;";
     doc.fileName = root + "src/main.c";
     doc.hasFile = true;
@@ -91,13 +92,14 @@ TEST_F(SyntaxCommands, OpeningNamedFiles) {
     run("OpenHeaderFile", 0, 0);
     // Quoted names are looked for beside the document first, angled ones in the include
     // folders first.
-    EXPECT_EQ(shell_.opened, (Lines{root + "src/util.h", root + "sys/util.h", root + "src/main.h", root + "src/main.h"}));
+    const std::string util = root + "src/util.h", sysUtil = root + "sys/util.h", header = root + "src/main.h";
+    EXPECT_EQ(shell_.opened, (Lines{util, sysUtil, header, header}));
     EXPECT_EQ(shell_.messages, (Lines{"Cannot find file gone.h.", "There is no file name at the cursor."}));
 
     shell_.opened.clear();
     shell_.messages.clear();
     execute(doc, commandId("IncludeFiles", false));
-    EXPECT_EQ(shell_.opened, (Lines{root + "src/util.h", root + "sys/util.h"}));
+    EXPECT_EQ(shell_.opened, (Lines{util, sysUtil}));
     EXPECT_EQ(shell_.messages, Lines{"Cannot find these include files: gone.h."});
 }
 
