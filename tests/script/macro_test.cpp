@@ -9,8 +9,8 @@
 #include "script/macro_menu.h"
 #include "script/macro_text.h"
 #include "script/macros.h"
-#include "tests/support/fake_shell.h"
 #include "tests/support/documents.h"
+#include "tests/support/fake_shell.h"
 #include "tests/support/temp_home.h"
 
 namespace zol {
