@@ -22,7 +22,7 @@ std::string carried(const SyntaxHighlight& d, std::string_view text, int inComme
 // What the view paints with: the palette colour the definition gives each slot.
 TEST(Scanner, PaintsThePaletteColourOfEachSlot) {
     const SyntaxHighlight c = defOf(kC + "ColorComment=3\nColorDelim=5\nColorKeyword=10\n");
-    std::vector<uint8_t> out(11);
+    std::vector<uint8_t> out(11, 0xEE);  // a character left unpainted shows
     scanLine(c, "int x; // y", out.data(), 0);
     EXPECT_EQ(out, (std::vector<uint8_t>{10, 10, 10, 0, 0, 5, 0, 3, 3, 3, 3}));
 }
