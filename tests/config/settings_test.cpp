@@ -3,7 +3,7 @@
 #include "config/settings_list.h"
 #include "engine/options.h"
 #include "platform/profile.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 #include <filesystem>
 #include <fstream>

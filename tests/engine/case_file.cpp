@@ -7,7 +7,7 @@
 #include "engine/bookmarks.h"
 #include "engine/columns.h"
 #include "engine/selection.h"
-#include "tests/engine/doc_helpers.h"
+#include "tests/support/documents.h"
 
 namespace zol::test {
 namespace {
@@ -24,6 +24,16 @@ struct Placed {
     bool column;  // a bracket of a column selection
 };
 
+constexpr Placed kMarks[] = {{Mark::Cursor, 0, false}, {Mark::Open, 0, false}, {Mark::Close, 0, false},
+                              {Mark::Open, 0, true}, {Mark::Close, 0, true}};
+
+// How a mark is written; a cursor is one whatever the selection's kind.
+std::string_view markText(const Placed& p) {
+    if (p.mark == Mark::Cursor) return kCursor;
+    if (p.mark == Mark::Open) return p.column ? kOpenColumn : kOpen;
+    return p.column ? kCloseColumn : kClose;
+}
+
 bool take(std::string_view& s, std::string_view token) {
     if (!s.starts_with(token)) return false;
     s.remove_prefix(token.size());
@@ -31,18 +41,9 @@ bool take(std::string_view& s, std::string_view token) {
 }
 
 std::optional<Placed> takeMark(std::string_view& s) {
-    if (take(s, kCursor)) return Placed{Mark::Cursor, 0, false};
-    if (take(s, kOpen)) return Placed{Mark::Open, 0, false};
-    if (take(s, kClose)) return Placed{Mark::Close, 0, false};
-    if (take(s, kOpenColumn)) return Placed{Mark::Open, 0, true};
-    if (take(s, kCloseColumn)) return Placed{Mark::Close, 0, true};
+    for (const Placed& m : kMarks)
+        if (take(s, markText(m))) return m;
     return std::nullopt;
-}
-
-std::string_view markText(const Placed& p) {
-    if (p.mark == Mark::Cursor) return kCursor;
-    if (p.mark == Mark::Open) return p.column ? kOpenColumn : kOpen;
-    return p.column ? kCloseColumn : kClose;
 }
 
 bool printable(char c) { return c >= 0x20 && c < 0x7F; }
@@ -252,11 +253,8 @@ std::optional<MarkedText> parseMarked(const std::vector<std::string>& block, int
         m.lines.push_back(lp.text);
         if (block[i][0] == '*') m.bookmarks.push_back(line);
         for (const Placed& p : lp.marks) {
-            if (p.mark != Mark::Cursor) {
-                brackets.emplace_back(p, line);
-                continue;
-            }
-            m.cursors.push_back(makePos(p.col, line));
+            if (p.mark == Mark::Cursor) m.cursors.push_back(makePos(p.col, line));
+            else brackets.emplace_back(p, line);
         }
     }
     if (cursors >= 0 && m.cursors.size() != static_cast<size_t>(cursors)) {

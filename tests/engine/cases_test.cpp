@@ -63,12 +63,6 @@ const Setting kSettings[] = {
     {"doc.lineDrawing", nullptr, nullptr, &Document::lineDrawing},
 };
 
-const Setting* findSetting(std::string_view name) {
-    for (const Setting& s : kSettings)
-        if (name == s.name) return &s;
-    return nullptr;
-}
-
 std::string settingValue(const Setting& s, const Document& doc) {
     if (s.number) return std::to_string(options().*s.number);
     return (s.flag ? options().*s.flag : doc.*s.docFlag) ? "on" : "off";
@@ -105,12 +99,17 @@ std::optional<std::string> unquote(const std::string& token, std::string& error)
     return decodeText(std::string_view(token).substr(1, token.size() - 2), error);
 }
 
-// A set: or check: word "name=value"; nullptr when the name is none of kSettings.
-const Setting* assignment(const std::string& token, std::string& value) {
+// A set: or check: word "name=value": its setting, and the value as settingValue
+// writes it; nullptr when the name is none of kSettings or the value does not fit.
+const Setting* assignment(std::string_view token, std::string& value) {
     const size_t eq = token.find('=');
-    if (eq == std::string::npos) return nullptr;
-    value = token.substr(eq + 1);
-    return findSetting(std::string_view(token).substr(0, eq));
+    for (const Setting& s : kSettings) {
+        if (eq == std::string_view::npos || token.substr(0, eq) != s.name) continue;
+        const std::optional<std::string> v = canonicalValue(s, token.substr(eq + 1));
+        if (v) value = *v;
+        return v ? &s : nullptr;
+    }
+    return nullptr;
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -156,14 +155,12 @@ ClipboardData clipboardOf(const std::string& keyword, const std::string& text) {
 class CaseRun {
 public:
     explicit CaseRun(fs::path file) : file_(std::move(file)) {
-        options() = EditOptions{};
-        lineDrawState() = LineDrawState{};
+        resetGlobals();
         setShell(&shell_);
     }
     ~CaseRun() {
         setShell(nullptr);
-        options() = EditOptions{};
-        lineDrawState() = LineDrawState{};
+        resetGlobals();
         std::fclose(out_);
         std::free(outBuffer_);
     }
@@ -173,6 +170,11 @@ public:
     void run(const Case& c);
 
 private:
+    // The options and the line-drawing state are the program's: each case starts afresh.
+    static void resetGlobals() {
+        options() = EditOptions{};
+        lineDrawState() = LineDrawState{};
+    }
     bool fail(int line, const std::string& why) {
         ADD_FAILURE_AT(file_.c_str(), line) << why;
         return false;
@@ -182,7 +184,7 @@ private:
     bool press(const std::string& token, int line);
     bool command(const std::vector<std::string>& tokens, size_t& i, int line);
     bool follow(const std::vector<std::string>& tokens, int line);
-    void type(const std::string& text, bool throughKeys);
+    bool type(const std::string& quoted, bool throughKeys, int line);
     bool set(const CaseLine& l);
     bool checkpoint(const std::vector<const CaseLine*>& checks);
     bool expect(const CaseLine& l, std::string& expected, std::string& actual, std::string& error);
@@ -256,13 +258,7 @@ bool CaseRun::act(const CaseLine& l) {
 
 // A key name, or a quoted text typed character by character.
 bool CaseRun::press(const std::string& token, int line) {
-    std::string error;
-    if (quoted(token)) {
-        const std::optional<std::string> text = unquote(token, error);
-        if (!text) return fail(line, error);
-        type(*text, true);
-        return true;
-    }
+    if (quoted(token)) return type(token, true, line);
     const auto [name, times] = repeated(token);
     const uint16_t key = parseKeyName(name);
     if (!key) return fail(line, "no key is named \"" + name + "\"");
@@ -275,13 +271,7 @@ bool CaseRun::press(const std::string& token, int line) {
 
 // A command name with its parameter, if it takes one, or a quoted text to insert.
 bool CaseRun::command(const std::vector<std::string>& tokens, size_t& i, int line) {
-    std::string error;
-    if (quoted(tokens[i])) {
-        const std::optional<std::string> text = unquote(tokens[i], error);
-        if (!text) return fail(line, error);
-        type(*text, false);
-        return true;
-    }
+    if (quoted(tokens[i])) return type(tokens[i], false, line);
     const auto [name, times] = repeated(tokens[i]);
     const CommandRecord* rec = findCommand(name);
     if (!rec) return fail(line, "no command is named \"" + name + "\"");
@@ -289,6 +279,7 @@ bool CaseRun::command(const std::vector<std::string>& tokens, size_t& i, int lin
     if (rec->kind == ParamKind::Char || rec->kind == ParamKind::Number) {
         if (++i == tokens.size()) return fail(line, name + " takes a parameter");
         const std::string& p = tokens[i];
+        std::string error;
         const std::optional<std::string> c = quoted(p) ? unquote(p, error) : std::nullopt;
         if (c && c->size() == 1) param = static_cast<unsigned char>((*c)[0]);
         else if (p.find_first_not_of("0123456789") == std::string::npos) param = static_cast<uint32_t>(std::stoul(p));
@@ -314,23 +305,27 @@ bool CaseRun::follow(const std::vector<std::string>& tokens, int line) {
     return fail(line, "the cursor never stops");
 }
 
-// Typed characters: through the key map as a window types them, or as InsertChar.
-void CaseRun::type(const std::string& text, bool throughKeys) {
+// A quoted text typed character by character: through the key map as a window types
+// it, or as InsertChar.
+bool CaseRun::type(const std::string& quoted, bool throughKeys, int line) {
+    std::string error;
+    const std::optional<std::string> text = unquote(quoted, error);
+    if (!text) return fail(line, error);
     const uint16_t insertChar = findCommand("InsertChar")->id;
-    for (char c : text) {
+    for (char c : *text) {
         const auto byte = static_cast<unsigned char>(c);
         const uint16_t id = throughKeys ? keyCommand(keys_, doc_, byte, pending_) : insertChar;
         if (id) execute(doc_, id, id == insertChar ? byte : 0);
     }
+    return true;
 }
 
 bool CaseRun::set(const CaseLine& l) {
     for (const std::string& token : splitTokens(l.value)) {
         std::string value;
         const Setting* s = assignment(token, value);
-        const std::optional<std::string> v = s ? canonicalValue(*s, value) : std::nullopt;
-        if (!v) return fail(l.number, "\"" + token + "\" sets nothing: write name=value, on or off or a number");
-        setSetting(*s, *v, doc_);
+        if (!s) return fail(l.number, "\"" + token + "\" sets nothing: write name=value, on or off or a number");
+        setSetting(*s, value, doc_);
     }
     return true;
 }
@@ -373,14 +368,13 @@ bool CaseRun::expectSettings(const CaseLine& l, std::string& expected, std::stri
             actual += "check: undo=\"" + std::string(undoLabel(doc_.undo)) + "\"\n";
             continue;
         }
-        std::string value;
-        const Setting* s = assignment(token, value);
-        const std::optional<std::string> want = s ? canonicalValue(*s, value) : std::nullopt;
-        if (!want) {
+        std::string want;
+        const Setting* s = assignment(token, want);
+        if (!s) {
             error = "\"" + token + "\" checks nothing: write name=value or undo=\"label\"";
             return false;
         }
-        expected += "check: " + std::string(s->name) + "=" + *want + "\n";
+        expected += "check: " + std::string(s->name) + "=" + want + "\n";
         actual += "check: " + std::string(s->name) + "=" + settingValue(*s, doc_) + "\n";
     }
     return true;
@@ -398,12 +392,11 @@ std::vector<std::string> CaseRun::newMessages() {
 
 struct CaseId {
     std::string file;  // below the cases folder
-    size_t index = 0;
-    std::string name;
+    Case kase;
     std::string error;  // why the file could not be read
 };
 
-void PrintTo(const CaseId& id, std::ostream* os) { *os << id.file << ": " << id.name; }
+void PrintTo(const CaseId& id, std::ostream* os) { *os << id.file << ": " << id.kase.name; }
 
 std::vector<CaseId> allCases() {
     std::vector<std::string> files;
@@ -414,14 +407,14 @@ std::vector<CaseId> allCases() {
     for (const std::string& f : files) {
         std::string error;
         const std::optional<std::vector<Case>> cases = readCases((casesRoot() / f).string(), error);
-        if (!cases) ids.push_back({f, 0, "unreadable", error});
-        for (size_t i = 0; cases && i < cases->size(); ++i) ids.push_back({f, i, (*cases)[i].name, ""});
+        if (!cases) ids.push_back({f, Case{"unreadable", 0, {}}, error});
+        for (size_t i = 0; cases && i < cases->size(); ++i) ids.push_back({f, (*cases)[i], ""});
     }
     return ids;
 }
 
 std::string testName(const ::testing::TestParamInfo<CaseId>& info) {
-    const std::string words = fs::path(info.param.file).replace_extension().string() + " " + info.param.name;
+    const std::string words = fs::path(info.param.file).replace_extension().string() + " " + info.param.kase.name;
     std::string name;
     for (char c : words) {
         if (std::isalnum(static_cast<unsigned char>(c))) name += c;
@@ -436,10 +429,7 @@ class CaseFile : public ::testing::TestWithParam<CaseId> {};
 TEST_P(CaseFile, Runs) {
     const CaseId& id = GetParam();
     if (!id.error.empty()) GTEST_FAIL() << id.error;
-    std::string error;
-    const std::optional<std::vector<Case>> cases = readCases((casesRoot() / id.file).string(), error);
-    ASSERT_TRUE(cases && id.index < cases->size()) << error;
-    CaseRun(casesRoot() / id.file).run((*cases)[id.index]);
+    CaseRun(casesRoot() / id.file).run(id.kase);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, CaseFile, ::testing::ValuesIn(allCases()), testName);

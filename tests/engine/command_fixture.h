@@ -1,5 +1,5 @@
-// Running editor commands on a document through the executor, with a recording
-// shell and window.
+// Running editor commands on a document through the executor, with the fake shell
+// and recording windows.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -12,21 +12,10 @@
 #include "engine/executor.h"
 #include "engine/options.h"
 #include "engine/shell.h"
-#include "tests/engine/doc_helpers.h"
+#include "tests/support/documents.h"
+#include "tests/support/fake_shell.h"
 
 namespace zol::test {
-
-class RecordingShell final : public Shell {
-public:
-    void message(std::string_view text) override { messages.emplace_back(text); }
-    Answer ask(std::string_view, bool withCancel) override { return withCancel ? Answer::Cancel : Answer::No; }
-    void statusMessage(std::string_view text) override { status.emplace_back(text); }
-    ClipboardData getClipboard() override { return clip; }
-    void setClipboard(const ClipboardData& data) override { clip = data; }
-
-    std::vector<std::string> messages, status;
-    ClipboardData clip;
-};
 
 class RecordingView final : public EditorView {
 public:
@@ -39,9 +28,6 @@ public:
     bool swallow = false;
     int readOnlyNotes = 0;
 };
-
-// "col,line", so that failures print positions readably.
-inline std::string str(Pos p) { return std::to_string(p.col) + "," + std::to_string(p.line); }
 
 class FakeEditorView : public EditorView {
 public:
@@ -94,7 +80,7 @@ protected:
     size_t undoDepth() const { return doc.undo.undo.size(); }
 
     Document doc;
-    RecordingShell shell_;
+    FakeShell shell_;
 };
 
 }  // namespace zol::test

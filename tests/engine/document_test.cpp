@@ -3,8 +3,9 @@
 #include <memory>
 
 #include "engine/columns.h"
+#include "engine/edit.h"
 #include "engine/options.h"
-#include "tests/engine/doc_helpers.h"
+#include "tests/support/documents.h"
 
 namespace zol {
 namespace {

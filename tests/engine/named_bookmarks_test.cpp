@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "engine/bookmarks.h"
+#include "engine/edit.h"
 #include "platform/profile.h"
 #include "platform/tempfile.h"
 #include "tests/engine/command_fixture.h"

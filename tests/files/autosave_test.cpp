@@ -2,67 +2,57 @@
 #include <filesystem>
 #include <memory>
 #include <set>
-#include <utility>
 
 #include "files/autosave.h"
 #include "files/messages.h"
 #include "platform/dirsearch.h"
-#include "tests/files/files_fixture.h"
+#include "tests/support/documents.h"
+#include "tests/support/files.h"
+#include "tests/support/temp_home.h"
 
 namespace zol::test {
 namespace {
 
-class AutoSave : public FilesTest {
-protected:
-    std::vector<std::string> sideFiles() const {
-        std::vector<std::string> names;
-        for (const FoundFile& f : findFiles(dir_ + kAutoSavePattern, false)) names.push_back(f.name);
-        return names;
-    }
-    std::unique_ptr<Document> modifiedDoc(const std::vector<std::string>& lines) {
-        auto d = std::make_unique<Document>();
-        setLines(*d, lines);
-        d->modified = true;
-        return d;
-    }
-};
+using AutoSave = TempHome;
 
 TEST_F(AutoSave, ModifiedDocumentsGoToTheirOwnFreshSideFiles) {
-    auto doc = modifiedDoc({"one", "two", ""});
-    doc->modified = false;
-    EXPECT_FALSE(autoSaveDocument(*doc, dir_));
-    doc->modified = true;
-    doc->textFormat = TextFormat::Unix;
-    ASSERT_TRUE(autoSaveDocument(*doc, dir_));
-    EXPECT_EQ(bytesOf(doc->autoSaveFile), "one\ntwo\n");
-    EXPECT_TRUE(doc->modified);
-    const std::string first = doc->autoSaveFile;
-    doc->textFormat = TextFormat::Dos;
-    ASSERT_TRUE(autoSaveDocument(*doc, dir_));
-    EXPECT_EQ(doc->autoSaveFile, first);
-    EXPECT_EQ(bytesOf(first), "one\r\ntwo\r\n");
+    Document doc;
+    fill(doc, "one\ntwo\n");
+    EXPECT_FALSE(autoSaveDocument(doc, dir));
+    doc.modified = true;
+    doc.textFormat = TextFormat::Unix;
+    ASSERT_TRUE(autoSaveDocument(doc, dir));
+    EXPECT_EQ(readBytes(doc.autoSaveFile), "one\ntwo\n");
+    EXPECT_TRUE(doc.modified);
+    const std::string first = doc.autoSaveFile;
+    doc.textFormat = TextFormat::Dos;
+    ASSERT_TRUE(autoSaveDocument(doc, dir));
+    EXPECT_EQ(doc.autoSaveFile, first);
+    EXPECT_EQ(readBytes(first), "one\r\ntwo\r\n");
 
-    const std::string someoneElse = put("~zol0000.asd", "not ours");
+    put("~zol0000.asd", "not ours");
     std::set<std::string> names = {first};
     for (int i = 0; i < 50; ++i) {
-        auto other = modifiedDoc({"other"});
-        ASSERT_TRUE(autoSaveDocument(*other, dir_));
-        names.insert(std::exchange(other->autoSaveFile, ""));  // the file stays
+        Document other;
+        other.modified = true;
+        ASSERT_TRUE(autoSaveDocument(other, dir));
+        names.insert(other.autoSaveFile);
     }
     EXPECT_EQ(names.size(), 51u);
-    EXPECT_EQ(bytesOf(someoneElse), "not ours");
+    EXPECT_EQ(get("~zol0000.asd"), "not ours");
 }
 
 TEST_F(AutoSave, FailuresAreSilentAndKeepTheDocumentModified) {
-    auto doc = modifiedDoc({"precious"});
+    Document doc;
+    doc.modified = true;
     const std::string notAFolder = put("plainfile", "x") + "/";
-    EXPECT_FALSE(autoSaveDocument(*doc, notAFolder));
-    EXPECT_TRUE(doc->autoSaveFile.empty());
+    EXPECT_FALSE(autoSaveDocument(doc, notAFolder));
+    EXPECT_TRUE(doc.autoSaveFile.empty());
     // A side file that can no longer be written is dropped; the next round starts over.
-    doc->autoSaveFile = notAFolder + "~zol0001.asd";
-    EXPECT_FALSE(autoSaveDocument(*doc, dir_));
-    EXPECT_TRUE(doc->autoSaveFile.empty());
-    EXPECT_TRUE(doc->modified);
+    doc.autoSaveFile = notAFolder + "~zol0001.asd";
+    EXPECT_FALSE(autoSaveDocument(doc, dir));
+    EXPECT_TRUE(doc.autoSaveFile.empty());
+    EXPECT_TRUE(doc.modified);
     EXPECT_TRUE(shell_.messages.empty());
 }
 
@@ -76,17 +66,20 @@ TEST_F(AutoSave, RecoveryNamesDocumentsInOrderAndRemovesSideFiles) {
     std::filesystem::create_directory(path("~zol0001.asd"));
     std::vector<std::unique_ptr<Document>> docs;
     auto recover = [&] {
-        return recoverAutoSaved(dir_, [&] { return docs.emplace_back(std::make_unique<Document>()).get(); },
+        return recoverAutoSaved(dir, [&] { return docs.emplace_back(std::make_unique<Document>()).get(); },
                                 [&](Document*) { docs.pop_back(); });
     };
     EXPECT_EQ(recover(), 11);
     ASSERT_EQ(docs.size(), 11u);
     EXPECT_EQ(docs[8]->fileName, "Recover9");
+    EXPECT_EQ(docs[9]->fileName, "Recov10");
     EXPECT_EQ(docs[10]->fileName, "Recov11");
-    EXPECT_EQ(linesOf(*docs[9]), (std::vector<std::string>{"doc 10", "end"}));
+    EXPECT_EQ(linesOf(*docs[9]), (Lines{"doc 10", "end"}));
     EXPECT_TRUE(docs[9]->modified && !docs[9]->hasFile);
-    EXPECT_EQ(sideFiles(), (std::vector<std::string>{"~zol0001.asd"}));
-    EXPECT_EQ(shell_.messages, (std::vector<std::string>{filemsg::kRecovered}));
+    Lines left;
+    for (const FoundFile& f : findFiles(dir + kAutoSavePattern, false)) left.push_back(f.name);
+    EXPECT_EQ(left, Lines{"~zol0001.asd"});
+    EXPECT_EQ(shell_.messages, Lines{filemsg::kRecovered});
     EXPECT_EQ(recover(), 0);
     EXPECT_EQ(shell_.messages.size(), 1u);
 }

@@ -1,3 +1,4 @@
+// Names of new documents, and files changed behind the editor's back.
 #include <chrono>
 #include <filesystem>
 
@@ -5,14 +6,12 @@
 #include "files/messages.h"
 #include "files/prompts.h"
 #include "files/textfile.h"
-#include "files_fixture.h"
+#include "tests/support/documents.h"
+#include "tests/support/files.h"
+#include "tests/support/temp_home.h"
 
 namespace zol::test {
 namespace {
-
-namespace fs = std::filesystem;
-using Lines = std::vector<std::string>;
-using PromptTest = FilesTest;
 
 TEST(DocNames, CounterAndExtension) {
     EXPECT_EQ(newDocumentName(1, "txt"), "noname01.txt");
@@ -27,17 +26,18 @@ TEST(DocNames, CounterAndExtension) {
     EXPECT_EQ(nextNewDocumentName("x"), newDocumentName(n + 1, "x"));
 }
 
-// Moves the file's time so that the check sees a change within the same second too.
-void touchLater(const std::string& p) {
-    fs::last_write_time(p, fs::last_write_time(p) + std::chrono::seconds(10));
-}
+using Prompts = TempHome;
 
-TEST_F(PromptTest, ChangedFilesAreOfferedForReloadOnce) {
+TEST_F(Prompts, ChangedFilesAreOfferedForReloadOnce) {
     const std::string p = put("a.txt", "one");
+    // Moves the file's time so that the check sees a change within the same second too.
+    auto touchLater = [&] {
+        std::filesystem::last_write_time(p, std::filesystem::last_write_time(p) + std::chrono::seconds(10));
+    };
     Document clean, dirty, unnamed;
     ASSERT_TRUE(readFile(clean, p, true));
     ASSERT_TRUE(readFile(dirty, p, true));
-    setLines(dirty, {"my edit"});
+    fill(dirty, "my edit");
     dirty.modified = true;
     std::vector<Document*> docs{&clean, &dirty, &unnamed};
 
@@ -45,20 +45,20 @@ TEST_F(PromptTest, ChangedFilesAreOfferedForReloadOnce) {
     EXPECT_TRUE(shell_.questions.empty());
 
     put("a.txt", "two");
-    touchLater(p);
+    touchLater();
     shell_.answers = {Answer::Yes, Answer::No};
     EXPECT_EQ(checkFileTime(docs), 1);
     EXPECT_EQ(shell_.questions, (Lines{filemsg::withFileName(filemsg::kReloadUnchanged, p),
                                        filemsg::withFileName(filemsg::kReloadModified, p)}));
-    EXPECT_EQ(linesOf(clean), Lines{"two"});
-    EXPECT_EQ(linesOf(dirty), Lines{"my edit"});
+    EXPECT_EQ(textOf(clean), "two");
+    EXPECT_EQ(textOf(dirty), "my edit");
     EXPECT_TRUE(dirty.modified);
 
     shell_.questions.clear();
     EXPECT_EQ(checkFileTime(docs), 0);
     EXPECT_TRUE(shell_.questions.empty());
 
-    touchLater(p);
+    touchLater();
     options().checkFileTime = false;
     EXPECT_EQ(checkFileTime(docs), 0);
     EXPECT_TRUE(shell_.questions.empty());

@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "platform/dirsearch.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {

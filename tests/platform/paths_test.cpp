@@ -2,7 +2,7 @@
 #include <filesystem>
 
 #include "platform/paths.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {

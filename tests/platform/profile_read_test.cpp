@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "platform/profile.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {

@@ -2,7 +2,7 @@
 #include <fstream>
 
 #include "platform/profile.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {

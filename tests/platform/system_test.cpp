@@ -7,7 +7,7 @@
 #include "platform/paths.h"
 #include "platform/registry.h"
 #include "platform/tempfile.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {

@@ -13,7 +13,7 @@
 #include "engine/executor.h"
 #include "platform/tempfile.h"
 #include "script/macros.h"
-#include "tests/engine/doc_helpers.h"
+#include "tests/support/documents.h"
 
 namespace zol {
 namespace {

@@ -9,9 +9,9 @@
 #include "script/macro_menu.h"
 #include "script/macro_text.h"
 #include "script/macros.h"
-#include "tests/config/key_shell.h"
-#include "tests/engine/doc_helpers.h"
-#include "tests/platform/temp_home.h"
+#include "tests/support/documents.h"
+#include "tests/support/fake_shell.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {
@@ -56,7 +56,7 @@ protected:
     }
 
     Document doc;
-    test::KeyShell shell;
+    test::FakeShell shell;
 };
 
 TEST_F(Macros, RecordingKeepsEveryCommandWithItsParameter) {

@@ -4,7 +4,6 @@
 
 #include "engine/executor.h"
 #include "script/macro_text.h"
-#include "tests/config/key_shell.h"
 
 namespace zol {
 namespace {

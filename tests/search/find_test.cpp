@@ -14,7 +14,6 @@
 #include "search/history.h"
 #include "search/replace.h"
 #include "tests/engine/command_fixture.h"
-#include "tests/support/fake_shell.h"
 
 namespace zol {
 namespace {
@@ -74,16 +73,14 @@ TEST(LineSearch, WordCharacterModes) {
 TEST(StringSearch, PlainAndRegularExpression) {
     int pos = 9, len = 9;
     EXPECT_EQ(findInString("concat cat", "cat", true, false, false, &pos, &len), kSearchFound);
-    EXPECT_EQ(pos, 7);
-    EXPECT_EQ(len, 3);
+    EXPECT_EQ(std::pair(pos, len), std::pair(7, 3));
     EXPECT_EQ(findInString("concat cat", "cat", false, false, false, &pos, &len), kSearchFound);
     EXPECT_EQ(pos, 3);
     EXPECT_EQ(findInString("cat", "CAT", true, false, false, &pos, &len), kSearchFound);
     EXPECT_EQ(pos, 0);  // the text start is a word boundary
     EXPECT_EQ(findInString("cat", "CAT", false, true, false, &pos, &len), kSearchNotFound);
     EXPECT_EQ(findInString("xx cat", "c.t", false, false, true, &pos, &len), kSearchFound);
-    EXPECT_EQ(pos, 0);  // a regular-expression hit leaves the outputs cleared
-    EXPECT_EQ(len, 0);
+    EXPECT_EQ(std::pair(pos, len), std::pair(0, 0));  // a regular-expression hit leaves the outputs cleared
     EXPECT_EQ(findInString("xx cat", "c{t", false, false, true, &pos, &len), kSearchError);
     EXPECT_EQ(findInString(nullptr, "a", false, false, false, &pos, &len), kSearchError);
     EXPECT_EQ(findInString("a", "a", false, false, false, nullptr, &len), kSearchError);
@@ -96,12 +93,18 @@ protected:
         initSearch(nullptr, nullptr);
         forgetLastSearch();
     }
-    // "col,line-col,line" from the selection's start to its end.
-    std::string selected() const {
+    // What a search left: the selection it made as "col,line-col,line" from its start
+    // to its end, or how it failed.
+    std::string hit(int result) const {
+        if (result != kSearchFound) return result == kSearchNotFound ? "not found" : "error";
         Pos b, e;
         selectionRange(doc, b, e);
         return test::str(b) + "-" + test::str(e);
     }
+    // The same for a command, which tells success only.
+    std::string found(std::string_view command) { return hit(run(command) ? kSearchFound : kSearchNotFound); }
+    // The text after a replacement, or how it failed.
+    std::string replaced(int result) const { return result == kSearchFound ? text() : hit(result); }
     void params(std::string_view p1, std::string_view p2 = {}) {
         for (char c : p1) run("Param1", static_cast<unsigned char>(c));
         for (char c : p2) run("Param2", static_cast<unsigned char>(c));
@@ -110,109 +113,91 @@ protected:
 
 TEST_F(DocSearch, EntryPointsCheckArgumentsAndWalkLines) {
     test::fill(doc, "one\ntwo one\nthree");
-    EXPECT_EQ(findText(nullptr, "one", 1, 1, false, false, false, true), kSearchError);
-    EXPECT_EQ(findText(&doc, "one", 0, 1, false, false, false, true), kSearchError);
-    EXPECT_EQ(findText(&doc, "", 1, 1, false, false, false, true), kSearchError);
-    EXPECT_EQ(findText(&doc, "one", 1, 4, false, false, false, true), kSearchError);
-    EXPECT_EQ(findText(&doc, "{", 1, 1, false, false, true, true), kSearchError);
+    EXPECT_EQ(hit(findText(nullptr, "one", 1, 1, false, false, false, true)), "error");
+    EXPECT_EQ(hit(findText(&doc, "one", 0, 1, false, false, false, true)), "error");
+    EXPECT_EQ(hit(findText(&doc, "", 1, 1, false, false, false, true)), "error");
+    EXPECT_EQ(hit(findText(&doc, "one", 1, 4, false, false, false, true)), "error");
+    EXPECT_EQ(hit(findText(&doc, "{", 1, 1, false, false, true, true)), "error");
 
-    EXPECT_EQ(findText(&doc, "one", 2, 1, false, false, false, true), kSearchFound);
-    EXPECT_EQ(selected(), "4,1-7,1");
+    EXPECT_EQ(hit(findText(&doc, "one", 2, 1, false, false, false, true)), "4,1-7,1");
     EXPECT_EQ(here(), "7,1");
-    EXPECT_EQ(findText(&doc, "one", 1, 2, false, false, false, false), kSearchFound);  // back to line 1
-    EXPECT_EQ(selected(), "0,0-3,0");
-    EXPECT_EQ(findText(&doc, "one", 1, 1, false, false, false, false), kSearchNotFound);
-    EXPECT_EQ(findText(&doc, "three", 1, 1, false, false, false, true), kSearchFound);
-    EXPECT_EQ(findTextInLine(&doc, "three", 1, 1, false, false, false, true), kSearchNotFound);
-    EXPECT_EQ(findText(&doc, "^t", 1, 3, false, false, true, false), kSearchFound);
-    EXPECT_EQ(selected(), "0,1-1,1");
+    EXPECT_EQ(hit(findText(&doc, "one", 1, 2, false, false, false, false)), "0,0-3,0");  // back to line 1
+    EXPECT_EQ(hit(findText(&doc, "one", 1, 1, false, false, false, false)), "not found");
+    EXPECT_EQ(hit(findText(&doc, "three", 1, 1, false, false, false, true)), "0,2-5,2");
+    EXPECT_EQ(hit(findTextInLine(&doc, "three", 1, 1, false, false, false, true)), "not found");
+    EXPECT_EQ(hit(findText(&doc, "^t", 1, 3, false, false, true, false)), "0,1-1,1");
 }
 
 TEST_F(DocSearch, HitsAtLineEdgesTabsAndTheLastColumn) {
-    std::string wide(3199, 'x');
-    wide += 'Z';
-    test::fill(doc, "\tab\n" + wide + "\nZ");
-    EXPECT_EQ(findText(&doc, "ab", 1, 1, false, true, false, true), kSearchFound);
-    EXPECT_EQ(selected(), "8,0-10,0");  // columns, after the tab
-    EXPECT_EQ(findText(&doc, "Z", 1, 2, false, true, false, true), kSearchFound);
-    EXPECT_EQ(selected(), "3199,1-3200,1");
-    EXPECT_EQ(findText(&doc, "Z", 2, 3, false, true, false, false), kSearchFound);
-    EXPECT_EQ(selected(), "0,2-1,2");
+    test::fill(doc, "\tab\n" + std::string(3199, 'x') + "Z\nZ");
+    EXPECT_EQ(hit(findText(&doc, "ab", 1, 1, false, true, false, true)), "8,0-10,0");  // columns, after the tab
+    EXPECT_EQ(hit(findText(&doc, "Z", 1, 2, false, true, false, true)), "3199,1-3200,1");
+    EXPECT_EQ(hit(findText(&doc, "Z", 2, 3, false, true, false, false)), "0,2-1,2");
     // Backwards, earlier lines are searched from column 3199, so a hit in the last
     // column of a full line lies beyond the start.
-    EXPECT_EQ(findText(&doc, "Z", 1, 3, false, true, false, false), kSearchNotFound);
-    EXPECT_EQ(findText(&doc, "Z", 1, 3, false, true, true, false), kSearchNotFound);
-    EXPECT_EQ(findText(&doc, "x", 1, 3, false, true, true, false), kSearchFound);
-    EXPECT_EQ(selected(), "3198,1-3199,1");
+    EXPECT_EQ(hit(findText(&doc, "Z", 1, 3, false, true, false, false)), "not found");
+    EXPECT_EQ(hit(findText(&doc, "Z", 1, 3, false, true, true, false)), "not found");
+    EXPECT_EQ(hit(findText(&doc, "x", 1, 3, false, true, true, false)), "3198,1-3199,1");
 }
 
 TEST_F(DocSearch, ReplacingIsOneUndoStepEach) {
     test::fill(doc, "cat cat\ncat");
-    EXPECT_EQ(replaceText(&doc, "cat", "dog", 1, 1, false, false, false, true), kSearchFound);
-    EXPECT_EQ(text(), "dog cat\ncat");
-    EXPECT_EQ(selected(), "0,0-3,0");
-    EXPECT_EQ(replaceText(&doc, "{c}at", "\\U\\1-&", 4, 1, false, false, true, true), kSearchFound);
-    EXPECT_EQ(text(), "dog C-cat\ncat");
-    EXPECT_EQ(replaceTextInLine(&doc, "cat", "", 1, 2, false, false, false, true), kSearchFound);
-    EXPECT_EQ(text(), "dog C-cat\n");
+    EXPECT_EQ(replaced(replaceText(&doc, "cat", "dog", 1, 1, false, false, false, true)), "dog cat\ncat");
+    EXPECT_EQ(hit(kSearchFound), "0,0-3,0");
+    EXPECT_EQ(replaced(replaceText(&doc, "{c}at", "\\U\\1-&", 4, 1, false, false, true, true)), "dog C-cat\ncat");
+    EXPECT_EQ(replaced(replaceTextInLine(&doc, "cat", "", 1, 2, false, false, false, true)), "dog C-cat\n");
     EXPECT_EQ(undoDepth(), 3u);
-    undo(doc);
-    undo(doc);
-    undo(doc);
+    for (int i = 0; i < 3; ++i) undo(doc);
     EXPECT_EQ(text(), "cat cat\ncat");
     doc.readOnly = true;
-    EXPECT_EQ(replaceText(&doc, "cat", "x", 1, 1, false, false, false, true), kSearchError);
+    EXPECT_EQ(replaced(replaceText(&doc, "cat", "x", 1, 1, false, false, false, true)), "error");
     doc.readOnly = false;
-    EXPECT_EQ(replaceText(&doc, "cat", std::string(3300, 'w').c_str(), 1, 1, false, false, false, true),
-              kSearchError);
+    const std::string wide(3300, 'w');
+    EXPECT_EQ(replaced(replaceText(&doc, "cat", wide.c_str(), 1, 1, false, false, false, true)), "error");
     EXPECT_EQ(text(), "cat cat\ncat");
 }
 
 TEST_F(DocSearch, ReplaceAllIsOneUndoStepAndCounts) {
-    test::fill(doc, "int a;\nchar b;\nint c; int d;\nlong e;");
+    const std::string before = "int a;\nchar b;\nint c; int d;\nlong e;";
+    test::fill(doc, before);
     Searcher s;
-    ASSERT_EQ(prepareSearch(s, "int", {true, true, false, true}), kSearchFound);
     ReplaceAllResult r;
+    auto replaceAllOf = [&](const char* pattern, SearchOptions opt, const char* with) {
+        EXPECT_EQ(prepareSearch(s, pattern, opt), kSearchFound) << pattern;
+        return replaced(replaceAll(doc, s, with, r));
+    };
     doc.lastCmd = 91;
-    EXPECT_EQ(replaceAll(doc, s, "long", r), kSearchFound);
+    EXPECT_EQ(replaceAllOf("int", {true, true, false, true}, "long"), "long a;\nchar b;\nlong c; long d;\nlong e;");
     EXPECT_EQ(r.replaced, 3);
-    EXPECT_EQ(text(), "long a;\nchar b;\nlong c; long d;\nlong e;");
     EXPECT_EQ(undoDepth(), 1u);
     EXPECT_STREQ(undoLabel(doc.undo), "&Undo Replace");
     undo(doc);
-    EXPECT_EQ(text(), "int a;\nchar b;\nint c; int d;\nlong e;");
-
-    ASSERT_EQ(prepareSearch(s, "{[a-e]};", {false, true, true, true}), kSearchFound);
-    EXPECT_EQ(replaceAll(doc, s, "\\1\\n", r), kSearchFound);  // a template may break lines
-    EXPECT_EQ(text(), "int a\n\nchar b\n\nint c\n int d\n\nlong e\n");
+    EXPECT_EQ(text(), before);
+    // A template may break lines; empty matches still advance.
+    EXPECT_EQ(replaceAllOf("{[a-e]};", {false, true, true, true}, "\\1\\n"),
+              "int a\n\nchar b\n\nint c\n int d\n\nlong e\n");
     undo(doc);
-    ASSERT_EQ(prepareSearch(s, "x*", {false, true, true, true}), kSearchFound);
-    EXPECT_EQ(replaceAll(doc, s, "-", r), kSearchFound);        // empty matches still advance
-    EXPECT_EQ(lineText(doc, 1), "-c-h-a-r- -b-;-");
+    EXPECT_EQ(replaceAllOf("x*", {false, true, true, true}, "-"),
+              "-i-n-t- -a-;-\n-c-h-a-r- -b-;-\n-i-n-t- -c-;- -i-n-t- -d-;-\n-l-o-n-g- -e-;-");
     undo(doc);
-    ASSERT_EQ(prepareSearch(s, "zzz", {}), kSearchFound);
-    EXPECT_EQ(replaceAll(doc, s, "y", r), kSearchNotFound);
+    EXPECT_EQ(replaceAllOf("zzz", {}, "y"), "not found");
     EXPECT_EQ(undoDepth(), 0u);
-    EXPECT_EQ(text(), "int a;\nchar b;\nint c; int d;\nlong e;");
+    EXPECT_EQ(text(), before);
 }
 
 TEST_F(DocSearch, ParameterCommandsFindAndReplace) {
     test::fill(doc, "Alpha beta alpha\nalphabet");
     params("ALPHA");
-    EXPECT_EQ(run("FindParam"), 1);
-    EXPECT_EQ(selected(), "0,0-5,0");
-    EXPECT_EQ(run("FindParam"), 1);  // the parameter stays until the next Param1
-    EXPECT_EQ(selected(), "11,0-16,0");
+    EXPECT_EQ(found("FindParam"), "0,0-5,0");
+    EXPECT_EQ(found("FindParam"), "11,0-16,0");  // the parameter stays until the next Param1
     params("Alpha");
-    EXPECT_EQ(run("FindParamC"), 0);
+    EXPECT_EQ(found("FindParamC"), "not found");
     params("alpha");
     moveTo(0, 0);
-    EXPECT_EQ(run("FindParamC"), 1);
-    EXPECT_EQ(selected(), "11,0-16,0");
-    EXPECT_EQ(run("FindNext"), 1);
-    EXPECT_EQ(selected(), "0,1-5,1");
+    EXPECT_EQ(found("FindParamC"), "11,0-16,0");
+    EXPECT_EQ(found("FindNext"), "0,1-5,1");
     params("alpha");
-    EXPECT_EQ(run("FindParamCW"), 0);  // only "alphabet" is left
+    EXPECT_EQ(found("FindParamCW"), "not found");  // only "alphabet" is left
     moveTo(0, 0);
     params("alpha", "Omega");
     EXPECT_EQ(run("ReplaceInLineParamCW"), 1);
@@ -224,65 +209,57 @@ TEST_F(DocSearch, ParameterCommandsFindAndReplace) {
     EXPECT_STREQ(undoLabel(doc.undo), "&Undo");
     params("x{");
     EXPECT_EQ(run("FindParamR"), 0);
-    ASSERT_EQ(shell_.messages.size(), 1u);
-    EXPECT_EQ(shell_.messages[0], "Regular expression error:  umatched {}");
+    EXPECT_EQ(shell_.messages, std::vector<std::string>{"Regular expression error:  umatched {}"});
 }
 
 TEST_F(DocSearch, RunawayExpressionStopsTheSearchWithAMessage) {
+    const char* runaway = "{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]";
     test::fill(doc, "x\n" + std::string(3000, 'a') + "\nab");
-    params("{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]");
+    params(runaway);
     EXPECT_EQ(run("FindParamR"), 0);
-    ASSERT_EQ(shell_.messages.size(), 1u);
-    EXPECT_EQ(shell_.messages[0],
-              "Regular expression error:  the expression takes too long on line 2; the search was stopped.");
-    EXPECT_EQ(findText(&doc, "{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", 1, 2, false, true, true, true), kSearchError);
-    EXPECT_EQ(findText(&doc, "{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", 1, 3, false, true, true, true), kSearchFound);
+    EXPECT_EQ(shell_.messages, std::vector<std::string>{"Regular expression error:  the expression takes too "
+                                                        "long on line 2; the search was stopped."});
+    EXPECT_EQ(hit(findText(&doc, runaway, 1, 2, false, true, true, true)), "error");
+    EXPECT_EQ(hit(findText(&doc, runaway, 1, 3, false, true, true, true)), "0,2-2,2");
 }
 
 TEST_F(DocSearch, WordAtCursorSearches) {
     test::fill(doc, "foo food foo\nfoo");
     moveTo(1, 0);
-    EXPECT_EQ(run("FindNextWord"), 1);
-    EXPECT_EQ(selected(), "9,0-12,0");  // "food" is not the word
-    EXPECT_EQ(run("FindNextWord"), 1);   // the selection is searched for now
-    EXPECT_EQ(selected(), "0,1-3,1");
-    EXPECT_EQ(run("FindPrevWord"), 1);
-    EXPECT_EQ(selected(), "9,0-12,0");
-    EXPECT_EQ(run("FindPrevWord"), 1);
-    EXPECT_EQ(selected(), "4,0-7,0");  // a selection is plain text, "food" holds it
+    EXPECT_EQ(found("FindNextWord"), "9,0-12,0");  // "food" is not the word
+    EXPECT_EQ(found("FindNextWord"), "0,1-3,1");   // the selection is searched for now
+    EXPECT_EQ(found("FindPrevWord"), "9,0-12,0");
+    EXPECT_EQ(found("FindPrevWord"), "4,0-7,0");  // a selection is plain text, "food" holds it
 }
 
 TEST_F(DocSearch, DialogsHistoriesAndGoTo) {
-    test::FakeShell dlg;
-    setShell(&dlg);
     std::vector<std::string> finds{"old"}, replaces;
     initSearch(&finds, &replaces);
     test::fill(doc, "word x\nx word");
     EXPECT_EQ(run("Find"), 0);  // cancelled
-    EXPECT_EQ(dlg.findShown.findText, "word");
+    EXPECT_EQ(shell_.findShown.findText, "word");
     EXPECT_FALSE(lastSearch().valid);
 
-    dlg.findResult = FindDialogResult::ReplaceAll;
-    dlg.findChoice.findText = "x";
-    dlg.findChoice.replaceText = "yy";
+    shell_.findResult = FindDialogResult::ReplaceAll;
+    shell_.findChoice.findText = "x";
+    shell_.findChoice.replaceText = "yy";
     EXPECT_EQ(run("Replace"), 1);
-    EXPECT_TRUE(dlg.findWasReplace);
+    EXPECT_TRUE(shell_.findWasReplace);
     EXPECT_EQ(text(), "word yy\nyy word");
-    ASSERT_FALSE(dlg.messages.empty());
-    EXPECT_EQ(dlg.messages.back(), "2 occurrence(s) replaced.");
+    EXPECT_EQ(shell_.messages, std::vector<std::string>{"2 occurrence(s) replaced."});
     EXPECT_EQ(finds, (std::vector<std::string>{"x", "old"}));
     EXPECT_EQ(replaces, (std::vector<std::string>{"yy"}));
     EXPECT_EQ(undoDepth(), 1u);
 
-    dlg.findResult = FindDialogResult::Find;
-    dlg.findChoice.findText = "nothing";
+    shell_.findResult = FindDialogResult::Find;
+    shell_.findChoice.findText = "nothing";
     EXPECT_EQ(run("Find"), 0);
-    EXPECT_EQ(dlg.status.back(), "Cannot find \"nothing\".");
+    EXPECT_EQ(shell_.status.back(), "Cannot find \"nothing\".");
 
-    dlg.number = 2;
+    shell_.number = 2;
     EXPECT_EQ(run("GoToLine"), 1);
     EXPECT_EQ(doc.cursor.line, 1);
-    dlg.number = 3;
+    shell_.number = 3;
     run("GoToColumn");
     EXPECT_EQ(doc.cursor.col, 2);
     initSearch(nullptr, nullptr);

@@ -58,12 +58,6 @@ protected:
     }
     void TearDown() override { loadDefinitions(syntaxTable(), ""); }
 
-    // Bits as a string, one digit per line.
-    static std::string bits(const Document& doc) {
-        std::string s;
-        for (int b : docBits(doc)) s += static_cast<char>('0' + b);
-        return s;
-    }
     Document doc;
 };
 
@@ -72,20 +66,20 @@ TEST_F(DocumentBits, EditsKeepEveryBitCurrent) {
     followFileName(doc, true);
     ASSERT_EQ(doc.syntaxSlot, 1);
     fill(doc, "a\nb\nc\nd\ne");
-    EXPECT_EQ(bits(doc), "00000");
+    EXPECT_EQ(commentBits(doc), "00000");
     setCursor(doc, makePos(1, 1));
     insertText(doc, "/*");
-    EXPECT_EQ(bits(doc), "01111");
+    EXPECT_EQ(commentBits(doc), "01111");
     setCursor(doc, makePos(1, 3));
     insertText(doc, "*/");
-    EXPECT_EQ(bits(doc), "01100");
+    EXPECT_EQ(commentBits(doc), "01100");
     deleteRange(doc, makePos(0, 1), makePos(0, 3));  // the opener's line and the next go
-    EXPECT_EQ(bits(doc), "000");
+    EXPECT_EQ(commentBits(doc), "000");
     setCursor(doc, makePos(1, 0));
     insertText(doc, "/*\n\n");
-    EXPECT_EQ(bits(doc), "11100");
+    EXPECT_EQ(commentBits(doc), "11100");
     undo(doc);
-    EXPECT_EQ(bits(doc), "000");
+    EXPECT_EQ(commentBits(doc), "000");
 }
 
 TEST_F(DocumentBits, PropagationStopsAtTheFirstUnchangedLine) {
@@ -101,7 +95,7 @@ TEST_F(DocumentBits, PropagationStopsAtTheFirstUnchangedLine) {
     EXPECT_EQ(updateCommentStates(doc, 10, 1), 991);
     doc.lines.setText(doc.lines.find(20), "*/");
     EXPECT_EQ(updateCommentStates(doc, 20, 1), 981);
-    EXPECT_EQ(bits(doc).substr(9, 13), "0111111111100");
+    EXPECT_EQ(commentBits(doc).substr(9, 13), "0111111111100");
 }
 
 }  // namespace

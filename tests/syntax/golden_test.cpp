@@ -83,7 +83,7 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
         setCursor(doc, Pos{});
         insertText(doc, i + 1 < lines.size() ? lines[i] + "\n" : lines[i]);
     }
-    ASSERT_EQ(docLines(doc), lines);
+    ASSERT_EQ(linesOf(doc), lines);
     EXPECT_EQ(paintFromDocument(doc, def), whole) << def.name << " built upwards";
 
     // Every line joined to the one before and split again.
@@ -93,7 +93,7 @@ TEST_P(Golden, SampleColoursMatchTheRecord) {
         setCursor(doc, end);
         insertText(doc, "\n");
     }
-    ASSERT_EQ(docLines(doc), lines);
+    ASSERT_EQ(linesOf(doc), lines);
     EXPECT_EQ(paintFromDocument(doc, def), whole) << def.name << " after joins and splits";
 }
 

@@ -169,7 +169,7 @@ TEST(SyntaxSave, WritesTheDialogsForm) {
 }
 
 TEST(SyntaxSave, DialogLimitsAreReported) {
-    RecordingShell rec;
+    FakeShell rec;
     setShell(&rec);
     std::vector<SyntaxEditLanguage> langs;
     EXPECT_TRUE(addLanguage(langs, "C"));

@@ -2,8 +2,6 @@
 // through the executor on documents.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "engine/executor.h"
 #include "syntax/commands.h"
 #include "syntax/include_files.h"
@@ -24,10 +22,7 @@ protected:
         setShell(nullptr);
         includeDirs.clear();
     }
-    void text(std::string_view t) {
-        fill(doc, t);
-        setCursor(doc, Pos{});
-    }
+    void text(std::string_view t) { fill(doc, t); }
     // Runs a command with the caret at (col, line) and tells where it ended.
     Pos run(std::string_view cmd, int col, int32_t line) {
         setCursor(doc, makePos(col, line));
@@ -35,7 +30,7 @@ protected:
         return doc.cursor;
     }
     Document doc;
-    RecordingShell shell_;
+    FakeShell shell_;
 };
 
 TEST_F(SyntaxCommands, MatchPairFollowsDepth) {
@@ -81,15 +76,9 @@ TEST_F(SyntaxCommands, HtmlTags) {
 }
 
 TEST_F(SyntaxCommands, OpeningNamedFiles) {
-    namespace fs = std::filesystem;
     const std::string root = scratchDir() + "inc/";
-    fs::create_directories(root + "src");
-    fs::create_directories(root + "sys");
-    writeScratch("inc/src/main.c", "");
-    writeScratch("inc/src/main.h", "");
-    writeScratch("inc/src/util.h", "");
-    writeScratch("inc/sys/util.h", "");
-    writeScratch("inc/sys/stdio.h", "");
+    for (const char* f : {"src/main.c", "src/main.h", "src/util.h", "sys/util.h", "sys/stdio.h"})
+        writeBytes(root + f, "");
     includeDirs = " " + root + "sys ; ;";
     doc.fileName = root + "src/main.c";
     doc.hasFile = true;
@@ -101,19 +90,17 @@ TEST_F(SyntaxCommands, OpeningNamedFiles) {
     run("OpenFileAtCursor", 3, 3);
     run("OpenFileAtCursor", 2, 4);
     run("OpenHeaderFile", 0, 0);
-    ASSERT_EQ(shell_.opened.size(), 4u);
-    EXPECT_EQ(shell_.opened[0], root + "src/util.h");  // quoted: beside the document first
-    EXPECT_EQ(shell_.opened[1], root + "sys/util.h");  // angled: the include folders first
-    EXPECT_EQ(shell_.opened[2], root + "src/main.h");
-    EXPECT_EQ(shell_.opened[3], root + "src/main.h");
-    EXPECT_EQ(shell_.messages,
-              (std::vector<std::string>{"Cannot find file gone.h.", "There is no file name at the cursor."}));
+    // Quoted names are looked for beside the document first, angled ones in the include
+    // folders first.
+    const std::string util = root + "src/util.h", sysUtil = root + "sys/util.h", header = root + "src/main.h";
+    EXPECT_EQ(shell_.opened, (Lines{util, sysUtil, header, header}));
+    EXPECT_EQ(shell_.messages, (Lines{"Cannot find file gone.h.", "There is no file name at the cursor."}));
 
     shell_.opened.clear();
     shell_.messages.clear();
     execute(doc, commandId("IncludeFiles", false));
-    EXPECT_EQ(shell_.opened, (std::vector<std::string>{root + "src/util.h", root + "sys/util.h"}));
-    EXPECT_EQ(shell_.messages, (std::vector<std::string>{"Cannot find these include files: gone.h."}));
+    EXPECT_EQ(shell_.opened, (Lines{util, sysUtil}));
+    EXPECT_EQ(shell_.messages, Lines{"Cannot find these include files: gone.h."});
 }
 
 TEST(IncludeNames, DirectivesAndNamesAtTheCursor) {

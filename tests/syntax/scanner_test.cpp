@@ -12,28 +12,31 @@ const std::string kC =
     "OpenCloseDelim=([{ )]}\nDelimiters=,;\nOperators=+*/=<>\nPreprocess=#\nWords=a-zA-Z0-9_\nNumbers=0-9.-\n"
     "Keyword2=if\nKeyword3=int\n";
 
-// What the view paints with: the palette colour the definition gives each slot, one
-// digit per character here ("a" is 10).
+// The styled line and, after " -> ", the comment state it hands to the next line.
+std::string carried(const SyntaxHighlight& d, std::string_view text, int inComment) {
+    int next = -1;
+    const std::string line = styled(d, text, inComment, &next);
+    return line + " -> " + std::to_string(next);
+}
+
+// What the view paints with: the palette colour the definition gives each slot.
 TEST(Scanner, PaintsThePaletteColourOfEachSlot) {
     const SyntaxHighlight c = defOf(kC + "ColorComment=3\nColorDelim=5\nColorKeyword=10\n");
-    EXPECT_EQ(colours(c, "int x; // y"), "aaa" "0050" "3333");
+    std::vector<uint8_t> out(11, 0xEE);  // a character left unpainted shows
+    scanLine(c, "int x; // y", out.data(), 0);
+    EXPECT_EQ(out, (std::vector<uint8_t>{10, 10, 10, 0, 0, 5, 0, 3, 3, 3, 3}));
 }
 
 TEST(Scanner, MultiLineComments) {
     const SyntaxHighlight c = defOf(kC);
-    int r = -1;
-    EXPECT_EQ(styled(c, "no end", 1, &r), "{cm}no end");
-    EXPECT_EQ(r, 1);
-    EXPECT_EQ(styled(c, "/*/ x", 0, &r), "{cm}/*/ x");  // the opener's star does not close
-    EXPECT_EQ(r, 1);
-    EXPECT_EQ(styled(c, "", 1, &r), "");
-    EXPECT_EQ(r, 1);
+    EXPECT_EQ(carried(c, "no end", 1), "{cm}no end -> 1");
+    EXPECT_EQ(carried(c, "/*/ x", 0), "{cm}/*/ x -> 1");  // the opener's star does not close
+    EXPECT_EQ(carried(c, "", 1), " -> 1");
     // A line starting inside a comment skips the start-of-line rules after the closer.
     EXPECT_EQ(styled(c, "*/#x", 1), "{cm}*/{}#x");
 
     const SyntaxHighlight brace = defOf("MultiComment={ }\nWords=a-z\n");
-    EXPECT_EQ(styled(brace, "{ a } b", 0, &r), "{cm}{{ a }{} b");
-    EXPECT_EQ(r, 0);
+    EXPECT_EQ(carried(brace, "{ a } b", 0), "{cm}{{ a }{} b -> 0");
     // One-character opener, two-character closer: only the closer's first character ends it.
     const SyntaxHighlight odd = defOf("MultiComment={ }]\nWords=a-z\n");
     EXPECT_EQ(styled(odd, "{a}b"), "{cm}{{a}{}b");
@@ -70,12 +73,9 @@ TEST(Scanner, WordsNumbersAndStrings) {
 
 TEST(Scanner, StartOfLineRules) {
     const SyntaxHighlight c = defOf(kC);
-    int r = -1;
     EXPECT_EQ(styled(c, "  #include \"a\" // x"), "  {pp}#include \"a\" {cm}// x");
-    EXPECT_EQ(styled(c, "#if /* a */ b /* c", 0, &r), "{pp}#if {cm}/* a */{pp} b {cm}/* c");
-    EXPECT_EQ(r, 1);
-    EXPECT_EQ(styled(c, "#define Q \"/*\"", 0, &r), "{pp}#define Q \"{cm}/*\"");  // no strings here
-    EXPECT_EQ(r, 1);
+    EXPECT_EQ(carried(c, "#if /* a */ b /* c", 0), "{pp}#if {cm}/* a */{pp} b {cm}/* c -> 1");
+    EXPECT_EQ(carried(c, "#define Q \"/*\"", 0), "{pp}#define Q \"{cm}/*\" -> 1");  // no strings here
 
     const SyntaxHighlight fortran = defOf("FortranComment=yes\nWords=A-Z\nKeyword3=END\n");
     EXPECT_EQ(styled(fortran, " END"), " {kw}END");
@@ -95,8 +95,7 @@ TEST(Scanner, StartOfLineRules) {
     EXPECT_EQ(styled(cobol, "000100 MAIN-1. STOP"), "000100 {pp}MAIN-1{dl}.{} {kw}STOP");
 
     const SyntaxHighlight cut = defOf("MaxLineLen=4\nWords=a-z\nMultiComment=/* */\n");
-    EXPECT_EQ(styled(cut, "abcdef/*", 0, &r), "abcd{cm}ef/*");
-    EXPECT_EQ(r, 0);
+    EXPECT_EQ(carried(cut, "abcdef/*", 0), "abcd{cm}ef/* -> 0");
 }
 
 TEST(Scanner, TagsAndTexControlWords) {

@@ -1,4 +1,4 @@
-// Definitions from literal ini text, colour strings and documents for the syntax tests.
+// Definitions from literal ini text, and styled colour strings for the syntax tests.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -12,6 +12,7 @@
 #include "platform/profile.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
+#include "tests/support/documents.h"
 #include "tests/support/fake_shell.h"
 #include "tests/support/files.h"
 #include "tests/support/temp_dir.h"
@@ -38,18 +39,6 @@ inline SyntaxHighlight defOf(std::string_view body) {
     return loadDefinition("Lang", path);
 }
 
-// Colour indices as one character each: 0-9, then a-g for 10-16.
-inline char colourChar(uint8_t c) { return c < 10 ? static_cast<char>('0' + c) : static_cast<char>('a' + c - 10); }
-
-inline std::string colours(const SyntaxHighlight& d, std::string_view text, int inComment = 0, int* result = nullptr) {
-    std::vector<uint8_t> out(text.size(), 0xEE);
-    const int r = scanLine(d, text, out.data(), inComment);
-    if (result) *result = r;
-    std::string s;
-    for (uint8_t c : out) s += colourChar(c);
-    return s;
-}
-
 // The colours of one line as golden/README.md writes them, "{kw}int{} main{dl}(": each
 // character under the mark of the slot that coloured it, whatever palette colour the
 // definition gives that slot.
@@ -70,27 +59,6 @@ inline std::string styled(SyntaxHighlight d, std::string_view text, int inCommen
         if (text[i] == '{') out += '{';
     }
     return out;
-}
-
-inline std::vector<std::string> docLines(const Document& doc) {
-    std::vector<std::string> out;
-    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.emplace_back(doc.lines.text(r));
-    return out;
-}
-
-inline std::vector<int> docBits(const Document& doc) {
-    std::vector<int> out;
-    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) out.push_back(doc.lines.header(r).comment);
-    return out;
-}
-
-using RecordingShell = FakeShell;
-
-// A document holding only text, filled through the edit primitives.
-inline void fill(Document& doc, std::string_view text) {
-    doc.readOnly = false;
-    resetText(doc);
-    insertText(doc, text);
 }
 
 }  // namespace zol::test
