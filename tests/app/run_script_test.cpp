@@ -1,12 +1,10 @@
 // Running scripts as the application does: start-up scripts in the start-up order, one
 // run at a time, the error report, the plug-in entry and the list of scripts run.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "app/application.h"
@@ -16,6 +14,7 @@
 #include "script/run_script.h"
 #include "script/script_history.h"
 #include "tests/support/fake_shell.h"
+#include "tests/support/held_run.h"
 #include "tests/support/temp_dir.h"
 
 namespace zol::test {
@@ -107,22 +106,13 @@ TEST_F(RunScriptTest, OneScriptAtATimeWhoeverAsks) {
     const std::string other = logger("other.c", "other");
     EXPECT_EQ(XPZ_ExecScript(other.c_str(), ""), 0) << "no application yet";
     start();
-    int fds[2];
-    ASSERT_EQ(::pipe(fds), 0);
-    FILE* in = ::fdopen(fds[0], "r");
-    ScriptRunOptions opts;
-    opts.in = in;
-    ScriptRunResult first;
-    std::thread t([&] { first = runScriptText("/x/wait.c", "int main(void) { return getchar(); }", {"wait.c"}, opts); });
-    while (!isScriptRunning()) std::this_thread::yield();
-    EXPECT_EQ(XPZ_IsScriptRunning(), 1);
-    EXPECT_EQ(XPZ_ExecScript(other.c_str(), ""), 0);
-    EXPECT_TRUE(runScript(other, {}, "other.c", ScriptStarter::User).refused);
-    ASSERT_EQ(::write(fds[1], "A", 1), 1);
-    t.join();
-    std::fclose(in);
-    ::close(fds[1]);
-    EXPECT_EQ(first.value, 'A');
+    {
+        HeldScriptRun running;
+        EXPECT_EQ(XPZ_IsScriptRunning(), 1);
+        EXPECT_EQ(XPZ_ExecScript(other.c_str(), ""), 0);
+        EXPECT_TRUE(runScript(other, {}, "other.c", ScriptStarter::User).refused);
+        EXPECT_EQ(running.finish('A').value, 'A');
+    }
     EXPECT_EQ(log(), "");
     EXPECT_TRUE(scriptHistory().empty()) << "a refused run is no run";
     EXPECT_EQ(XPZ_IsScriptRunning(), 0);
