@@ -17,11 +17,13 @@ constexpr const char* kPrologue =
     "#define __EDITOR_MACROS_H\n"
     "#include <editor/doc.h>\n\n";
 constexpr const char* kEpilogue = "\n#endif\n";
+// Where the expansions line up, past the longest head of the list.
+constexpr size_t kExpansionColumn = 40;
 
 std::string macroLine(const zol::CommandRecord& c) {
     const bool takesParam = c.kind == zol::ParamKind::Char || c.kind == zol::ParamKind::Number;
     std::string head = std::string("#define VM_") + c.name + (takesParam ? "(hDoc, p)" : "(hDoc)");
-    if (head.size() < 40) head.resize(40, ' ');
+    if (head.size() < kExpansionColumn) head.resize(kExpansionColumn, ' ');
     return head + " Zol_EditorCommand(hDoc, " + std::to_string(c.id) + (takesParam ? ", p)" : ", 0)") + "\n";
 }
 
