@@ -14,7 +14,6 @@
 #include "script/run_script.h"
 #include "script/script_history.h"
 #include "tests/support/fake_shell.h"
-#include "tests/support/held_run.h"
 #include "tests/support/temp_dir.h"
 
 namespace zol::test {
@@ -22,14 +21,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Notes, with each error report, whether the run still held the running flag.
+// Notes, with each error report, whether the run still held the running flag and,
+// given a probe script, refused to start it from a plug-in and from the dialog.
 class ReportShell : public FakeShell {
 public:
     void scriptError(std::string_view report) override {
         FakeShell::scriptError(report);
-        flagAtReport.push_back(isScriptRunning());
+        const bool refused = probe.empty() || (XPZ_ExecScript(probe.c_str(), "") == 0 &&
+                                               runScript(probe, {}, "", ScriptStarter::User).refused);
+        heldAtReport.push_back(XPZ_IsScriptRunning() && refused);
     }
-    std::vector<bool> flagAtReport;
+    std::vector<bool> heldAtReport;
+    std::string probe;
 };
 
 class RunScriptTest : public ::testing::Test {
@@ -81,7 +84,7 @@ TEST_F(RunScriptTest, StartUpScriptsRunOnceInDirectoryOrderBetweenTheFilesAndRec
     EXPECT_EQ(m[2], "c.c Line 0: Cannot open #include file");
     EXPECT_EQ(m[3], home_ + "script/StartUp/x.c is a folder, not a start-up script; it was skipped.");
     EXPECT_NE(m[4].find("Your last session failed!"), std::string::npos) << m[4];
-    EXPECT_EQ(shell_.flagAtReport, (std::vector<bool>{true, true}));
+    EXPECT_EQ(shell_.heldAtReport, (std::vector<bool>{true, true}));
     EXPECT_FALSE(isScriptRunning());
     // Start-up scripts are not the user's runs; the file given stays in front of the recovered one.
     EXPECT_TRUE(scriptHistory().empty());
@@ -90,31 +93,18 @@ TEST_F(RunScriptTest, StartUpScriptsRunOnceInDirectoryOrderBetweenTheFilesAndRec
     EXPECT_EQ(app_.active->fileName, doc);
 }
 
-TEST_F(RunScriptTest, AnErrorIsReportedInsideTheRunAndTheNextRunGoes) {
-    start();
-    EXPECT_TRUE(shell_.messages.empty()) << "no StartUp folder, nothing said";
-    const std::string bad = tmp_.put("bad.c", "int main(void) {\n  int z = 0;\n  return 1 / z;\n}\n");
-    const ScriptRunResult r = runScript(bad, {}, "bad.c", ScriptStarter::User);
-    EXPECT_EQ(r.value, -1);
-    EXPECT_EQ(shell_.messages, std::vector<std::string>{"bad.c Line 3: Divide by 0"});
-    EXPECT_EQ(shell_.flagAtReport, std::vector<bool>{true});
-    EXPECT_FALSE(isScriptRunning());
-    EXPECT_EQ(runScript(tmp_.put("ok.c", "int main(void) { return 5; }"), {}, "ok.c", ScriptStarter::User).value, 5);
-}
-
-TEST_F(RunScriptTest, OneScriptAtATimeWhoeverAsks) {
+TEST_F(RunScriptTest, NoOtherScriptStartsWhileARunReportsItsError) {
     const std::string other = logger("other.c", "other");
     EXPECT_EQ(XPZ_ExecScript(other.c_str(), ""), 0) << "no application yet";
     start();
-    {
-        HeldScriptRun running;
-        EXPECT_EQ(XPZ_IsScriptRunning(), 1);
-        EXPECT_EQ(XPZ_ExecScript(other.c_str(), ""), 0);
-        EXPECT_TRUE(runScript(other, {}, "other.c", ScriptStarter::User).refused);
-        EXPECT_EQ(running.finish('A').value, 'A');
-    }
+    EXPECT_TRUE(shell_.messages.empty()) << "no StartUp folder, nothing said";
+    shell_.probe = other;
+    const std::string bad = tmp_.put("bad.c", "int main(void) {\n  int z = 0;\n  return 1 / z;\n}\n");
+    EXPECT_EQ(runScript(bad, {}, "bad.c", ScriptStarter::User).value, -1);
+    EXPECT_EQ(shell_.messages, std::vector<std::string>{"bad.c Line 3: Divide by 0"});
+    EXPECT_EQ(shell_.heldAtReport, std::vector<bool>{true});
     EXPECT_EQ(log(), "");
-    EXPECT_TRUE(scriptHistory().empty()) << "a refused run is no run";
+    EXPECT_EQ(scriptHistory(), std::vector<std::string>{bad}) << "a refused run is no run";
     EXPECT_EQ(XPZ_IsScriptRunning(), 0);
     EXPECT_EQ(XPZ_ExecScript(other.c_str(), ""), 1);
     EXPECT_EQ(log(), "other\n");
@@ -127,18 +117,11 @@ TEST_F(RunScriptTest, PlugInArgumentsAreCutAsAShellCutsWords) {
         "#include <stdio.h>\nint main(int argc, char *argv[]) {\n  FILE *f = fopen(\"" + home_ +
             "log\", \"w\");\n  int i;\n  for (i = 0; i < argc; i++) fprintf(f, \"[%s]\", argv[i]);\n"
             "  fclose(f);\n  return 0;\n}\n");
-    ASSERT_EQ(XPZ_ExecScript(script.c_str(), R"(  one 'two  three' "four \"five\" \n" six\ seven "" a'b c'd	end )"), 1);
-    EXPECT_EQ(log(), "[" + script + R"(][one][two  three][four "five" \n][six seven][][ab cd][end])");
+    ASSERT_EQ(XPZ_ExecScript(script.c_str(), R"(  one 'two  three' "four \"five\" \n" six\ seven "" a'b c'd	end "open  quote)"), 1);
+    EXPECT_EQ(log(), "[" + script + R"(][one][two  three][four "five" \n][six seven][][ab cd][end][open  quote])");
     ASSERT_EQ(XPZ_ExecScript(script.c_str(), nullptr), 1);
     EXPECT_EQ(log(), "[" + script + "]");
     EXPECT_TRUE(scriptHistory().empty()) << "a plug-in's run is not the user's";
-}
-
-TEST(ArgumentLine, QuotesLeftOpenRunToTheEnd) {
-    EXPECT_EQ(splitArgumentLine("a \"b c"), (std::vector<std::string>{"a", "b c"}));
-    EXPECT_EQ(splitArgumentLine("'x\\' y"), (std::vector<std::string>{"x\\", "y"}));
-    EXPECT_EQ(splitArgumentLine("end\\"), std::vector<std::string>{"end\\"});
-    EXPECT_TRUE(splitArgumentLine(" \t ").empty());
 }
 
 TEST_F(RunScriptTest, TheUsersRunsAreKeptNewestFirstAcrossSessions) {
@@ -149,7 +132,6 @@ TEST_F(RunScriptTest, TheUsersRunsAreKeptNewestFirstAcrossSessions) {
     for (const std::string& s : scripts) runScript(s, {}, "", ScriptStarter::User);
     runScript(scripts[1], {}, "", ScriptStarter::User);
     runScript(home_ + "missing.c", {}, "", ScriptStarter::User);
-    runScript(scripts[0], {}, "", ScriptStarter::PlugIn);
     std::vector<std::string> want{scripts[1]};
     for (int i = kScriptHistoryMax; i >= 2; --i) want.push_back(scripts[static_cast<size_t>(i)]);
     EXPECT_EQ(scriptHistory(), want);

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
 
 #include "script/errors.h"
 #include "script/interp.h"
@@ -16,7 +17,6 @@
 #include "script/preprocess.h"
 #include "script/runner.h"
 #include "script/tokens.h"
-#include "tests/support/held_run.h"
 
 namespace zol {
 namespace {
@@ -128,13 +128,22 @@ TEST(ScriptRun, StepBudgetStopsARunawayLoopAsTheUserWould) {
 }
 
 TEST(ScriptRun, OnlyOneRunAtATime) {
-    {
-        test::HeldScriptRun first;
-        const ScriptRunResult second = runScriptText("/x/b.c", "int main(void) { return 5; }", {"b.c"}, {});
-        EXPECT_TRUE(second.refused);
-        EXPECT_EQ(second.value, 0);
-        EXPECT_EQ(first.finish('A').value, 'A');
-    }
+    int fds[2];
+    ASSERT_EQ(::pipe(fds), 0);
+    FILE* in = ::fdopen(fds[0], "r");
+    ScriptRunOptions opts;
+    opts.in = in;
+    ScriptRunResult first;
+    std::thread t([&] { first = runScriptText("/x/a.c", "int main(void) { return getchar(); }", {"a.c"}, opts); });
+    while (!isScriptRunning()) std::this_thread::yield();
+    const ScriptRunResult second = runScriptText("/x/b.c", "int main(void) { return 5; }", {"b.c"}, {});
+    EXPECT_TRUE(second.refused);
+    EXPECT_EQ(second.value, 0);
+    ASSERT_EQ(::write(fds[1], "A", 1), 1);
+    t.join();
+    EXPECT_EQ(first.value, 'A');
+    std::fclose(in);
+    ::close(fds[1]);
     EXPECT_FALSE(isScriptRunning());
     EXPECT_EQ(runScriptText("/x/c.c", "int main(void) { return 6; }", {"c.c"}, {}).value, 6);
 }
