@@ -26,6 +26,8 @@
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
 #include "script/macros.h"
+#include "script/run_script.h"
+#include "script/script_history.h"
 #include "search/commands.h"
 #include "syntax/commands.h"
 #include "syntax/doc_syntax.h"
@@ -42,6 +44,7 @@ void registerOwnedLists() {
         "Bookmarks",
         [](std::string_view section, std::string_view file) { loadNamedBookmarks(namedBookmarks(), section, file); },
         [](std::string_view section, std::string_view file) { saveNamedBookmarks(namedBookmarks(), section, file); });
+    registerProfileOwner(kScriptHistorySection, scriptHistoryLoad, scriptHistorySave);
 }
 
 // A document leaves normally: its side file and its ties to named bookmarks go.
@@ -117,10 +120,16 @@ void startUp(Application& app, const StartupOptions& opts) {
     setDocumentList(&app.list);
     initPlugIns();
     loadAllPlugIns(app.mainWindow);
-    recoverIfAlone(app);
+    // The command line's files come before the start-up scripts, so that those can
+    // work on them, and stay in front of what the scripts and recovery open.
+    Document* last = nullptr;
     for (const std::string& f : opts.files) {
-        if (!openDocument(app, f)) ++app.failedOpens;
+        if (Document* d = openDocument(app, f)) last = d;
+        else ++app.failedOpens;
     }
+    runStartUpScripts();
+    recoverIfAlone(app);
+    if (isDocument(app, last)) setActiveDocument(app, last);
     app.started = true;
     sendEvent(kEventStarted, 0, reinterpret_cast<intptr_t>(&app), 0);
 }
@@ -153,13 +162,17 @@ Document* newDocument(Application& app) {
     return made;
 }
 
-Document* openDocument(Application& app, const std::string& path) {
+Document* findDocument(const Application& app, const std::string& path) {
     const std::string full = fullPath(path);
-    for (const auto& d : app.documents) {
-        if (d->hasFile && d->fileName == full) {
-            setActiveDocument(app, d.get());
-            return d.get();
-        }
+    for (const auto& d : app.documents)
+        if (d->hasFile && d->fileName == full) return d.get();
+    return nullptr;
+}
+
+Document* openDocument(Application& app, const std::string& path) {
+    if (Document* open = findDocument(app, path)) {
+        setActiveDocument(app, open);
+        return open;
     }
     auto doc = std::make_unique<Document>();
     doc->textFormat = textFormatOf(options().defaultFileFormat).value_or(TextFormat::Dos);

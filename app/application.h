@@ -54,14 +54,17 @@ struct Application {
     ~Application();
 };
 
-// Settings, shipped data, plug-ins, then the files of the command line; ends by
-// telling the plug-ins that the program has started.
+// Settings, shipped data, plug-ins, the files of the command line, the start-up
+// scripts, recovery of auto-saved documents; the last file opened is then the active
+// document. Ends by telling the plug-ins that the program has started.
 void startUp(Application& app, const StartupOptions& opts);
 // Tells the plug-ins the program closes, saves the settings when asked to, drops every
 // document and unloads the plug-ins.
 void shutDown(Application& app);
 
 Document* newDocument(Application& app);
+// The document of this file, null when it is not open.
+Document* findDocument(const Application& app, const std::string& path);
 // Reads a file into a new document; null (the reason already shown) when it cannot.
 // A file that is already open activates its document instead.
 Document* openDocument(Application& app, const std::string& path);

@@ -12,9 +12,13 @@ const char* usageText() {
            "\n"
            "  --headless     run without windows; open the files, run SCRIPT, exit\n"
            "  --home DIR     keep settings and data in DIR instead of the default home\n"
-           "  --run SCRIPT   run a script; the ARGs after it are passed to it\n"
+           "  --run SCRIPT   run a script on the opened files (the last one active) after\n"
+           "                 the start-up scripts; the ARGs after it are passed to it, and\n"
+           "                 the exit status is the value its main returns\n"
            "  --help         show this help and exit\n"
-           "  --version      show the version and exit\n";
+           "  --version      show the version and exit\n"
+           "\n"
+           "Without windows, no document is saved unless the script saves it.\n";
 }
 
 bool parseCommandLine(int argc, const char* const argv[], CommandLine& out, std::string& error) {

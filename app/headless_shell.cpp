@@ -23,6 +23,10 @@ void HeadlessShell::message(std::string_view text) {
     std::fprintf(out_, "zolder: %s\n", line.c_str());
 }
 
+void HeadlessShell::scriptError(std::string_view report) {
+    std::fprintf(out_, "%.*s\n", static_cast<int>(report.size()), report.data());
+}
+
 Answer HeadlessShell::ask(std::string_view text, bool withCancel) {
     message(text);
     return withCancel ? Answer::Cancel : Answer::No;

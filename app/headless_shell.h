@@ -13,6 +13,8 @@ class HeadlessShell final : public Shell {
 public:
     explicit HeadlessShell(std::FILE* out = stderr) : out_(out) {}
     void message(std::string_view text) override;
+    // The report alone on its line, so that it reads like a compiler's.
+    void scriptError(std::string_view report) override;
     Answer ask(std::string_view text, bool withCancel) override;
     void statusMessage(std::string_view text) override;
     ClipboardData getClipboard() override { return clip_; }

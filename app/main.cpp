@@ -7,7 +7,7 @@
 #include "app/version.h"
 #include "platform/dynlib.h"
 #include "platform/paths.h"
-#include "script/runner.h"
+#include "script/run_script.h"
 
 namespace {
 
@@ -23,18 +23,9 @@ int runHeadless(const zol::CommandLine& cl) {
     zol::startUp(app, zol::StartupOptions{cl.home, cl.files, {}});
     int status = app.failedOpens ? 1 : 0;
     if (!cl.script.empty()) {
-        std::vector<std::string> args{cl.script};
-        args.insert(args.end(), cl.scriptArgs.begin(), cl.scriptArgs.end());
-        zol::ScriptRunOptions opts;
-        opts.includeDir = zol::homeDir() + "script/include";
-        opts.catchInterrupt = true;
-        const zol::ScriptRunResult r = zol::runScriptFile(cl.script, args, opts);
-        if (r.error) {
-            std::fprintf(stderr, "%s\n", r.message.c_str());
-            status = kExitScriptError;
-        } else {
-            status = r.value & 0xff;
-        }
+        const std::string title(zol::fileNamePart(cl.script));
+        const zol::ScriptRunResult r = zol::runScript(cl.script, cl.scriptArgs, title, zol::ScriptStarter::User);
+        status = r.error ? kExitScriptError : r.value & 0xff;
     } else {
         for (const auto& doc : app.documents) std::printf("%s\n", zol::documentSummary(*doc).c_str());
     }

@@ -36,6 +36,9 @@ public:
     virtual ~Shell() = default;
     // A message box with one button.
     virtual void message(std::string_view text) = 0;
+    // A script's error report, "NAME Line N: message": a message box unless the shell
+    // has a better place for one line.
+    virtual void scriptError(std::string_view report) { message(report); }
     // A question; withCancel adds a third answer.
     virtual Answer ask(std::string_view text, bool withCancel) = 0;
     // A short text in the status bar.

@@ -1,15 +1,12 @@
 // Services for plug-ins (XPZ_): commands, keys, scripts, windows and the modules.
-#include <sstream>
 #include <string>
-#include <vector>
 
 #include "config/keymap.h"
 #include "engine/document_list.h"
-#include "engine/shell.h"
 #include "platform/paths.h"
 #include "plugin/api_guard.h"
 #include "plugin/plugin_manager.h"
-#include "script/runner.h"
+#include "script/run_script.h"
 
 using namespace zol;
 
@@ -17,7 +14,6 @@ namespace {
 
 constexpr int kMaxDockPosition = 4;
 constexpr const char* kPlugInFolder = "PlugIns";
-constexpr const char* kScriptIncludeFolder = "script/include";
 
 std::string orEmpty(const char* s) { return s ? s : ""; }
 
@@ -47,19 +43,15 @@ BOOL ZOLAPI XPZ_KeyMappingDlg(ZOL_WND /*owner*/, int /*reserved1*/, int /*reserv
 
 BOOL ZOLAPI XPZ_IsScriptRunning(void) { return isScriptRunning(); }
 
-// Scripts run only once the main window exists; an error report goes to a message box.
+// Scripts run only once the application stands: the desktop makes its main window
+// before that, the headless runner has none at all.
 BOOL ZOLAPI XPZ_ExecScript(const char* path, const char* arguments) {
     return guarded<BOOL>(0, [&]() -> BOOL {
-        if (!path || !*path || isScriptRunning() || !documentList() || !documentList()->mainWindow()) return 0;
-        std::vector<std::string> args;
-        std::istringstream words(arguments ? arguments : "");
-        for (std::string w; words >> w;) args.push_back(w);
-        ScriptRunOptions opts;
-        opts.includeDir = homeDir() + kScriptIncludeFolder;
-        const ScriptRunResult r = runScriptFile(path, args, opts);
-        if (r.refused) return 0;
-        if (r.error) shell().message(r.message);
-        return 1;
+        if (!path || !*path || isScriptRunning() || !documentList()) return 0;
+        const std::string script = path;
+        const ScriptRunResult r = runScript(script, splitArgumentLine(arguments ? arguments : ""),
+                                            fileNamePart(script), ScriptStarter::PlugIn);
+        return !r.refused;
     });
 }
 

@@ -52,9 +52,11 @@ constexpr int kMaxExprDepth = 2000;          // kErrStackOverflow: operators app
 constexpr unsigned kMaxHostStack = 4u << 20; // kErrStackOverflow: machine stack that script calls may use
 
 // The other texts the script library shows: system("pause") on the console, and
-// printf's text for a null string.
+// printf's text for a null string; and what start-up says of a folder named like a
+// start-up script ("%s" is its path).
 inline constexpr const char* kScriptPausePrompt = "Press any key to continue . . .\n";
 inline constexpr const char* kScriptNullString = "(null)";
+inline constexpr const char* kStartUpScriptIsFolder = "%s is a folder, not a start-up script; it was skipped.";
 
 // The message of error n (1..99); empty for any other number.
 const char* scriptErrorMessage(int n);

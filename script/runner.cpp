@@ -36,18 +36,60 @@ uint32_t placeArgs(Engine& en, const std::vector<std::string>& args) {
     return v;
 }
 
-}  // namespace
+ScriptRunResult failure(int code, const std::string& name, int line) {
+    ScriptRunResult r;
+    r.error = code;
+    r.value = -1;
+    r.message = name + " Line " + std::to_string(line) + ": " + scriptErrorMessage(code);
+    return r;
+}
 
-bool isScriptRunning() { return gRunning; }
+ScriptRunResult refusal() {
+    ScriptRunResult r;
+    r.refused = true;
+    return r;
+}
 
-ScriptRunResult runScriptText(const std::string& path, const std::string& text, const std::vector<std::string>& args,
-                              const ScriptRunOptions& opts) {
-    ScriptRunResult result;
-    if (gRunning) {
-        result.refused = true;
-        return result;
+// The start line: return main(argc, (char**)argv);
+int callMain(Engine& en, const std::vector<std::string>& args) {
+    Function* mainFn = nullptr;
+    for (Function& f : en.functions)
+        if (f.name == "main" && f.defined) mainFn = &f;
+    if (!mainFn) raiseScriptError(kErrNoMain, 0, 0);
+    const uint32_t argv = placeArgs(en, args);
+    Expr* call = en.newExpr(Op::Call, mainFn->type->base);
+    call->fn = mainFn;
+    const size_t np = mainFn->type->noProto ? mainFn->paramSyms.size() : mainFn->type->params.size();
+    if (np >= 1) {
+        Expr* c = en.newExpr(Op::Const, en.tInt);
+        c->v.i = static_cast<int64_t>(args.size());
+        call->args.push_back(c);
+        call->argTypes.push_back(en.tInt);
     }
-    RunningFlag running;
+    if (np >= 2) {
+        Expr* v = en.newExpr(Op::Const, en.ptrTo(en.tCharPtr));
+        v->v.i = argv;
+        call->args.push_back(v);
+        call->argTypes.push_back(v->type);
+    }
+    if (np == 3) {
+        // An environment vector, when main asks for one, is empty: the null that ends argv.
+        Expr* env = en.newExpr(Op::Const, en.ptrTo(en.tCharPtr));
+        env->v.i = argv + 4 * static_cast<uint32_t>(args.size());
+        call->args.push_back(env);
+        call->argTypes.push_back(env->type);
+    }
+    if (np > 3) raiseScriptError(kErrArgMismatch, 0, 0);
+    if (mainFn->type->base->kind == kTStruct) raiseScriptError(kErrRedeclared, 0, 0);
+    en.stackBase = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
+    const Val v = en.call(mainFn, call);
+    return isInteger(mainFn->type->base) ? static_cast<int>(v.i) : 0;
+}
+
+// One run, the running flag already held by the caller.
+ScriptRunResult runHeld(const std::string& path, const std::string& text, const std::vector<std::string>& args,
+                        const ScriptRunOptions& opts) {
+    ScriptRunResult result;
     gStop = 0;
     if (opts.catchInterrupt) scriptInstallInterrupt(&gStop);
     PreprocessOutput pp;
@@ -59,69 +101,27 @@ ScriptRunResult runScriptText(const std::string& path, const std::string& text, 
     en->heapLimit = opts.heapLimit;
     en->stopFlag = &gStop;
     en->args = args;
+    auto mainName = [&] { return en->fileNames.empty() ? std::string("mainfile") : en->fileNames[0]; };
     try {
         preprocess(path, text, opts.includeDir, pp);
         tokenize(pp.text, en->ts);
         std::string().swap(pp.text);
         for (size_t i = 0; i < pp.fileNames.size(); ++i) en->fileNames.push_back(scriptFileNameOf(pp, static_cast<int>(i)));
         en->scanGlobals();
-        Function* mainFn = nullptr;
-        for (Function& f : en->functions)
-            if (f.name == "main" && f.defined) mainFn = &f;
-        if (!mainFn) raiseScriptError(kErrNoMain, 0, 0);
-        const uint32_t argv = placeArgs(*en, args);
-        // The start line: return main(argc, (char**)argv);
-        Expr* call = en->newExpr(Op::Call, mainFn->type->base);
-        call->fn = mainFn;
-        const size_t np = mainFn->type->noProto ? mainFn->paramSyms.size() : mainFn->type->params.size();
-        if (np >= 1) {
-            Expr* c = en->newExpr(Op::Const, en->tInt);
-            c->v.i = static_cast<int64_t>(args.size());
-            call->args.push_back(c);
-            call->argTypes.push_back(en->tInt);
-        }
-        if (np >= 2) {
-            Expr* v = en->newExpr(Op::Const, en->ptrTo(en->tCharPtr));
-            v->v.i = argv;
-            call->args.push_back(v);
-            call->argTypes.push_back(v->type);
-        }
-        if (np == 3) {
-            // An environment vector, when main asks for one, is empty: the null that ends argv.
-            Expr* env = en->newExpr(Op::Const, en->ptrTo(en->tCharPtr));
-            env->v.i = argv + 4 * static_cast<uint32_t>(args.size());
-            call->args.push_back(env);
-            call->argTypes.push_back(env->type);
-        }
-        if (np > 3) raiseScriptError(kErrArgMismatch, 0, 0);
-        if (mainFn->type->base->kind == kTStruct) raiseScriptError(kErrRedeclared, 0, 0);
-        en->stackBase = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
-        const Val v = en->call(mainFn, call);
-        result.value = isInteger(mainFn->type->base) ? static_cast<int>(v.i) : 0;
+        result.value = callMain(*en, args);
     } catch (const ScriptFault& f) {
-        result.error = f.code;
-        result.value = -1;
         const std::string name = f.file >= 0 && static_cast<size_t>(f.file) < en->fileNames.size()
                                      ? en->fileNames[static_cast<size_t>(f.file)]
                                      : scriptFileNameOf(pp, f.file);
-        result.message = name + " Line " + std::to_string(f.line) + ": " + scriptErrorMessage(f.code);
+        result = failure(f.code, name, f.line);
     } catch (const ScriptExit& x) {
         result.value = x.status;
     } catch (const LongJump&) {
-        result.error = kErrLongjmp;
-        result.value = -1;
-        result.message = en->fileNames.empty() ? std::string() : en->fileNames[0];
-        result.message += " Line " + std::to_string(en->curLine) + ": " + scriptErrorMessage(kErrLongjmp);
+        result = failure(kErrLongjmp, mainName(), en->curLine);
     } catch (const std::length_error&) {
-        result.error = kErrOutOfMemory;
-        result.value = -1;
-        result.message = (en->fileNames.empty() ? std::string("mainfile") : en->fileNames[0]) + " Line " +
-                         std::to_string(en->curLine) + ": " + scriptErrorMessage(kErrOutOfMemory);
+        result = failure(kErrOutOfMemory, mainName(), en->curLine);
     } catch (const std::bad_alloc&) {
-        result.error = kErrOutOfMemory;
-        result.value = -1;
-        result.message = (en->fileNames.empty() ? std::string("mainfile") : en->fileNames[0]) + " Line " +
-                         std::to_string(en->curLine) + ": " + scriptErrorMessage(kErrOutOfMemory);
+        result = failure(kErrOutOfMemory, mainName(), en->curLine);
     }
     for (FILE* f : en->files)
         if (f) std::fflush(f);
@@ -130,23 +130,39 @@ ScriptRunResult runScriptText(const std::string& path, const std::string& text, 
     return result;
 }
 
+// The report goes out while the run still holds the flag: a message box that waits
+// for the user is part of the run.
+void report(const ScriptRunResult& r, const ScriptRunOptions& opts) {
+    if (r.error && opts.reportError) opts.reportError(r.message);
+}
+
+}  // namespace
+
+bool isScriptRunning() { return gRunning; }
+
+ScriptRunResult runScriptText(const std::string& path, const std::string& text, const std::vector<std::string>& args,
+                              const ScriptRunOptions& opts) {
+    if (gRunning) return refusal();
+    RunningFlag running;
+    const ScriptRunResult r = runHeld(path, text, args, opts);
+    report(r, opts);
+    return r;
+}
+
 ScriptRunResult runScriptFile(const std::string& path, const std::vector<std::string>& args, const ScriptRunOptions& opts) {
-    if (gRunning) {
-        ScriptRunResult r;
-        r.refused = true;
-        return r;
-    }
+    if (gRunning) return refusal();
+    RunningFlag running;
     std::string text;
-    if (!readWholeFile(path, text)) {
+    ScriptRunResult r;
+    if (readWholeFile(path, text)) {
+        r = runHeld(path, text, args, opts);
+    } else {
         PreprocessOutput pp;
         pp.fileNames.push_back(path);
-        ScriptRunResult r;
-        r.error = kErrIncludeOpen;
-        r.value = -1;
-        r.message = scriptFileNameOf(pp, 0) + " Line 0: " + scriptErrorMessage(kErrIncludeOpen);
-        return r;
+        r = failure(kErrIncludeOpen, scriptFileNameOf(pp, 0), 0);
     }
-    return runScriptText(path, text, args, opts);
+    report(r, opts);
+    return r;
 }
 
 }  // namespace zol

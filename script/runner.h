@@ -3,6 +3,7 @@
 #pragma once
 #include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,10 @@ struct ScriptRunOptions {
     bool catchInterrupt = false;  // Ctrl+C stops the script with error 98
     bool sealed = false;          // no files, folders, environment or processes (for fuzzing)
     uint64_t heapLimit = 1ull << 30;  // live bytes malloc may hand out
+    std::string title;            // the console window's title, where the front end opens one
+    // Called with "NAME Line N: message" when the run ends in an error, before the
+    // running flag clears.
+    std::function<void(const std::string&)> reportError;
 };
 
 struct ScriptRunResult {
@@ -30,7 +35,8 @@ struct ScriptRunResult {
 // in its folder); args become argv[0..] (args[0] is the script path by convention).
 ScriptRunResult runScriptText(const std::string& path, const std::string& text, const std::vector<std::string>& args,
                               const ScriptRunOptions& opts);
-// Reads the file first; an unreadable script is reported as error 10 (cannot open).
+// Reads the file first, inside the run; an unreadable script is reported as error 10
+// (cannot open).
 ScriptRunResult runScriptFile(const std::string& path, const std::vector<std::string>& args, const ScriptRunOptions& opts);
 
 bool isScriptRunning();

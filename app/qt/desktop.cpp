@@ -24,7 +24,7 @@ int runDesktop(int argc, char** argv, const CommandLine& cl) {
     Application app;
     TMainFrame frame(app);
     setShell(&frame.qtShell());
-    startUp(app, StartupOptions{cl.home, {}, {}});
+    startUp(app, StartupOptions{cl.home, cl.files, {}});
     frame.applySettings();
     TInstanceServer server;
     if (!settings().allowMultiInst && server.listen(homeDir())) {
@@ -34,9 +34,18 @@ int runDesktop(int argc, char** argv, const CommandLine& cl) {
             frame.activateWindow();
         });
     }
-    frame.syncViews();  // documents recovered from side files
+    // Start-up opened the command line's files (its scripts may work on them); here they
+    // get their windows, their remembered cursor and their place in the recent-files
+    // menu, and the last one comes back to the front after the last session's files.
+    Document* front = nullptr;
+    for (const std::string& f : cl.files)
+        if (findDocument(app, f)) front = frame.openFile(f);
+    frame.syncViews();  // documents of start-up scripts and those recovered from side files
     frame.restoreDesktop();
-    for (const std::string& f : cl.files) frame.openFile(f);
+    if (isDocument(app, front)) {
+        setActiveDocument(app, front);
+        frame.syncViews();
+    }
     if (app.documents.empty()) frame.newFile();
     frame.show();
     const int status = QApplication::exec();

@@ -30,7 +30,7 @@
 #include "files/save.h"
 #include "files/textfile.h"
 #include "platform/paths.h"
-#include "script/runner.h"
+#include "script/run_script.h"
 
 namespace zol {
 namespace {
@@ -167,15 +167,14 @@ void TMainFrame::syncViews() {
 }
 
 Document* TMainFrame::openFile(const std::string& path) {
-    const bool wasOpen = std::any_of(app_.documents.begin(), app_.documents.end(), [&](const auto& d) {
-        return d->hasFile && d->fileName == fullPath(path);
-    });
     Document* doc = openDocument(app_, path);
     if (!doc) return nullptr;
+    // Start-up opens the command line's files before the frame shows them.
+    const bool firstWindow = !viewOf(doc);
     recentFileAdd(doc->fileName);
     refreshRecentMenu();
     syncViews();
-    if (!wasOpen) restoreView(*doc);
+    if (firstWindow) restoreView(*doc);
     refreshStatus();
     return doc;
 }
@@ -256,11 +255,8 @@ void TMainFrame::runExecScript() {
     const QString file = QFileDialog::getOpenFileName(this, QString::fromLatin1(qtmsg::kOpenTitle),
                                                       qs(homeDir() + "script"));
     if (file.isEmpty()) return;
-    ScriptRunOptions opts;
-    opts.includeDir = homeDir() + "script/include";
     const std::string path = local(file);
-    const ScriptRunResult r = runScriptFile(path, {path}, opts);
-    if (r.error) shell_->message(r.message);
+    runScript(path, {}, fileNamePart(path), ScriptStarter::User);
     syncViews();
     redrawViews();
 }
