@@ -34,6 +34,9 @@ bool Engine::isLvalue(const Expr* e) const {
 
 // Folds a node whose operands are all constants.
 static Expr* fold(Engine& en, Expr* e) {
+    // An error while folding (1 / 0) is reported where the expression stands.
+    en.curFile = e->file;
+    en.curLine = e->line;
     Val v = en.eval(e);
     e->op = Op::Const;
     e->a = e->b = e->c = nullptr;
