@@ -34,10 +34,14 @@ bool Engine::isLvalue(const Expr* e) const {
 
 // Folds a node whose operands are all constants.
 static Expr* fold(Engine& en, Expr* e) {
-    // An error while folding (1 / 0) is reported where the expression stands.
+    // An error while folding (1 / 0) is reported where the expression stands. Functions
+    // are compiled at their first call, so the caller's position is put back after.
+    const int file = en.curFile, line = en.curLine;
     en.curFile = e->file;
     en.curLine = e->line;
     Val v = en.eval(e);
+    en.curFile = file;
+    en.curLine = line;
     e->op = Op::Const;
     e->a = e->b = e->c = nullptr;
     e->v = v;
