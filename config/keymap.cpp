@@ -123,19 +123,20 @@ void unbindCommand(KeyMap& map, uint16_t command) {
                 t.end());
 }
 
+uint16_t prefixKeyOf(const KeyMap& map, int table) {
+    const uint16_t marker = static_cast<uint16_t>(kPrefix1 + table - 1);
+    if (prefixTableOf(marker) == 0) return 0;
+    for (const KeyMapEntry& e : map.tables[0])
+        if (e.command == marker && !keyName(e.key).empty()) return e.key;
+    return 0;
+}
+
 std::vector<BoundKey> commandKeys(const KeyMap& map, uint16_t command) {
     std::vector<BoundKey> keys;
     for (const KeyMapEntry& e : map.tables[0])
         if (e.command == command && !keyName(e.key).empty()) keys.push_back({0, 0, e.key});
     for (int table = 1; table < kKeyTables; ++table) {
-        // The first named primary key that opens the table stands for the prefix.
-        const uint16_t marker = static_cast<uint16_t>(kPrefix1 + table - 1);
-        uint16_t prefix = 0;
-        for (const KeyMapEntry& e : map.tables[0])
-            if (e.command == marker && !keyName(e.key).empty()) {
-                prefix = e.key;
-                break;
-            }
+        const uint16_t prefix = prefixKeyOf(map, table);
         if (prefix == 0) continue;
         for (const KeyMapEntry& e : map.tables[table])
             if (e.command == command && !keyName(e.key).empty()) keys.push_back({table, prefix, e.key});

@@ -93,6 +93,8 @@ struct BoundKey {
     uint16_t prefixKey;
     uint16_t key;
 };
+// The first named primary key that opens prefix table (1..6); 0 when none does.
+uint16_t prefixKeyOf(const KeyMap& map, int table);
 // The named keys that reach command, primary-table keys first, in the order of
 // commandKeyNames. A prefix table that no named primary key opens is left out.
 std::vector<BoundKey> commandKeys(const KeyMap& map, uint16_t command);
