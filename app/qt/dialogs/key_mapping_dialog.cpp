@@ -1,6 +1,7 @@
 #include "app/qt/dialogs/key_mapping_dialog.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -30,6 +31,7 @@ constexpr int kIdRole = Qt::UserRole;
 constexpr int kTableRole = Qt::UserRole + 1;
 constexpr int kKeyRole = Qt::UserRole + 2;
 enum Column { kNameColumn, kKeysColumn, kDescriptionColumn };
+static_assert(std::size(dlgmsg::kKeyGroups) == kCommandGroups + 1, "a title for every command group");
 
 QString latin(const char* text) { return QString::fromLatin1(text); }
 QString latin(const std::string& text) { return QString::fromLatin1(text.c_str()); }
@@ -81,9 +83,6 @@ TKeyMappingDlg::TKeyMappingDlg(QWidget* parent) : QDialog(parent), map_(keyMap()
     filter_->setObjectName("filter");
     filter_->setPlaceholderText(latin(dlgmsg::kKeyFilterHint));
     filter_->setClearButtonEnabled(true);
-    auto* filterLabel = new QLabel(latin(dlgmsg::kKeyFilter), this);
-    filterLabel->setBuddy(filter_);
-
     commands_ = new QTreeWidget(this);
     commands_->setObjectName("commands");
     commands_->setHeaderLabels(latin(dlgmsg::kKeyColumns).split(QLatin1Char('\t')));
@@ -94,28 +93,46 @@ TKeyMappingDlg::TKeyMappingDlg(QWidget* parent) : QDialog(parent), map_(keyMap()
     description_ = new QLabel(this);
     description_->setObjectName("description");
     description_->setWordWrap(true);
-
     keys_ = new QListWidget(this);
     keys_->setObjectName("keys");
-    auto* keysLabel = new QLabel(latin(dlgmsg::kCommandKeys), this);
-    keysLabel->setBuddy(keys_);
     remove_ = button(this, dlgmsg::kKeyRemove, "remove");
     reset_ = button(this, dlgmsg::kKeyResetOne, "reset");
     reset_->setToolTip(latin(dlgmsg::kKeyResetOneTip));
     capture_ = new TKeyCaptureEdit(TKeyCaptureEdit::Role::FirstKey, this);
     capture_->setObjectName("capture");
-    auto* captureLabel = new QLabel(latin(dlgmsg::kNewKey), this);
-    captureLabel->setBuddy(capture_);
     captureInfo_ = new QLabel(this);
     captureInfo_->setObjectName("captureInfo");
     captureInfo_->setWordWrap(true);
     assign_ = button(this, dlgmsg::kKeyAssign, "assign");
-    auto* resetAll = button(this, dlgmsg::kKeyResetAll, "resetAll");
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    ok_ = buttons->button(QDialogButtonBox::Ok);
+    resetAll_ = button(this, dlgmsg::kKeyResetAll, "resetAll");
+    buttons_ = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    ok_ = buttons_->button(QDialogButtonBox::Ok);
+    layOut();
 
+    connect(filter_, &QLineEdit::textChanged, this, &TKeyMappingDlg::applyFilter);
+    connect(commands_, &QTreeWidget::currentItemChanged, this, &TKeyMappingDlg::commandChanged);
+    connect(keys_, &QListWidget::currentRowChanged, this, [this](int row) { remove_->setEnabled(row >= 0); });
+    connect(capture_, &TKeyCaptureEdit::keyChanged, this, &TKeyMappingDlg::showCaptureInfo);
+    connect(assign_, &QPushButton::clicked, this, &TKeyMappingDlg::assignKey);
+    connect(remove_, &QPushButton::clicked, this, &TKeyMappingDlg::removeKey);
+    connect(reset_, &QPushButton::clicked, this, &TKeyMappingDlg::resetCommand);
+    connect(resetAll_, &QPushButton::clicked, this, &TKeyMappingDlg::resetAll);
+    connect(buttons_, &QDialogButtonBox::accepted, this, &TKeyMappingDlg::accept);
+    connect(buttons_, &QDialogButtonBox::rejected, this, &TKeyMappingDlg::reject);
+    buildList();
+    filter_->setFocus();
+}
+
+// The filter above the command list; below it the current command's keys with their
+// buttons beside the field for a new key; Reset All and OK and Cancel at the bottom.
+void TKeyMappingDlg::layOut() {
+    auto label = [this](const char* text, QWidget* buddy) {
+        auto* l = new QLabel(latin(text), this);
+        l->setBuddy(buddy);
+        return l;
+    };
     auto* top = new QHBoxLayout;
-    top->addWidget(filterLabel);
+    top->addWidget(label(dlgmsg::kKeyFilter, filter_));
     top->addWidget(filter_);
     auto* keyButtons = new QVBoxLayout;
     keyButtons->addWidget(remove_);
@@ -126,8 +143,8 @@ TKeyMappingDlg::TKeyMappingDlg(QWidget* parent) : QDialog(parent), map_(keyMap()
     newKey->addWidget(captureInfo_, 1, Qt::AlignTop);
     newKey->addWidget(assign_, 0, Qt::AlignRight);
     auto* grid = new QGridLayout;
-    grid->addWidget(keysLabel, 0, 0);
-    grid->addWidget(captureLabel, 0, 2);
+    grid->addWidget(label(dlgmsg::kCommandKeys, keys_), 0, 0);
+    grid->addWidget(label(dlgmsg::kNewKey, capture_), 0, 2);
     grid->addWidget(keys_, 1, 0);
     grid->addLayout(keyButtons, 1, 1);
     grid->addLayout(newKey, 1, 2);
@@ -136,32 +153,18 @@ TKeyMappingDlg::TKeyMappingDlg(QWidget* parent) : QDialog(parent), map_(keyMap()
     grid->setRowMinimumHeight(1, keys_->fontMetrics().height() * 5);
     keys_->setMaximumHeight(keys_->fontMetrics().height() * 6);
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(resetAll);
+    bottom->addWidget(resetAll_);
     bottom->addStretch();
-    bottom->addWidget(buttons);
+    bottom->addWidget(buttons_);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top);
     layout->addWidget(commands_, 1);
     layout->addWidget(description_);
     layout->addLayout(grid);
     layout->addLayout(bottom);
-
-    connect(filter_, &QLineEdit::textChanged, this, &TKeyMappingDlg::applyFilter);
-    connect(commands_, &QTreeWidget::currentItemChanged, this, &TKeyMappingDlg::commandChanged);
-    connect(keys_, &QListWidget::currentRowChanged, this, [this](int row) { remove_->setEnabled(row >= 0); });
-    connect(capture_, &TKeyCaptureEdit::keyChanged, this, &TKeyMappingDlg::showCaptureInfo);
-    connect(assign_, &QPushButton::clicked, this, &TKeyMappingDlg::assignKey);
-    connect(remove_, &QPushButton::clicked, this, &TKeyMappingDlg::removeKey);
-    connect(reset_, &QPushButton::clicked, this, &TKeyMappingDlg::resetCommand);
-    connect(resetAll, &QPushButton::clicked, this, &TKeyMappingDlg::resetAll);
-    connect(buttons, &QDialogButtonBox::accepted, this, &TKeyMappingDlg::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &TKeyMappingDlg::reject);
-
-    buildList();
     resize(860, 640);
     commands_->setColumnWidth(kNameColumn, 210);
     commands_->setColumnWidth(kKeysColumn, 190);
-    filter_->setFocus();
 }
 
 // The commands by group in the order of the command list, then the prefix markers, then

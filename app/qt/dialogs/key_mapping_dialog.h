@@ -7,6 +7,7 @@
 
 #include "config/keymap.h"
 
+class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -32,6 +33,7 @@ public:
     void reject() override;
 
 private:
+    void layOut();
     void buildList();
     void refreshKeys();
     void applyFilter();
@@ -55,6 +57,8 @@ private:
     TKeyCaptureEdit* capture_;
     QLabel* captureInfo_;
     QPushButton* assign_;
+    QPushButton* resetAll_;
+    QDialogButtonBox* buttons_;
     QPushButton* ok_;
 };
 
