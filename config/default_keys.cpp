@@ -12,11 +12,8 @@ const DefaultKey kRows[] = {
 
 // "Prefix1".."Prefix6" as their markers, else the command's id; 0 when unknown.
 uint16_t commandOf(std::string_view name) {
-    constexpr std::string_view kPrefixWord = "Prefix";
-    if (name.size() == kPrefixWord.size() + 1 && equalsNoCase(name.substr(0, kPrefixWord.size()), kPrefixWord)) {
-        const char n = name.back();
-        return n >= '1' && n <= '6' ? static_cast<uint16_t>(kPrefix1 + (n - '1')) : 0;
-    }
+    for (uint16_t marker = kPrefix1; marker <= kPrefix6; ++marker)
+        if (equalsNoCase(name, prefixName(marker))) return marker;
     return commandId(name, false);
 }
 

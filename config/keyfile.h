@@ -52,7 +52,10 @@ std::string keyFilePath();
 bool loadKeyFile();
 // Writes the program's key map and macros; failures are reported. True on success.
 bool saveKeyFile();
-// Copies DEFKEY.ZOL over the key file and loads it.
+// Copies DEFKEY.ZOL over the key file and loads it. A DEFKEY.ZOL that is no key file
+// is reported and copied over nothing.
 bool resetKeyFile();
+// The key map of DEFKEY.ZOL, its macros left unread; failures are reported.
+bool readDefaultKeyMap(KeyMap& map);
 
 }  // namespace zol

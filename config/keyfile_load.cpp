@@ -82,12 +82,31 @@ bool loadKeyFile() {
     return true;
 }
 
-bool resetKeyFile() {
-    std::string bytes;
+namespace {
+
+// DEFKEY.ZOL's bytes and its key map; false (reported) when it cannot be read or is no
+// key file.
+bool readDefaultKeyFile(std::string& bytes, KeyMap& map) {
     if (!readWholeFile(resolveBareName(kDefaultKeyFile), bytes)) {
         shell().message(keymsg::kCannotOpenDefault);
         return false;
     }
+    const KeyFileStatus status = parseKeyFile(bytes, map, nullptr);
+    report(status);
+    return status == KeyFileStatus::Ok;
+}
+
+}  // namespace
+
+bool readDefaultKeyMap(KeyMap& map) {
+    std::string bytes;
+    return readDefaultKeyFile(bytes, map);
+}
+
+bool resetKeyFile() {
+    std::string bytes;
+    KeyMap unused;
+    if (!readDefaultKeyFile(bytes, unused)) return false;
     if (!replaceFile(keyFilePath(), bytes)) {
         shell().message(keymsg::kResetFailed);
         return false;

@@ -1,10 +1,8 @@
-#include <cstdio>
-#include <filesystem>
-
 #include "config/keyfile.h"
 #include "config/keyfile_words.h"
 #include "config/keymap_messages.h"
 #include "engine/shell.h"
+#include "platform/file_io.h"
 
 namespace zol {
 namespace {
@@ -39,18 +37,9 @@ bool saveKeyFile() {
     const std::string path = keyFilePath();
     const KeyFileMacros& macros = keyFileMacros();
     const std::string data = keyFileBytes(keyMap(), macros.sectionBytes ? macros.sectionBytes() : std::string());
-    // Written beside the key file and renamed over it, so a failure keeps the old one.
-    const std::string temp = path + ".new";
-    std::FILE* f = std::fopen(temp.c_str(), "wb");
-    if (!f) {
-        shell().message(withPath(keymsg::kCannotOpenWrite, path));
-        return false;
-    }
-    const bool written = std::fwrite(data.data(), 1, data.size(), f) == data.size();
-    std::error_code ec;
-    if (std::fclose(f) != 0 || !written || (std::filesystem::rename(temp, path, ec), ec)) {
-        std::filesystem::remove(temp, ec);
-        shell().message(keymsg::kReadError);
+    bool opened = false;
+    if (!replaceFile(path, data, opened)) {
+        shell().message(opened ? std::string(keymsg::kReadError) : withPath(keymsg::kCannotOpenWrite, path));
         return false;
     }
     setKeyMapChanged(false);

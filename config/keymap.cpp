@@ -22,8 +22,8 @@ const KeyMapEntry* findEntry(const std::vector<KeyMapEntry>& table, uint16_t key
     return nullptr;
 }
 
-// A second key: Shift and Ctrl do not matter on letters, and a typed letter counts as
-// its capital.
+}  // namespace
+
 uint16_t normaliseSecondKey(uint16_t key) {
     if (key & kVirtualKey) {
         const uint16_t base = key & ~(kShiftKey | kCtrlKey);
@@ -33,8 +33,6 @@ uint16_t normaliseSecondKey(uint16_t key) {
     if (key >= 'a' && key <= 'z') return static_cast<uint16_t>(key - 'a' + 'A');
     return key;
 }
-
-}  // namespace
 
 bool operator==(const KeyMapEntry& a, const KeyMapEntry& b) { return a.key == b.key && a.command == b.command; }
 
@@ -46,6 +44,11 @@ size_t keyTableCapacity(int table) {
 
 int prefixTableOf(uint16_t marker) {
     return marker >= kPrefix1 && marker <= kPrefix6 ? marker - kPrefix1 + 1 : 0;
+}
+
+std::string prefixName(uint16_t marker) {
+    const int table = prefixTableOf(marker);
+    return table ? kPrefixWord + std::to_string(table) : std::string();
 }
 
 KeyMap& keyMap() {
@@ -86,6 +89,12 @@ uint16_t lookupPrefixKey(const KeyMap& map, uint16_t marker, uint16_t key) {
     return e ? e->command : 0;
 }
 
+uint16_t boundCommand(const KeyMap& map, int table, uint16_t key) {
+    if (table < 0 || table >= kKeyTables) return 0;
+    const KeyMapEntry* e = findEntry(map.tables[table], key);
+    return e ? e->command : 0;
+}
+
 bool bindKey(KeyMap& map, int table, uint16_t key, uint16_t command) {
     if (table < 0 || table >= kKeyTables) return false;
     std::vector<KeyMapEntry>& t = map.tables[table];
@@ -108,26 +117,40 @@ bool unbindKey(KeyMap& map, int table, uint16_t key) {
     return t.size() != before;
 }
 
+void unbindCommand(KeyMap& map, uint16_t command) {
+    for (std::vector<KeyMapEntry>& t : map.tables)
+        t.erase(std::remove_if(t.begin(), t.end(), [command](const KeyMapEntry& e) { return e.command == command; }),
+                t.end());
+}
+
+uint16_t prefixKeyOf(const KeyMap& map, int table) {
+    const uint16_t marker = static_cast<uint16_t>(kPrefix1 + table - 1);
+    if (prefixTableOf(marker) == 0) return 0;
+    for (const KeyMapEntry& e : map.tables[0])
+        if (e.command == marker && !keyName(e.key).empty()) return e.key;
+    return 0;
+}
+
+std::vector<BoundKey> commandKeys(const KeyMap& map, uint16_t command) {
+    std::vector<BoundKey> keys;
+    for (const KeyMapEntry& e : map.tables[0])
+        if (e.command == command && !keyName(e.key).empty()) keys.push_back({0, 0, e.key});
+    for (int table = 1; table < kKeyTables; ++table) {
+        const uint16_t prefix = prefixKeyOf(map, table);
+        if (prefix == 0) continue;
+        for (const KeyMapEntry& e : map.tables[table])
+            if (e.command == command && !keyName(e.key).empty()) keys.push_back({table, prefix, e.key});
+    }
+    return keys;
+}
+
+std::string boundKeyName(const BoundKey& bound) {
+    return bound.prefixKey ? keyName(bound.prefixKey) + ", " + keyName(bound.key) : keyName(bound.key);
+}
+
 std::vector<std::string> commandKeyNames(const KeyMap& map, uint16_t command) {
     std::vector<std::string> names;
-    for (const KeyMapEntry& e : map.tables[0]) {
-        if (e.command != command) continue;
-        std::string n = keyName(e.key);
-        if (!n.empty()) names.push_back(std::move(n));
-    }
-    for (int table = 1; table < kKeyTables; ++table) {
-        // The first primary key that opens the table stands for the prefix.
-        const uint16_t marker = static_cast<uint16_t>(kPrefix1 + table - 1);
-        std::string prefix;
-        for (const KeyMapEntry& e : map.tables[0])
-            if (e.command == marker && !(prefix = keyName(e.key)).empty()) break;
-        if (prefix.empty()) continue;
-        for (const KeyMapEntry& e : map.tables[table]) {
-            if (e.command != command) continue;
-            const std::string n = keyName(e.key);
-            if (!n.empty()) names.push_back(prefix + ", " + n);
-        }
-    }
+    for (const BoundKey& k : commandKeys(map, command)) names.push_back(boundKeyName(k));
     return names;
 }
 

@@ -24,6 +24,7 @@ constexpr uint16_t kPrefix1 = 0xFF01;
 constexpr uint16_t kPrefix5 = 0xFF05;
 constexpr uint16_t kPrefix6 = 0xFF06;
 constexpr int kKeyTables = 7;  // the primary table, then prefix tables 1..6
+constexpr char kPrefixWord[] = "Prefix";
 
 struct KeyMapEntry {
     uint16_t key;
@@ -41,6 +42,9 @@ bool operator==(const KeyMapEntry& a, const KeyMapEntry& b);
 size_t keyTableCapacity(int table);
 // Table index of a prefix marker (1..6), or 0 when the id is no marker.
 int prefixTableOf(uint16_t marker);
+// "Prefix1".."Prefix6", the names that stand for the markers where commands are named;
+// empty when the id is no marker.
+std::string prefixName(uint16_t marker);
 
 // The program's key map.
 KeyMap& keyMap();
@@ -59,11 +63,19 @@ uint16_t keyCommand(const KeyMap& map, const Document& doc, uint16_t key, uint16
 // The command bound to key in the prefix table of marker; 0 when none or when the
 // marker is not one of kPrefix1..kPrefix6.
 uint16_t lookupPrefixKey(const KeyMap& map, uint16_t marker, uint16_t key);
+// The command bound to key in table (0 the primary table); 0 when none.
+uint16_t boundCommand(const KeyMap& map, int table, uint16_t key);
+
+// A second key as a prefix table holds it: Shift and Ctrl do not matter on letters,
+// and a typed letter counts as its capital.
+uint16_t normaliseSecondKey(uint16_t key);
 
 // Binds key in table (replacing its binding there); false when the table is full.
 bool bindKey(KeyMap& map, int table, uint16_t key, uint16_t command);
 // Removes every binding of key from table; false when there was none.
 bool unbindKey(KeyMap& map, int table, uint16_t key);
+// Removes every binding of command from every table.
+void unbindCommand(KeyMap& map, uint16_t command);
 
 // "Alt+Ctrl+Shift+F5" style name; empty when the key's base has no name.
 std::string keyName(uint16_t key);
@@ -73,6 +85,21 @@ size_t keyName(uint16_t key, char* buffer, size_t size);
 // The key word of a name as keyName writes it (modifiers in any order, any letter
 // case); 0 when the text names no key.
 uint16_t parseKeyName(std::string_view name);
+
+// One key that runs a command: a primary-table key (prefixKey 0), or the second key of
+// a sequence whose first key, prefixKey, opens the table.
+struct BoundKey {
+    int table;
+    uint16_t prefixKey;
+    uint16_t key;
+};
+// The first named primary key that opens prefix table (1..6); 0 when none does.
+uint16_t prefixKeyOf(const KeyMap& map, int table);
+// The named keys that reach command, primary-table keys first, in the order of
+// commandKeyNames. A prefix table that no named primary key opens is left out.
+std::vector<BoundKey> commandKeys(const KeyMap& map, uint16_t command);
+// "Ctrl+D", or "Ctrl+K, B" for a sequence.
+std::string boundKeyName(const BoundKey& bound);
 
 // The names of the keys bound to command, primary-table keys first, each ended by a
 // NUL; a prefix table's key reads "Ctrl+K, B". Names stop when fewer than 3 bytes

@@ -30,10 +30,12 @@ std::string folderOf(const std::string& path) {
 }
 
 // Writes data to a fresh temporary file beside path; returns its name, empty on failure.
-std::string writeTemp(const std::string& path, std::string_view data, unsigned mode) {
+// opened tells whether the temporary file could be made.
+std::string writeTemp(const std::string& path, std::string_view data, unsigned mode, bool* opened = nullptr) {
     std::string name = folderOf(path) + ".zoltmp.XXXXXX";
     int fd = ::mkstemp(name.data());
     if (fd < 0) return {};
+    if (opened) *opened = true;
     bool ok = writeAll(fd, data) && ::fchmod(fd, mode) == 0 && ::fsync(fd) == 0;
     ok = ::close(fd) == 0 && ok;
     if (!ok) {
@@ -72,6 +74,12 @@ bool readWholeFile(const std::string& path, std::string& out) {
 }
 
 bool replaceFile(const std::string& path, std::string_view data) {
+    bool opened = false;
+    return replaceFile(path, data, opened);
+}
+
+bool replaceFile(const std::string& path, std::string_view data, bool& opened) {
+    opened = false;
     std::string target = path;
     char resolved[PATH_MAX];
     struct stat lst {};
@@ -88,7 +96,7 @@ bool replaceFile(const std::string& path, std::string_view data) {
         ::umask(mask);
         mode = 0666 & ~mask;
     }
-    std::string temp = writeTemp(target, data, mode);
+    std::string temp = writeTemp(target, data, mode, &opened);
     if (temp.empty()) return false;
     if (::rename(temp.c_str(), target.c_str()) != 0) {
         ::unlink(temp.c_str());

@@ -14,6 +14,10 @@ bool readWholeFile(const std::string& path, std::string& out);
 // link keeps pointing where it did and its target is replaced. A missing file is
 // created (its folder must exist).
 bool replaceFile(const std::string& path, std::string_view data);
+// The same; opened tells whether writing could begin (the target could be replaced and
+// its folder took the temporary file), so that a caller can tell a file it cannot open
+// from a write that failed, for example on a full disk.
+bool replaceFile(const std::string& path, std::string_view data, bool& opened);
 
 // Creates path with data and the given permission bits, only when nothing is there
 // yet; the file appears complete or not at all. False when path exists or on failure.

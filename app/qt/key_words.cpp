@@ -56,6 +56,13 @@ uint16_t keyWordOf(int qtKey, Qt::KeyboardModifiers mods) {
     return word;
 }
 
+bool keyTypesText(const QString& text, Qt::KeyboardModifiers mods) {
+    if (text.isEmpty() || mods.testFlag(Qt::KeypadModifier)) return false;
+    for (const QChar c : text)
+        if (c.unicode() < 0x20 || c.unicode() == 0x7F) return false;
+    return mods.testFlag(Qt::ControlModifier) == mods.testFlag(Qt::AltModifier);
+}
+
 int ansiByteOf(char32_t ch) {
     if (ch == '\t') return '\t';
     if (ch < 0x20 || ch == 0x7F) return -1;

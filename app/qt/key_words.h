@@ -14,6 +14,11 @@ uint8_t virtualKeyOf(int qtKey, bool keypad);
 // The key word of a key press (kVirtualKey set), 0 for keys without a code (bare
 // modifiers, dead keys).
 uint16_t keyWordOf(int qtKey, Qt::KeyboardModifiers mods);
+// Whether a key press with this text types it into a document instead of going
+// through the key map when no prefix is pending: printable text without Ctrl or Alt,
+// or with both (AltGr on many layouts). Keypad keys are left out: a key map binding
+// takes them over.
+bool keyTypesText(const QString& text, Qt::KeyboardModifiers mods);
 
 // The Windows-1252 byte of a character, -1 when the code page lacks it. Control
 // characters other than tab have no byte either: they cannot be typed as text.

@@ -8,6 +8,7 @@
 #include "config/keymap_messages.h"
 #include "config/settings.h"
 #include "script/macro_section.h"
+#include "tests/support/files.h"
 #include "tests/support/temp_home.h"
 
 namespace zol {
@@ -192,12 +193,12 @@ TEST_F(KeyFileOnDisk, LoadFailuresAreReportedAndKeepTheMap) {
 }
 
 TEST_F(KeyFileOnDisk, SaveFailuresAreReportedAndKeepTheOldFile) {
-    // A folder where the key file should be: it opens, but cannot be replaced.
+    // A folder where the key file should be: it cannot be opened as a file.
     std::filesystem::create_directories(path("ZOL.KEY/inside"));
     EXPECT_FALSE(saveKeyFile());
     EXPECT_TRUE(std::filesystem::is_directory(path("ZOL.KEY/inside")));
-    EXPECT_FALSE(exists("ZOL.KEY.new"));
-    EXPECT_EQ(shell_.messages, std::vector<std::string>{keymsg::kReadError});
+    ASSERT_EQ(shell_.messages.size(), 1u);
+    EXPECT_EQ(shell_.messages[0].rfind("Cannot open " + dir + "ZOL.KEY file.", 0), 0u) << shell_.messages[0];
 
     // A home that cannot hold files.
     put("file", "x");
@@ -205,6 +206,16 @@ TEST_F(KeyFileOnDisk, SaveFailuresAreReportedAndKeepTheOldFile) {
     EXPECT_FALSE(saveKeyFile());
     ASSERT_EQ(shell_.messages.size(), 2u);
     EXPECT_EQ(shell_.messages[1].rfind("Cannot open " + dir + "file/sub/ZOL.KEY file.", 0), 0u) << shell_.messages[1];
+}
+
+TEST_F(KeyFileOnDisk, AWriteThatFailsHalfwayIsAReadErrorAndKeepsTheOldFile) {
+    put("ZOL.KEY", "old");
+    {
+        const test::FileSizeLimit full(10);
+        EXPECT_FALSE(saveKeyFile());
+    }
+    EXPECT_EQ(get("ZOL.KEY"), "old");
+    EXPECT_EQ(shell_.messages, std::vector<std::string>{keymsg::kReadError});
 }
 
 TEST_F(KeyFileOnDisk, ResetCopiesTheDefaultFileAndLoadsIt) {
@@ -224,6 +235,17 @@ TEST_F(KeyFileOnDisk, ResetCopiesTheDefaultFileAndLoadsIt) {
     std::filesystem::create_directories(path("ZOL.KEY/inside"));
     EXPECT_FALSE(resetKeyFile());
     EXPECT_EQ(shell_.messages.back(), keymsg::kResetFailed);
+
+    // A DEFKEY.ZOL of another version is not copied.
+    std::filesystem::remove_all(path("ZOL.KEY"));
+    put("ZOL.KEY", "mine");
+    put("DEFKEY.ZOL", "ZOLCFG_0");
+    EXPECT_FALSE(resetKeyFile());
+    EXPECT_EQ(shell_.messages.back(), keymsg::kNotCompatible);
+    EXPECT_EQ(get("ZOL.KEY"), "mine");
+    KeyMap read = sentinelMap();
+    EXPECT_FALSE(readDefaultKeyMap(read));
+    EXPECT_EQ(read.tables, sentinelMap().tables);
 }
 
 }  // namespace

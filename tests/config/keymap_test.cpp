@@ -151,6 +151,17 @@ TEST(KeyNames, OfACommandListPrimaryKeysFirst) {
     EXPECT_EQ(std::string(buf, 10), std::string("Ctrl+X\0S\0\0", 10));
     EXPECT_EQ(commandKeyNames(map, id("Paste"), buf, sizeof buf), 0);
     EXPECT_EQ(buf[0], '\0');
+
+    // The keys themselves, for whoever removes one; then the command loses them all,
+    // the unreachable one too.
+    const std::vector<BoundKey> keys = commandKeys(map, cut);
+    ASSERT_EQ(keys.size(), 3u);
+    EXPECT_EQ(keys[2].table, 2);
+    EXPECT_EQ(keys[2].prefixKey, C | V | 'Q');
+    EXPECT_EQ(boundCommand(map, 2, keys[2].key), cut);
+    unbindCommand(map, cut);
+    for (int t = 0; t < kKeyTables; ++t) EXPECT_EQ(boundCommand(map, t, V | 'Y') + boundCommand(map, t, C | V | 'X'), 0);
+    EXPECT_EQ(boundCommand(map, 0, C | V | 'Q'), kPrefix1 + 1);
 }
 
 }  // namespace

@@ -72,6 +72,41 @@ inline constexpr char kAskDeleteMacro[] = "Delete the macro \"%1\"?";
 inline constexpr char kEmptyMacroName[] = "A macro needs a name.";
 inline constexpr char kMacroNameTaken[] = "There is already a macro named \"%1\".";
 
+// Key mapping. Group titles are indexed by the command groups 1..13.
+inline constexpr char kKeyMappingTitle[] = "Key Mapping";
+inline constexpr char kSecondKeyTitle[] = "Second Key";
+inline constexpr char kKeyFilter[] = "&Filter:";
+inline constexpr char kKeyFilterHint[] = "Command name, description or key";
+inline constexpr char kKeyColumns[] = "Command\tKeys\tDescription";
+inline constexpr const char* kKeyGroups[] = {
+    "",      "Typing and deleting", "Cursor movement", "Selection", "Search and navigation", "Marks", "Block and case",
+    "Undo and clipboard", "Tools", "Files", "Modes", "Windows", "Help", "Special"};
+inline constexpr char kPrefixGroup[] = "Prefix keys";
+inline constexpr char kMacroGroup[] = "Keystroke macros";
+inline constexpr char kPrefixDescription[] = "Waits for a second key from prefix table %1";
+inline constexpr char kKeySeparator[] = "; ";
+inline constexpr char kCommandKeys[] = "&Keys:";
+inline constexpr char kNewKey[] = "&Press a new key:";
+inline constexpr char kCapturePrompt[] = "Press a key";
+inline constexpr char kSecondKeyPrompt[] = "&Press the key that follows %1:";
+inline constexpr char kKeyAssign[] = "&Assign";
+inline constexpr char kKeyRemove[] = "&Remove";
+inline constexpr char kKeyResetOne[] = "Re&set";
+inline constexpr char kKeyResetOneTip[] = "Gives the command the keys it has in DEFKEY.ZOL";
+inline constexpr char kKeyResetAll[] = "Reset All";
+inline constexpr char kKeyNotMappable[] =
+    "%1 cannot be mapped: choose a letter, digit, function, cursor or editing key.";
+inline constexpr char kKeyTypesText[] = "%1 types a character: hold Ctrl or Alt with it, or choose another key.";
+inline constexpr char kKeyIsPrefix[] = "%1 is a prefix key: Assign asks for the key that follows it.";
+inline constexpr char kKeyAssignedTo[] = "%1 is assigned to %2.";
+inline constexpr char kKeyFree[] = "%1 is not assigned.";
+inline constexpr char kTakesParameter[] = "%1 takes a parameter, which a key cannot give: macros and scripts run it.";
+inline constexpr char kAskMoveKey[] = "%1 is assigned to %2.\n\nAssign it to %3 instead?";
+inline constexpr char kAskResetAll[] =
+    "Reset All replaces the key file with a copy of DEFKEY.ZOL: every key goes back to where it was "
+    "shipped and all keystroke macros are deleted.\n\nReset all keys and delete all macros?";
+inline constexpr char kUnnamedCommand[] = "command %1";
+
 // Options
 inline constexpr char kOptionsTitle[] = "Options";
 inline constexpr char kTabEditing[] = "Editing";
