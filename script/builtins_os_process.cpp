@@ -24,8 +24,12 @@ constexpr StartCode kStartCodes[] = {
 };
 constexpr uint32_t kNoAssociation = 31;  // SE_ERR_NOASSOC: no opener, or an unknown operation
 
-// The operations ShellExecute knows; a null one is "open".
-constexpr std::string_view kOperations[] = {"open", "explore", "edit"};
+// The operations ShellExecute knows; a null one is "open", the one that runs programs.
+struct Operation {
+    std::string_view name;
+    bool runsPrograms;
+};
+constexpr Operation kOperations[] = {{"open", true}, {"explore", false}, {"edit", false}};
 
 uint32_t codeOf(StartResult r) {
     for (const StartCode& c : kStartCodes)
@@ -45,11 +49,11 @@ bool isUrl(std::string_view s) {
     return true;
 }
 
-bool knownOperation(const std::optional<std::string>& op) {
-    if (!op || op->empty()) return true;
-    for (std::string_view known : kOperations)
-        if (*op == known) return true;
-    return false;
+const Operation* operationOf(const std::optional<std::string>& op) {
+    if (!op || op->empty()) return &kOperations[0];
+    for (const Operation& known : kOperations)
+        if (*op == known.name) return &known;
+    return nullptr;
 }
 
 uint32_t opened(const std::string& target) {
@@ -59,15 +63,18 @@ uint32_t opened(const std::string& target) {
 
 uint32_t shellExecute(const std::optional<std::string>& op, const std::string& file, const std::string& params,
                       const std::string& dir) {
-    if (!knownOperation(op)) return kNoAssociation;
+    const Operation* operation = operationOf(op);
+    if (!operation) return kNoAssociation;
     if (file.empty()) return codeOf(StartResult::NoProgram);
     if (!dir.empty() && !isDirectory(dir)) return codeOf(StartResult::NoFolder);
     if (isUrl(file)) return opened(file);
     const std::string path = dir.empty() || file[0] == '/' ? file : joinPath(dir, file);
     const bool exists = fileExists(path);
-    if (exists && !isProgramFile(path)) return opened(fullPath(path));
-    if (!exists && hasFolderPart(file))
-        return codeOf(isDirectory(std::string(folderPart(path))) ? StartResult::NoProgram : StartResult::NoFolder);
+    if (exists && (!operation->runsPrograms || !isProgramFile(path))) return opened(fullPath(path));
+    if (!exists && (hasFolderPart(file) || !operation->runsPrograms)) {
+        const std::string folder(folderPart(path));
+        return codeOf(folder.empty() || isDirectory(folder) ? StartResult::NoProgram : StartResult::NoFolder);
+    }
     std::vector<std::string> argv = splitCommandLine(params);
     // A program in the working folder runs from there, as Windows runs it; any other
     // name without a folder is looked for on PATH.

@@ -1,61 +1,42 @@
-/* Profile files: a bare name lands in the home, the folder GetWindowsDirectory names;
-   the "win.ini" calls use a file there too. Reading cuts to the buffer and lists the
-   sections; writing a null key deletes the section. GetShortPathName keeps the path. */
+/* Profile files: a bare name, and "win.ini" for the calls that name none, land in the
+   home that GetWindowsDirectory names. Reading cuts to the buffer and lists sections. */
 #include <windows.h>
 #include <stdio.h>
 #include <string.h>
-// out: written 1 1
-// out: read [two words] 7 -3 42
-// out: in the home 1, ends in / 1, same as system 1
-// out: win.ini [yes] 5 1
-// out: cut 3 [abc]
-// out: sections Colors Sizes
-// out: deleted [gone]
-// out: short 8 [/tmp/x.c] small 9
+// out: read [two words] -3 42
+// out: win.ini [yes] 5 in the home 1 / 1 system 1
+// out: cut 3 [abc] short 8 9 sections Colors Sizes deleted [gone]
 #define INI "vekc_os.ini"
+/* Whether the file is in the folder; it is gone afterwards. */
+int removed(const char *dir, const char *name)
+{
+    char path[400];
+    sprintf(path, "%s%s", dir, name);
+    return remove(path) == 0;
+}
+
 int main(void)
 {
-    char dir[300], sys[300], path[340], buf[64], *p;
-    FILE *f;
+    char dir[300], sys[300], buf[64];
     UINT n = GetWindowsDirectory(dir, sizeof dir);
-    printf("written %d %d\n", WritePrivateProfileString("Colors", "Name", " \"two words\" ", INI),
-           WritePrivateProfileString("Sizes", "Width", "7", INI));
+    WritePrivateProfileString("Colors", "Name", " \"two words\" ", INI);
     WritePrivateProfileString("Sizes", "Depth", "-3", INI);
-    GetPrivateProfileString("colors", "NAME", "", buf, sizeof buf, INI);
-    printf("read [%s] %u %d %u\n", buf, GetPrivateProfileInt("Sizes", "Width", 0, INI),
-           (int)GetPrivateProfileInt("SIZES", "depth", 0, INI), GetPrivateProfileInt("Sizes", "None", 42, INI));
-
-    sprintf(path, "%s%s", dir, INI);
-    f = fopen(path, "r");
-    GetSystemDirectory(sys, sizeof sys);
-    printf("in the home %d, ends in / %d, same as system %d\n", f != NULL, dir[n - 1] == '/', strcmp(dir, sys) == 0);
-    if (f) fclose(f);
-
-    WriteProfileString("Zolder", "Flag", "yes");
-    GetProfileString("Zolder", "Flag", "no", buf, sizeof buf);
-    sprintf(path, "%swin.ini", dir);
-    f = fopen(path, "r");
-    printf("win.ini [%s] %u %d\n", buf, GetProfileInt("Zolder", "Missing", 5), f != NULL);
-    if (f) fclose(f);
-    WriteProfileString("Zolder", NULL, NULL);
-
     WritePrivateProfileString("Sizes", "Long", "abcdef", INI);
+    WriteProfileString("Zolder", "Flag", "yes");
+    GetPrivateProfileString("colors", "NAME", "", buf, sizeof buf, INI);
+    printf("read [%s] %d %u\n", buf, (int)GetPrivateProfileInt("SIZES", "depth", 0, INI),
+           GetPrivateProfileInt("Sizes", "None", 42, INI));
+    GetSystemDirectory(sys, sizeof sys);
+    GetProfileString("Zolder", "Flag", "no", buf, sizeof buf);
+    printf("win.ini [%s] %u in the home %d / %d system %d\n", buf, GetProfileInt("Zolder", "Missing", 5),
+           removed(dir, "win.ini"), dir[n - 1] == '/', strcmp(dir, sys) == 0);
     n = GetPrivateProfileString("Sizes", "Long", "", buf, 4, INI);
-    printf("cut %u [%s]\n", n, buf);
-
-    GetPrivateProfileString(NULL, NULL, "", buf, sizeof buf, INI);
-    printf("sections");
-    for (p = buf; *p; p += strlen(p) + 1)
-        printf(" %s", p);
-    printf("\n");
-
+    printf("cut %u [%s] short %u %u", n, buf, GetShortPathName("/tmp/x.c", sys, sizeof sys),
+           GetShortPathName("/tmp/x.c", sys, 4));
+    GetPrivateProfileString(NULL, NULL, "", sys, sizeof sys, INI);
+    printf(" sections %s %s", sys, sys + strlen(sys) + 1);
     WritePrivateProfileString("Colors", NULL, NULL, INI);
     GetPrivateProfileString("Colors", "Name", "gone", buf, sizeof buf, INI);
-    printf("deleted [%s]\n", buf);
-    sprintf(path, "%s%s", dir, INI);
-    remove(path);
-
-    n = GetShortPathName("/tmp/x.c", buf, sizeof buf);
-    printf("short %u [%s] small %u\n", n, buf, GetShortPathName("/tmp/x.c", buf, 4));
-    return 0;
+    printf(" deleted [%s]\n", buf);
+    return !removed(dir, INI);
 }
