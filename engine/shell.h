@@ -119,7 +119,7 @@ public:
                                 std::optional<std::string_view> /*title*/) {
         return 0;
     }
-    // Shows a help file as the help menu's entries do; false when it cannot.
+    // Shows a help file (or a URL) in the desktop's viewer; false when it cannot.
     virtual bool openHelp(const std::string& /*path*/) { return false; }
 };
 

@@ -17,6 +17,7 @@ LibraryHandle openLibrary(const std::string& path, std::string* error = nullptr)
 // The address of an exported symbol, null when the library has none by that name.
 void* librarySymbol(LibraryHandle lib, const char* name);
 void closeLibrary(LibraryHandle lib);
+
 // The most argument words callLibraryFunction passes.
 constexpr size_t kMaxLibraryCallWords = 12;
 
