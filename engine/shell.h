@@ -1,7 +1,10 @@
 // What the engine needs from the user and the screen. The application implements
 // these twice (desktop and headless); tests use the headless one or a recording fake.
 #pragma once
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +33,32 @@ struct FindDialogData {
     bool forward = true;
 };
 enum class FindDialogResult { Cancel, Find, ReplaceOne, ReplaceAll };
+
+// A message box as scripts ask for one: its buttons, its icon, and the button that
+// Enter presses.
+enum class BoxButtons { Ok, OkCancel, AbortRetryIgnore, YesNoCancel, YesNo, RetryCancel };
+enum class BoxButton { Ok, Cancel, Abort, Retry, Ignore, Yes, No };
+enum class BoxIcon { None, Error, Question, Warning, Information };
+struct MessageBoxRequest {
+    std::string_view text;
+    std::string_view caption;  // empty: the editor's name
+    BoxButtons buttons = BoxButtons::Ok;
+    BoxIcon icon = BoxIcon::None;
+    size_t defaultButton = 0;  // index into the set's buttons
+};
+struct BoxButtonSet {
+    BoxButtons set;
+    std::array<BoxButton, 3> shown;  // left to right
+    size_t count;
+    std::array<BoxButton, 3> asked;  // what a question's Yes, No and Cancel stand for
+};
+const BoxButtonSet& boxButtonSet(BoxButtons set);
+
+// Scripts hold the editor's windows as small numbers that are no script address: 0
+// none, kMainWindowToken the main frame, the desktop's other top-level windows above.
+constexpr uint32_t kMainWindowToken = 1;
+// kMainWindowToken while the application has a main window, else 0 (headless).
+uint32_t mainWindowToken();
 
 class Shell {
 public:
@@ -79,6 +108,22 @@ public:
     // Opens a file as a document (or activates it when it is open) and makes it the
     // active one. False when it could not be opened; the reason is already shown.
     virtual bool openFile(const std::string& /*path*/) { return false; }
+
+    // The button pressed. Without a box of its own a shell shows a one-button box as a
+    // message and the others as a question, whose answer stands for a button.
+    virtual BoxButton messageBox(const MessageBoxRequest& box);
+    // The system's alert sound.
+    virtual void beep() {}
+    // While on, the editor's windows show the busy cursor.
+    virtual void busyCursor(bool /*on*/) {}
+    // One of the editor's own top-level windows by class name and title (each may be
+    // left out), as a script holds it; 0 when none matches.
+    virtual uint32_t findWindow(std::optional<std::string_view> /*className*/,
+                                std::optional<std::string_view> /*title*/) {
+        return 0;
+    }
+    // Shows a help file (or a URL) in the desktop's viewer; false when it cannot.
+    virtual bool openHelp(const std::string& /*path*/) { return false; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

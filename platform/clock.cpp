@@ -23,6 +23,12 @@ LocalTime localTimeNow() {
     return t;
 }
 
+uint64_t monotonicMilliseconds() {
+    timespec ts {};
+    ::clock_gettime(CLOCK_MONOTONIC, &ts);
+    return static_cast<uint64_t>(ts.tv_sec) * 1000u + static_cast<uint64_t>(ts.tv_nsec) / 1000000u;
+}
+
 namespace {
 
 // The conversion letter after "%", skipping the flags and modifiers that glibc formats

@@ -1,5 +1,6 @@
 // Local time and the user's time and date conventions (LC_TIME of the environment).
 #pragma once
+#include <cstdint>
 
 namespace zol {
 
@@ -14,6 +15,10 @@ struct LocalTime {
 };
 
 LocalTime localTimeNow();
+
+// Milliseconds of a clock that only ever moves forward: the time since the machine
+// started, as the system counts it.
+uint64_t monotonicMilliseconds();
 
 enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
 

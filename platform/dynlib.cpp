@@ -61,6 +61,17 @@ void closeLibrary(LibraryHandle lib) {
     if (lib) dlclose(lib);
 }
 
+int64_t callLibraryFunction(void* fn, const intptr_t* words, size_t n) {
+    using Word = intptr_t;
+    using Fn = Word (*)(Word, Word, Word, Word, Word, Word, Word, Word, Word, Word, Word, Word);
+    static_assert(kMaxLibraryCallWords == 12, "Fn takes kMaxLibraryCallWords words");
+    if (!fn) return 0;
+    Word w[kMaxLibraryCallWords] = {};
+    for (size_t k = 0; k < n && k < kMaxLibraryCallWords; ++k) w[k] = words[k];
+    const Fn f = reinterpret_cast<Fn>(fn);
+    return static_cast<int64_t>(f(w[0], w[1], w[2], w[3], w[4], w[5], w[6], w[7], w[8], w[9], w[10], w[11]));
+}
+
 LibraryHandle programLibrary() {
     static void* self = dlopen(nullptr, RTLD_NOW);
     return self;

@@ -6,6 +6,9 @@
 
 namespace zol {
 
+// The home's folder of plug-in modules and of the libraries scripts call.
+constexpr const char* kPlugInsFolder = "PlugIns";
+
 // Where the home would be: homeArg (from --home) when given, else $ZOLDER_HOME, else
 // $XDG_CONFIG_HOME/zolder, else ~/.config/zolder. Absolute, ending in "/". Pure lookup.
 std::string resolveHomeDir(std::string_view homeArg);

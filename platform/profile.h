@@ -17,6 +17,10 @@
 
 namespace zol {
 
+// The file of the profile calls that name none (a script's GetProfileString and
+// WriteProfileString): a bare name, so it lives in the home folder.
+constexpr const char* kWinIniFile = "win.ini";
+
 // "No buffer limit" for the string readers.
 constexpr size_t kProfileNoLimit = SIZE_MAX;
 

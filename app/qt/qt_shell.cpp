@@ -16,6 +16,8 @@
 #include "app/qt/dialogs/find_dialog.h"
 #include "app/qt/dialogs/goto_dialog.h"
 #include "app/qt/dialogs/macro_dialogs.h"
+#include "platform/fileinfo.h"
+#include "platform/process.h"
 
 namespace zol {
 namespace {
@@ -23,6 +25,52 @@ namespace {
 QString title() { return QString::fromLatin1(qtmsg::kAppTitle); }
 
 QString orTitle(std::string_view t) { return t.empty() ? title() : fromAnsi(t); }
+
+struct BoxButtonPair {
+    BoxButton button;
+    QMessageBox::StandardButton qt;
+};
+constexpr BoxButtonPair kBoxButtons[] = {
+    {BoxButton::Ok, QMessageBox::Ok},         {BoxButton::Cancel, QMessageBox::Cancel},
+    {BoxButton::Abort, QMessageBox::Abort},   {BoxButton::Retry, QMessageBox::Retry},
+    {BoxButton::Ignore, QMessageBox::Ignore}, {BoxButton::Yes, QMessageBox::Yes},
+    {BoxButton::No, QMessageBox::No},
+};
+
+struct BoxIconPair {
+    BoxIcon icon;
+    QMessageBox::Icon qt;
+};
+constexpr BoxIconPair kBoxIcons[] = {
+    {BoxIcon::None, QMessageBox::NoIcon},         {BoxIcon::Error, QMessageBox::Critical},
+    {BoxIcon::Question, QMessageBox::Question},   {BoxIcon::Warning, QMessageBox::Warning},
+    {BoxIcon::Information, QMessageBox::Information},
+};
+
+QMessageBox::StandardButton qtButton(BoxButton b) {
+    for (const BoxButtonPair& p : kBoxButtons)
+        if (p.button == b) return p.qt;
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon qtIcon(BoxIcon i) {
+    for (const BoxIconPair& p : kBoxIcons)
+        if (p.icon == i) return p.qt;
+    return QMessageBox::NoIcon;
+}
+
+// A class name as scripts give it: without the namespace, in any letter case.
+bool sameClass(const QWidget* w, std::string_view name) {
+    QString cls = QString::fromLatin1(w->metaObject()->className());
+    cls = cls.mid(cls.lastIndexOf(QLatin1Char(':')) + 1);
+    return cls.compare(fromAnsi(name), Qt::CaseInsensitive) == 0;
+}
+
+bool sameTitle(const QWidget* w, std::string_view title) {
+    QString t = w->windowTitle();
+    t.remove(QStringLiteral("[*]"));
+    return t.compare(fromAnsi(title), Qt::CaseInsensitive) == 0;
+}
 
 }  // namespace
 
@@ -163,5 +211,44 @@ bool QtShell::askNumber(std::string_view prompt, int& value) {
 }
 
 bool QtShell::openFile(const std::string& path) { return frame_->openFile(path) != nullptr; }
+
+BoxButton QtShell::messageBox(const MessageBoxRequest& req) {
+    const BoxButtonSet& set = boxButtonSet(req.buttons);
+    QMessageBox box(qtIcon(req.icon), orTitle(req.caption), fromAnsi(req.text), QMessageBox::NoButton, frame_);
+    for (size_t k = 0; k < set.count; ++k) box.addButton(qtButton(set.shown[k]));
+    box.setDefaultButton(qtButton(set.shown[req.defaultButton < set.count ? req.defaultButton : 0]));
+    const int chosen = box.exec();
+    for (size_t k = 0; k < set.count; ++k)
+        if (qtButton(set.shown[k]) == chosen) return set.shown[k];
+    return set.asked[2];  // closed without a button: the safe answer
+}
+
+void QtShell::beep() { QApplication::beep(); }
+
+void QtShell::busyCursor(bool on) {
+    if (on == busy_) return;
+    busy_ = on;
+    if (on) QApplication::setOverrideCursor(Qt::WaitCursor);
+    else QApplication::restoreOverrideCursor();
+}
+
+uint32_t QtShell::findWindow(std::optional<std::string_view> className, std::optional<std::string_view> t) {
+    auto matches = [&](const QWidget* w) {
+        return (!className || sameClass(w, *className)) && (!t || sameTitle(w, *t));
+    };
+    if (matches(frame_)) return kMainWindowToken;
+    uint32_t token = kMainWindowToken;
+    for (const QWidget* w : QApplication::topLevelWidgets()) {
+        if (w == frame_ || !w->isVisible()) continue;
+        ++token;
+        if (matches(w)) return token;
+    }
+    return 0;
+}
+
+bool QtShell::openHelp(const std::string& path) {
+    if (path.find("://") == std::string::npos && !fileExists(path)) return false;
+    return openWithDesktop(path) == StartResult::Started;
+}
 
 }  // namespace zol

@@ -41,9 +41,15 @@ public:
     FindDialogResult findDialog(FindDialogData& data, bool replace) override;
     bool askNumber(std::string_view prompt, int& value) override;
     bool openFile(const std::string& path) override;
+    BoxButton messageBox(const MessageBoxRequest& box) override;
+    void beep() override;
+    void busyCursor(bool on) override;
+    uint32_t findWindow(std::optional<std::string_view> className, std::optional<std::string_view> title) override;
+    bool openHelp(const std::string& path) override;
 
 private:
     TMainFrame* frame_;
+    bool busy_ = false;
 };
 
 // Texts between the engine (Windows-1252 bytes) and Qt.

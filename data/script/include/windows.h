@@ -33,6 +33,10 @@ typedef void *HDOC;
 #define MB_ICONERROR MB_ICONHAND
 #define MB_ICONWARNING MB_ICONEXCLAMATION
 #define MB_ICONINFORMATION MB_ICONASTERISK
+#define MB_ICONSTOP MB_ICONHAND
+#define MB_DEFBUTTON1 0x0000
+#define MB_DEFBUTTON2 0x0100
+#define MB_DEFBUTTON3 0x0200
 #define IDOK 1
 #define IDCANCEL 2
 #define IDABORT 3
@@ -40,6 +44,26 @@ typedef void *HDOC;
 #define IDIGNORE 5
 #define IDYES 6
 #define IDNO 7
+#define SW_HIDE 0
+#define SW_SHOWNORMAL 1
+#define SW_NORMAL 1
+#define SW_SHOWMINIMIZED 2
+#define SW_SHOWMAXIMIZED 3
+#define SW_SHOW 5
+#define SW_MINIMIZE 6
+/* What WinExec and ShellExecute answer when the start failed; above 31 means it ran. */
+#define ERROR_FILE_NOT_FOUND 2
+#define ERROR_PATH_NOT_FOUND 3
+#define ERROR_BAD_FORMAT 11
+#define SE_ERR_FNF 2
+#define SE_ERR_PNF 3
+#define SE_ERR_ACCESSDENIED 5
+#define SE_ERR_OOM 8
+#define SE_ERR_NOASSOC 31
+#define HELP_CONTEXT 0x0001
+#define HELP_QUIT 0x0002
+#define HELP_INDEX 0x0003
+#define HELP_CONTENTS 0x0003
 /* Built-in functions: generated from script/builtins.def */
 UINT GetSystemDirectory(LPSTR buffer, UINT size);
 UINT GetWindowsDirectory(LPSTR buffer, UINT size);
