@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -20,6 +21,7 @@
 #include "platform/profile.h"
 #include "qt_fixture.h"
 #include "syntax/messages.h"
+#include "syntax/edit_copy.h"
 #include "syntax/scanner.h"
 #include "tests/support/files.h"
 
@@ -84,7 +86,8 @@ TEST_F(SyntaxDialogTest, ANewLanguageColoursOpenAndNewDocuments) {
                 type(def, "FilePattern", "*.zz");
                 type(def, "Words", "a-zA-Z");
                 type(def, "newKeyword", "zap  zip");
-                click(def, "addKeyword");
+                QTest::keyClick(child<QLineEdit>(def, "newKeyword"), Qt::Key_Return);  // adds; the dialog stays
+                EXPECT_TRUE(def->isVisible());
                 pair(def, "MultiComment", "{", "}");
                 type(def, "LineComment1", "--");
                 colour(def, "ColorKeyword", 13);
@@ -268,6 +271,26 @@ TEST_F(SyntaxDialogTest, AFileThatCannotBeWrittenStaysWholeAndIsNamed) {
     EXPECT_EQ(boxTexts_, std::vector<std::string>{filemsg::withFileName(text, path())});
     EXPECT_EQ(hgl(), original);
     EXPECT_EQ(definitionAt(syntaxTable(), 1)->name, "A");
+}
+
+// The picture in docs/images/syntax_dialog.png comes from BUILD/screenshots/.
+TEST(SyntaxDialogPicture, ThePreviewPaintsInThePalettesColours) {
+    dlgtest::ensureApp();
+    const std::vector<SyntaxEditLanguage> shipped = readEditCopy(std::string(ZOLDER_SOURCE_DIR) + "/data/syntax.hgl");
+    ASSERT_EQ(shipped.front().colour[kColKeyword], 10);
+    TSyntaxHighlightDefineLangDlg dlg(nullptr, shipped.front());
+    dlg.findChild<QTabWidget*>()->setCurrentIndex(static_cast<int>(dlgmsg::DefinePage::Colours));
+    dlg.adjustSize();
+    dlg.show();
+    QApplication::processEvents();
+    const std::filesystem::path out = std::filesystem::path(ZOLDER_BUILD_DIR) / "screenshots";
+    std::filesystem::create_directories(out);
+    EXPECT_TRUE(dlg.grab().save(QString::fromStdString((out / "syntax_dialog.png").string())));
+    const QImage preview = child<TSyntaxPreview>(&dlg, "preview")->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    int keywordPixels = 0;
+    for (int y = 0; y < preview.height(); ++y)
+        for (int x = 0; x < preview.width(); ++x) keywordPixels += preview.pixel(x, y) == qRgb(0, 0, 255);
+    EXPECT_GT(keywordPixels, 20);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -29,7 +30,9 @@ using dlgmsg::DefineField;
 using dlgmsg::DefinePage;
 
 constexpr int kPreviewLines = 8;
-constexpr int kCharBoxChars = 3;
+constexpr int kCharBoxChars = 8;  // room for one character and the frame
+constexpr int kNumberBoxChars = 12;
+constexpr int kDialogWidth = 600;
 
 // What each side of a pair keeps: a comment opener or closer has kMultiCommentMax
 // characters, brackets share the value's buffer with the blank between them.
@@ -117,12 +120,23 @@ TSyntaxHighlightDefineLangDlg::TSyntaxHighlightDefineLangDlg(QWidget* parent, co
     layout->addWidget(tabs_);
     layout->addWidget(previewBox);
     layout->addWidget(buttons);
+    setMinimumWidth(kDialogWidth);
 
 #define ZOL_HGL_SHOW(id, key, kind, def, buffer, field) show##kind(HglKey::id, lang.field);
     ZOL_HGL_KEYS(ZOL_HGL_SHOW)
 #undef ZOL_HGL_SHOW
     preview_ = preview;
     refreshPreview();
+    control<QLineEdit>(HglKey::FilePattern)->setFocus();
+}
+
+// Enter in the keyword box adds what it holds, and only that: the dialog stays.
+bool TSyntaxHighlightDefineLangDlg::eventFilter(QObject* watched, QEvent* e) {
+    if (watched != newKeyword_ || e->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, e);
+    const int key = static_cast<QKeyEvent*>(e)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    addKeywords();
+    return true;
 }
 
 QWidget* TSyntaxHighlightDefineLangDlg::page(DefinePage which) {
@@ -152,6 +166,7 @@ void TSyntaxHighlightDefineLangDlg::addControl(QWidget* page, QLayout* layout, c
         s->setObjectName(info.key);
         s->setRange(0, numberMaximum(f.key));
         s->setSpecialValueText(QString::fromLatin1(dlgmsg::kNoLimit));
+        s->setMaximumWidth(s->fontMetrics().averageCharWidth() * kNumberBoxChars);
         connect(s, &QSpinBox::valueChanged, this, changed);
         form->addRow(label, s);
         return;
@@ -172,7 +187,7 @@ void TSyntaxHighlightDefineLangDlg::addControl(QWidget* page, QLayout* layout, c
     default: {
         const bool one = info.kind == HglKind::Char;
         QLineEdit* e = lineEdit(page, info.key, one ? 1 : static_cast<int>(info.buffer) - 1, f.example);
-        if (one) e->setMaximumWidth(e->fontMetrics().averageCharWidth() * kCharBoxChars * 3);
+        if (one) e->setMaximumWidth(e->fontMetrics().averageCharWidth() * kCharBoxChars);
         connect(e, &QLineEdit::textChanged, this, changed);
         form->addRow(label, e);
         return;
@@ -195,7 +210,7 @@ QWidget* TSyntaxHighlightDefineLangDlg::keywordsPage() {
     auto* remove = new QPushButton(QString::fromLatin1(dlgmsg::kKeywordRemove), w);
     remove->setObjectName("removeKeyword");
     connect(add, &QPushButton::clicked, this, &TSyntaxHighlightDefineLangDlg::addKeywords);
-    connect(newKeyword_, &QLineEdit::returnPressed, this, &TSyntaxHighlightDefineLangDlg::addKeywords);
+    newKeyword_->installEventFilter(this);
     connect(remove, &QPushButton::clicked, this, &TSyntaxHighlightDefineLangDlg::removeKeywords);
     auto* label = new QLabel(QString::fromLatin1(f.label), w);
     label->setBuddy(newKeyword_);

@@ -23,6 +23,9 @@ public:
     // lang takes the controls' values when the user pressed OK.
     static bool run(QWidget* parent, SyntaxEditLanguage& lang);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* e) override;
+
     // Each key's control carries the key as its object name; a pair's two boxes are the
     // children "open" and "close" of its control.
 private:

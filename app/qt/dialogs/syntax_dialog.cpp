@@ -26,6 +26,7 @@ namespace zol {
 namespace {
 
 constexpr int kNameColumnWidth = 160;
+constexpr int kListWidth = 480, kListHeight = 320;
 
 QPushButton* button(QWidget* parent, const char* name, const char* text) {
     auto* b = new QPushButton(QString::fromLatin1(text), parent);
@@ -46,6 +47,7 @@ TSyntaxHighlightDlg::TSyntaxHighlightDlg(QWidget* parent, const std::string& pat
     list_->setRootIsDecorated(false);
     list_->setHeaderLabels(QString::fromLatin1(dlgmsg::kSyntaxColumns).split('\t'));
     list_->header()->resizeSection(0, kNameColumnWidth);
+    list_->setMinimumSize(kListWidth, kListHeight);
     auto* add = button(this, "add", dlgmsg::kSyntaxAdd);
     remove_ = button(this, "remove", dlgmsg::kSyntaxRemove);
     define_ = button(this, "define", dlgmsg::kSyntaxDefine);

@@ -108,8 +108,8 @@ QString sampleText(const SyntaxHighlight& d) {
     if (d.preprocessChar) lines.push_back(d.preprocessChar + std::string(dlgmsg::kSampleDirective));
     if (d.multiOpen[0])
         lines.push_back(chars(d.multiOpen, kMultiCommentMax) + " " + comment + " " + chars(d.multiClose, kMultiCommentMax));
-    std::string code = someKeywords(d);
-    code += (code.empty() ? "" : " ") + std::string(dlgmsg::kSampleCode);
+    if (const std::string keywords = someKeywords(d); !keywords.empty()) lines.push_back(keywords);
+    std::string code = dlgmsg::kSampleCode;
     if (d.lineComment1[0]) code += " " + std::string(d.lineComment1) + " " + comment;
     lines.push_back(code);
     if (d.stringDelim || d.charDelim) {
