@@ -229,6 +229,7 @@ inline constexpr const char* kPaletteNames[] = {"Default", "Black",  "Navy", "Gr
 inline constexpr char kSampleComment[] = "A comment";
 inline constexpr char kSampleDirective[] = "define SIZE 80";
 inline constexpr char kSampleCode[] = "total = (count + 42) * 3;";
+inline constexpr char kSampleStringName[] = "s = ";
 inline constexpr char kSampleString[] = "Hello, world";
 inline constexpr char kSampleTag[] = "b";
 

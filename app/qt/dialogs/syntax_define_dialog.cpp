@@ -62,6 +62,8 @@ constexpr bool everyKeyHasAControl() {
     return true;
 }
 static_assert(everyKeyHasAControl());
+static_assert(std::size(dlgmsg::kDefinePageTitles) == static_cast<size_t>(DefinePage::Colours) + 1,
+              "a title for every page");
 
 const DefineField& fieldOf(HglKey k) {
     return *std::find_if(std::begin(dlgmsg::kDefineFields), std::end(dlgmsg::kDefineFields),

@@ -114,7 +114,7 @@ QString sampleText(const SyntaxHighlight& d) {
     lines.push_back(code);
     if (d.stringDelim || d.charDelim) {
         const char q = d.stringDelim ? d.stringDelim : d.charDelim;
-        std::string s = "s = " + std::string(1, q) + dlgmsg::kSampleString;
+        std::string s = dlgmsg::kSampleStringName + std::string(1, q) + dlgmsg::kSampleString;
         if (d.quoteChar) s += std::string(1, d.quoteChar) + q;
         lines.push_back(s + q);
     }
