@@ -150,8 +150,7 @@ QWidget* TSyntaxHighlightDefineLangDlg::page(DefinePage which) {
     return w;
 }
 
-void TSyntaxHighlightDefineLangDlg::addControl(QWidget* page, QLayout* layout, const DefineField& f) {
-    auto* form = static_cast<QFormLayout*>(layout);
+void TSyntaxHighlightDefineLangDlg::addControl(QWidget* page, QFormLayout* form, const DefineField& f) {
     const HglKeyInfo& info = hglKey(f.key);
     const QString label = QString::fromLatin1(f.label);
     auto changed = [this] { refreshPreview(); };
@@ -200,7 +199,9 @@ void TSyntaxHighlightDefineLangDlg::addControl(QWidget* page, QLayout* layout, c
 QWidget* TSyntaxHighlightDefineLangDlg::keywordsPage() {
     const DefineField& f = fieldOf(HglKey::Keyword);
     auto* w = new QWidget(this);
-    newKeyword_ = lineEdit(w, "newKeyword", std::numeric_limits<int16_t>::max(), f.example);
+    newKeyword_ = new QLineEdit(w);
+    newKeyword_->setObjectName("newKeyword");
+    newKeyword_->setPlaceholderText(QString::fromLatin1(f.example));
     auto* add = new QPushButton(QString::fromLatin1(dlgmsg::kKeywordAdd), w);
     add->setObjectName("addKeyword");
     keywords_ = new QListWidget(w);

@@ -8,6 +8,7 @@
 #include "app/qt/dialogs/messages.h"
 #include "syntax/edit_copy.h"
 
+class QFormLayout;
 class QLineEdit;
 class QListWidget;
 class QTabWidget;
@@ -31,7 +32,7 @@ protected:
 private:
     QWidget* page(dlgmsg::DefinePage which);
     QWidget* keywordsPage();
-    void addControl(QWidget* page, QLayout* layout, const dlgmsg::DefineField& field);
+    void addControl(QWidget* page, QFormLayout* form, const dlgmsg::DefineField& field);
     void refreshPreview();
     void finish();
 
