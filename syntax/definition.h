@@ -11,6 +11,8 @@ namespace zol {
 // pattern keeps at most kPatternSize - 1 characters
 constexpr size_t kPatternSize = hglKey(HglKey::FilePattern).buffer;
 constexpr int kMaxKeywordLen = 28;  // keyword lists exist for lengths 1..28
+constexpr int kMultiCommentMax = 2;  // characters of a multi-line comment opener or closer
+constexpr int kMaxCobolCommentPos = 999;  // a column beyond it turns the COBOL comment column off
 // characters of a line-comment introducer
 constexpr int kLineCommentMax = static_cast<int>(hglKey(HglKey::LineComment1).buffer) - 1;
 constexpr int kColourSlots = kHglColourKeys;
@@ -58,10 +60,10 @@ struct SyntaxHighlight {
     char stringDelim = 0;         // 0 = none
     char charDelim = 0;
     uint16_t flags = 0;           // kIgnoreCase ...
-    int16_t cobolCommentPos = 0;  // 0..999, 0 = off
+    int16_t cobolCommentPos = 0;  // 0..kMaxCobolCommentPos, 0 = off
     char cobolCommentChar = 0;
-    char multiOpen[2] = {0, 0};   // second may be 0; first 0 = no multi-line comments
-    char multiClose[2] = {0, 0};
+    char multiOpen[kMultiCommentMax] = {};   // second may be 0; first 0 = no multi-line comments
+    char multiClose[kMultiCommentMax] = {};
     char lineComment1[kLineCommentMax + 1] = {};  // NUL-terminated, empty = none
     char lineComment2[kLineCommentMax + 1] = {};
     char firstComment = 0;

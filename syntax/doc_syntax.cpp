@@ -1,5 +1,6 @@
 #include "syntax/doc_syntax.h"
 
+#include "engine/document_list.h"
 #include "engine/edit.h"
 #include "engine/shell.h"
 #include "syntax/scanner.h"
@@ -50,6 +51,15 @@ void followFileName(Document& doc, bool textReplaced) {
         return;
     }
     setDocumentSyntax(doc, slot);
+}
+
+void followReloadedDefinitions() {
+    const DocumentList* list = documentList();
+    if (!list) return;
+    for (size_t i = 0; Document* doc = list->at(i); ++i) {
+        followFileName(*doc, true);
+        if (doc->view) doc->view->redraw();
+    }
 }
 
 namespace {

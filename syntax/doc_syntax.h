@@ -18,6 +18,9 @@ void setDocumentSyntax(Document& doc, int slot);
 // The definition matching the document's file name. textReplaced says the lines were
 // replaced wholesale, so the bits must be computed even when the slot stays.
 void followFileName(Document& doc, bool textReplaced);
+// After the table was loaded again: every open document takes its definition anew from
+// its file name, recomputes its bits and is redrawn, even when its slot stays.
+void followReloadedDefinitions();
 // Keeps the bits current after every edit; installing twice is harmless.
 void installCommentStateTracking();
 

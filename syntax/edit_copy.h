@@ -34,11 +34,17 @@ std::vector<SyntaxEditLanguage> readEditCopy(const std::string& path);
 // table from the file. False (the table untouched) when the file could not be written.
 bool saveDefinitions(SyntaxHighlightTable& table, const std::string& path, const std::vector<SyntaxEditLanguage>& langs);
 
+// The definition the language loads as once saved: written and read back by the same
+// rules as the file, without touching it.
+SyntaxHighlight definitionOf(const SyntaxEditLanguage& lang);
+
 // Adds a keyword to its length group; tells the user and refuses when the group is full
 // (or the word is empty or longer than kMaxKeywordLen).
 bool addKeyword(SyntaxEditLanguage& lang, std::string_view word);
 // Adds an empty language; tells the user and refuses when the name is taken (without
 // regard to case) or every slot is used.
 bool addLanguage(std::vector<SyntaxEditLanguage>& langs, std::string_view name);
+// Whether one more language fits; tells the user when every slot is used.
+bool roomForLanguage(const std::vector<SyntaxEditLanguage>& langs);
 
 }  // namespace zol

@@ -12,6 +12,7 @@ namespace zol {
 
 enum class HglKind : uint8_t {
     Text,         // as it stands
+    Pair,         // two words, openers and closers ("/* */"); as it stands
     Extensions,   // read only when "FilePattern" is empty, never written
     YesNo,        // true only for "yes" or "1"; written "yes" or "No"
     Number,       // 16-bit; written "%hd"
@@ -41,10 +42,10 @@ enum class HglKind : uint8_t {
     KEY(CharDelim,        "CharDelim",        Char,        0, 0,   charDelim)               \
     KEY(QuoteChar,        "QuoteChar",        Char,        0, 0,   quoteChar)               \
     KEY(Preprocess,       "Preprocess",       Char,        0, 0,   preprocess)              \
-    KEY(MultiComment,     "MultiComment",     Text,        0, 8,   multiComment)            \
+    KEY(MultiComment,     "MultiComment",     Pair,        0, 8,   multiComment)            \
     KEY(LineComment1,     "LineComment1",     LineComment, 0, 5,   lineComment1)            \
     KEY(LineComment2,     "LineComment2",     LineComment, 0, 5,   lineComment2)            \
-    KEY(OpenCloseDelim,   "OpenCloseDelim",   Text,        0, 24,  openCloseDelim)          \
+    KEY(OpenCloseDelim,   "OpenCloseDelim",   Pair,        0, 24,  openCloseDelim)          \
     KEY(Delimiters,       "Delimiters",       Text,        0, 24,  delimiters)              \
     KEY(Operators,        "Operators",        Text,        0, 24,  operators)               \
     KEY(Words,            "Words",            Text,        0, 24,  words)                   \

@@ -75,21 +75,9 @@ public:
         std::string data;
         char buf[65536];
         while (in.read(buf, sizeof buf) || in.gcount() > 0) data.append(buf, static_cast<size_t>(in.gcount()));
-        const ProfileDoc doc = parseProfile(data);
-        Keys* keys = nullptr;
-        for (const ProfileLine& line : doc.lines) {
-            if (line.kind == ProfileLineKind::Section) {
-                sections_.emplace_back(line.name());
-                auto [it, fresh] = index_.try_emplace(lowerCopy(line.name()));
-                keys = fresh ? &it->second : nullptr;
-            } else if (line.kind == ProfileLineKind::Key && keys) {
-                std::string value;
-                if (line.valueAt != std::string::npos)
-                    value = unquoteProfileValue(std::string_view(line.text).substr(line.valueAt));
-                keys->try_emplace(lowerCopy(line.name()), std::move(value));
-            }
-        }
+        add(parseProfile(data));
     }
+    explicit HglIndex(const ProfileDoc& doc) { add(doc); }
     // Section names in file order, each once.
     std::vector<std::string> sectionNames() const {
         std::vector<std::string> out;
@@ -105,6 +93,21 @@ public:
 
 private:
     using Keys = std::unordered_map<std::string, std::string>;
+    void add(const ProfileDoc& doc) {
+        Keys* keys = nullptr;
+        for (const ProfileLine& line : doc.lines) {
+            if (line.kind == ProfileLineKind::Section) {
+                sections_.emplace_back(line.name());
+                auto [it, fresh] = index_.try_emplace(lowerCopy(line.name()));
+                keys = fresh ? &it->second : nullptr;
+            } else if (line.kind == ProfileLineKind::Key && keys) {
+                std::string value;
+                if (line.valueAt != std::string::npos)
+                    value = unquoteProfileValue(std::string_view(line.text).substr(line.valueAt));
+                keys->try_emplace(lowerCopy(line.name()), std::move(value));
+            }
+        }
+    }
     static std::string lowerCopy(std::string_view s) {
         std::string out(s);
         for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
@@ -183,7 +186,7 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
     if (in.boolean(HglKey::UnixTexKeywords)) d.flags |= kUnixTexKeywords;
     if (in.boolean(HglKey::FortranComment)) d.flags |= kFortranComments;
     d.cobolCommentPos = static_cast<int16_t>(in.integer(HglKey::CobolCommentPos));
-    if (d.cobolCommentPos < 0 || d.cobolCommentPos > 999) d.cobolCommentPos = 0;
+    if (d.cobolCommentPos < 0 || d.cobolCommentPos > kMaxCobolCommentPos) d.cobolCommentPos = 0;
     d.cobolCommentChar = in.ch(HglKey::CobolCommentChar);
     d.firstComment = in.ch(HglKey::FirstComment);
 
@@ -192,7 +195,7 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
         if (v.size() > kPairValueChars) v.resize(kPairValueChars);
         std::vector<std::string_view> w = words(v);
         if (w.size() >= 2) {
-            for (int k = 0; k < 2; ++k) {
+            for (int k = 0; k < kMultiCommentMax; ++k) {
                 d.multiOpen[k] = k < static_cast<int>(w[0].size()) ? w[0][k] : 0;
                 d.multiClose[k] = k < static_cast<int>(w[1].size()) ? w[1][k] : 0;
             }
@@ -207,7 +210,7 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
     if (d.maxLineLen < 0) d.maxLineLen = 0;
     // The upper bound checked here has always been the COBOL column's, so "MaxLineLen"
     // keeps any positive value.
-    if (d.cobolCommentPos > 999) d.cobolCommentPos = 0;
+    if (d.cobolCommentPos > kMaxCobolCommentPos) d.cobolCommentPos = 0;
 
     d.stringDelim = in.ch(HglKey::StringDelim);
     if (d.stringDelim) d.charClass[static_cast<unsigned char>(d.stringDelim)] |= kClsString;
@@ -263,6 +266,10 @@ SyntaxHighlight definitionFrom(const HglIndex& index, std::string_view section) 
 
 SyntaxHighlight loadDefinition(std::string_view section, const std::string& path) {
     return definitionFrom(HglIndex(path), section);
+}
+
+SyntaxHighlight loadDefinition(std::string_view section, const ProfileDoc& file) {
+    return definitionFrom(HglIndex(file), section);
 }
 
 int loadDefinitions(SyntaxHighlightTable& table, const std::string& path) {

@@ -1,7 +1,9 @@
 #include <cstdio>
+#include <functional>
 
 #include "engine/shell.h"
 #include "platform/profile.h"
+#include "platform/profile_doc.h"
 #include "syntax/edit_copy.h"
 #include "syntax/messages.h"
 
@@ -11,13 +13,18 @@ namespace {
 constexpr unsigned char kHardSpace = 0xA0;
 constexpr int kKeywordKeysAlwaysWritten = 16;  // longer lists are written only when not empty
 
+// Where the keys of one section go: the file, or a copy of it held in memory. A null
+// value deletes the key.
+using KeySink = std::function<void(const std::string& key, const std::string* value)>;
+
 // Writes one language's keys in the order of the key list, each in the form its kind
 // takes in the file.
 class SectionWriter {
 public:
-    SectionWriter(const std::string& section, const std::string& path) : section_(section), path_(path) {}
+    explicit SectionWriter(KeySink sink) : sink_(std::move(sink)) {}
 
     void putText(HglKey k, const std::string& v) const { put(k, v); }
+    void putPair(HglKey k, const std::string& v) const { put(k, v); }
     void putExtensions(HglKey, const std::string&) const {}
     void putYesNo(HglKey k, bool v) const { put(k, v ? "yes" : "No"); }
     void putNumber(HglKey k, int16_t v) const { put(k, std::to_string(v)); }
@@ -29,18 +36,21 @@ public:
     }
     void putKeywords(HglKey, const std::array<std::string, kMaxKeywordLen + 1>& lists) const {
         for (int n = 1; n <= kMaxKeywordLen; ++n) {
-            if (n <= kKeywordKeysAlwaysWritten || !lists[n].empty())
-                writeProfileString(section_, keywordKey(n), lists[n], path_);
-            else
-                writeProfileString(section_, keywordKey(n), nullptr, path_);
+            const bool keep = n <= kKeywordKeysAlwaysWritten || !lists[n].empty();
+            sink_(keywordKey(n), keep ? &lists[n] : nullptr);
         }
     }
     void putColour(HglKey k, int v) const { put(k, std::to_string(v)); }
 
+    void putAll(const SyntaxEditLanguage& e) const {
+#define ZOL_HGL_PUT(id, key, kind, def, buffer, field) put##kind(HglKey::id, e.field);
+        ZOL_HGL_KEYS(ZOL_HGL_PUT)
+#undef ZOL_HGL_PUT
+    }
+
 private:
-    void put(HglKey k, const std::string& v) const { writeProfileString(section_, hglKey(k).key, v, path_); }
-    const std::string& section_;
-    const std::string& path_;
+    void put(HglKey k, const std::string& v) const { sink_(hglKey(k).key, &v); }
+    KeySink sink_;
 };
 
 std::string cut(std::string s, size_t bufferSize) {
@@ -109,16 +119,30 @@ bool saveDefinitions(SyntaxHighlightTable& table, const std::string& path, const
         ProfileBatch batch(path);
         for (const std::string& s : getProfileSectionNames(path)) writeProfileString(s, nullptr, nullptr, path);
         for (const SyntaxEditLanguage& e : langs) {
-            const SectionWriter out(e.name, path);
-#define ZOL_HGL_PUT(id, key, kind, def, buffer, field) out.put##kind(HglKey::id, e.field);
-            ZOL_HGL_KEYS(ZOL_HGL_PUT)
-#undef ZOL_HGL_PUT
+            SectionWriter([&](const std::string& key, const std::string* value) {
+                writeProfileString(e.name, key, value ? NullableText(*value) : NullableText(nullptr), path);
+            }).putAll(e);
         }
         if (!batch.commit()) return false;
     }
     flushProfileCache();
     loadDefinitions(table, path);
     return true;
+}
+
+SyntaxHighlight definitionOf(const SyntaxEditLanguage& lang) {
+    ProfileDoc file;
+    SectionWriter([&](const std::string& key, const std::string* value) {
+        if (value) profileSet(file, lang.name, key, *value);
+        else profileDeleteKey(file, lang.name, key);
+    }).putAll(lang);
+    return loadDefinition(lang.name, file);
+}
+
+bool roomForLanguage(const std::vector<SyntaxEditLanguage>& langs) {
+    if (langs.size() < static_cast<size_t>(kSyntaxSlots)) return true;
+    shell().message(syntaxmsg::kTooManyLanguages);
+    return false;
 }
 
 bool addKeyword(SyntaxEditLanguage& lang, std::string_view word) {
@@ -139,10 +163,7 @@ bool addLanguage(std::vector<SyntaxEditLanguage>& langs, std::string_view name) 
             return false;
         }
     }
-    if (langs.size() >= static_cast<size_t>(kSyntaxSlots)) {
-        shell().message(syntaxmsg::kTooManyLanguages);
-        return false;
-    }
+    if (!roomForLanguage(langs)) return false;
     SyntaxEditLanguage e;
     e.name = cut(std::string(name), kEditNameSize);
     langs.push_back(std::move(e));

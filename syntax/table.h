@@ -12,7 +12,11 @@
 
 namespace zol {
 
+struct ProfileDoc;
+
 constexpr int kSyntaxSlots = 20;  // sections after the twentieth are not loaded
+// The definitions' file, in the home folder.
+constexpr const char* kSyntaxFile = "syntax.hgl";
 
 struct SyntaxHighlightTable {
     // slots[i] is slot i + 1; null when empty. Filled from the front when loaded.
@@ -30,6 +34,8 @@ const SyntaxHighlight* definitionAt(const SyntaxHighlightTable& table, int slot)
 int loadDefinitions(SyntaxHighlightTable& table, const std::string& path);
 // One section into a definition, with every correction of bad values applied.
 SyntaxHighlight loadDefinition(std::string_view section, const std::string& path);
+// The same from a file held in memory.
+SyntaxHighlight loadDefinition(std::string_view section, const ProfileDoc& file);
 
 // Slot 1..20 whose pattern matches the file name (its part after the last "/" or
 // "\"), the earliest one winning; 0 when none does.

@@ -14,6 +14,7 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "app/qt/dialogs/convert_dialogs.h"
 #include "app/qt/editor_view.h"
 #include "app/qt/main_frame_util.h"
 #include "app/qt/messages.h"
@@ -67,6 +68,7 @@ TMainFrame::TMainFrame(Application& app) : app_(app), shell_(std::make_unique<Qt
         if (s == Qt::ApplicationActive) checkExternalChanges();
     });
     app_.mainWindow = reinterpret_cast<intptr_t>(this);
+    installConvertChooser(this);
 }
 
 TMainFrame::~TMainFrame() {

@@ -143,9 +143,13 @@ TEST(SyntaxSave, LoadSaveLoadKeepsTheShippedTables) {
         flushProfileCache();
         SyntaxHighlightTable before, after;
         ASSERT_EQ(loadDefinitions(before, copy), kSyntaxSlots);
-        ASSERT_TRUE(saveDefinitions(after, copy, readEditCopy(copy)));
-        for (int s = 1; s <= kSyntaxSlots; ++s)
+        const std::vector<SyntaxEditLanguage> langs = readEditCopy(copy);
+        ASSERT_TRUE(saveDefinitions(after, copy, langs));
+        for (int s = 1; s <= kSyntaxSlots; ++s) {
             EXPECT_TRUE(*definitionAt(before, s) == *definitionAt(after, s)) << file << " " << definitionAt(before, s)->name;
+            // What the definition dialog previews is what the file loads.
+            EXPECT_TRUE(definitionOf(langs[s - 1]) == *definitionAt(after, s)) << file << " " << langs[s - 1].name;
+        }
     }
 }
 

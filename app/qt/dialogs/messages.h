@@ -1,6 +1,8 @@
 // Every text the desktop dialogs show the user.
 #pragma once
 
+#include "syntax/hgl_keys.h"
+
 namespace zol::dlgmsg {
 
 // Find and Replace
@@ -182,5 +184,99 @@ inline constexpr char kBookmarkAdd[] = "&Add...";
 inline constexpr char kBookmarkGoTo[] = "&Go To";
 inline constexpr char kBookmarkDelete[] = "&Delete";
 inline constexpr char kBookmarkColumns[] = "Name\tFile\tLine\tColumn";
+
+// Language definitions
+inline constexpr char kSyntaxTitle[] = "Syntax Highlighting";
+inline constexpr char kSyntaxColumns[] = "Language\tFile patterns";
+inline constexpr char kSyntaxOrder[] = "A file is coloured by the first language whose patterns match its name.";
+inline constexpr char kSyntaxAdd[] = "&Add...";
+inline constexpr char kSyntaxRemove[] = "&Remove";
+inline constexpr char kSyntaxDefine[] = "&Define...";
+inline constexpr char kSyntaxUp[] = "Move &Up";
+inline constexpr char kSyntaxDown[] = "Move Do&wn";
+inline constexpr char kAddLangTitle[] = "Add Language";
+inline constexpr char kAddLangName[] = "&Name:";
+inline constexpr char kAddLangCopy[] = "&Copy the definition of:";
+inline constexpr char kAddLangNoCopy[] = "(nothing: start empty)";
+inline constexpr char kDefineLangTitle[] = "Define Language - %1";
+inline constexpr char kPreview[] = "Preview (type your own text to try it)";
+inline constexpr char kPairIncomplete[] = "\"%1\" needs both the opening and the closing characters.";
+inline constexpr char kKeywordAdd[] = "A&dd";
+inline constexpr char kKeywordRemove[] = "Remo&ve";
+inline constexpr char kKeywordTooLong[] = "A keyword has at most %1 characters: \"%2\" is longer.";
+inline constexpr char kKeywordNote[] = "Keywords are made of word characters; type several at once, separated by blanks.";
+inline constexpr char kNoLimit[] = "None";
+
+// The pages of the language definition, in tab order, and the control of every key:
+// its page, its label, and an example shown while it is empty (a pair's two examples
+// are separated by a blank).
+enum class DefinePage { General, Comments, Characters, Columns, Keywords, Colours };
+inline constexpr const char* kDefinePageTitles[] = {"&General",  "Co&mments", "C&haracters",
+                                                    "Col&umns", "&Keywords", "Co&lors"};
+struct DefineField {
+    HglKey key;
+    DefinePage page;
+    const char* label;
+    const char* example;
+};
+inline constexpr DefineField kDefineFields[] = {
+    {HglKey::FilePattern, DefinePage::General, "File &patterns:", "*.c;*.h"},
+    {HglKey::CaseSensitive, DefinePage::General, "&Case sensitive keywords", nullptr},
+    {HglKey::Words, DefinePage::General, "&Word characters:", "a-zA-Z0-9_"},
+    {HglKey::Numbers, DefinePage::General, "&Number characters:", "0-9."},
+    {HglKey::MultiComment, DefinePage::Comments, "&Block comment:", "/* */"},
+    {HglKey::LineComment1, DefinePage::Comments, "L&ine comment:", "//"},
+    {HglKey::LineComment2, DefinePage::Comments, "&Second line comment:", "REM "},
+    {HglKey::FirstComment, DefinePage::Comments, "&Whole-line comment character:", ";"},
+    {HglKey::StringDelim, DefinePage::Characters, "&String delimiter:", "\""},
+    {HglKey::CharDelim, DefinePage::Characters, "Ch&aracter delimiter:", "'"},
+    {HglKey::QuoteChar, DefinePage::Characters, "&Escape character:", "\\"},
+    {HglKey::UnixTexKeywords, DefinePage::Characters, "Escape character starts a ke&yword (TeX)", nullptr},
+    {HglKey::Preprocess, DefinePage::Characters, "&Preprocessor character:", "#"},
+    {HglKey::OpenCloseDelim, DefinePage::Characters, "&Bracket pairs:", "([{ )]}"},
+    {HglKey::Delimiters, DefinePage::Characters, "&Delimiters:", ",;"},
+    {HglKey::Operators, DefinePage::Characters, "&Operators:", "+-*/=<>"},
+    {HglKey::HTML, DefinePage::Characters, "&Tag brackets:", "<>"},
+    {HglKey::LineNumbers, DefinePage::Columns, "Lines start with line &numbers", nullptr},
+    {HglKey::MaxLineLen, DefinePage::Columns, "Comment after &column:", nullptr},
+    {HglKey::FortranComment, DefinePage::Columns, "&Fortran comment lines (a letter or * in column 1)", nullptr},
+    {HglKey::Cobol, DefinePage::Columns, "C&OBOL area A names (from column 8)", nullptr},
+    {HglKey::CobolCommentPos, DefinePage::Columns, "COBOL comment &position:", nullptr},
+    {HglKey::CobolCommentChar, DefinePage::Columns, "COBOL comment cha&racter:", "*"},
+    {HglKey::Keyword, DefinePage::Keywords, "New key&word:", "if else while"},
+    {HglKey::ColorComment, DefinePage::Colours, "Comment", nullptr},
+    {HglKey::ColorPreproc, DefinePage::Colours, "Preprocessor", nullptr},
+    {HglKey::ColorString, DefinePage::Colours, "String", nullptr},
+    {HglKey::ColorNumber, DefinePage::Colours, "Number", nullptr},
+    {HglKey::ColorDelim, DefinePage::Colours, "Delimiter", nullptr},
+    {HglKey::ColorOperator, DefinePage::Colours, "Operator", nullptr},
+    {HglKey::ColorKeyword, DefinePage::Colours, "Keyword", nullptr},
+    {HglKey::ColorText, DefinePage::Colours, "Text", nullptr},
+    {HglKey::ColorBackground, DefinePage::Colours, "Background", nullptr},
+    {HglKey::ColorLineNumbers, DefinePage::Colours, "Line numbers", nullptr},
+};
+// The palette's entries by index; 0 is the view's own colour.
+inline constexpr const char* kPaletteNames[] = {"Default", "Black",  "Navy", "Green", "Teal",   "Maroon",
+                                                "Purple",  "Olive",  "Gray", "Silver", "Blue", "Lime",
+                                                "Aqua",    "Red",    "Fuchsia", "Yellow", "White"};
+// The preview's sample text is made of these, with the language's own comment forms,
+// delimiters and keywords around them.
+inline constexpr char kSampleComment[] = "A comment";
+inline constexpr char kSampleDirective[] = "define SIZE 80";
+inline constexpr char kSampleCode[] = "total = (count + 42) * 3;";
+inline constexpr char kSampleStringName[] = "s = ";
+inline constexpr char kSampleString[] = "Hello, world";
+inline constexpr char kSampleTag[] = "b";
+
+// Code-page conversion
+inline constexpr char kConvertTextTitle[] = "Convert Text";
+inline constexpr char kConvertGroup[] = "Convert Table";
+inline constexpr char kConvertUser[] = "&User defined";
+inline constexpr char kConvertOemToAnsi[] = "&Oem to Ansi";
+inline constexpr char kConvertAnsiToOem[] = "&Ansi to Oem";
+inline constexpr char kConvertSelected[] = "&Selected text only";
+inline constexpr char kConvertTableTitle[] = "Convert Table";
+inline constexpr char kConvertTableList[] = "&Convert Table:";
+inline constexpr char kConvertEditTables[] = "&Edit Tables";
 
 }  // namespace zol::dlgmsg
