@@ -38,7 +38,11 @@ ScriptRunResult runScript(const std::string& path, const std::vector<std::string
     // Ctrl+C in the terminal that started the editor ends the script, not the editor.
     opts.catchInterrupt = true;
     opts.reportError = [](const std::string& report) { shell().scriptError(report); };
-    return runScriptFile(path, argv, opts);
+    const ScriptRunResult result = runScriptFile(path, argv, opts);
+    // A script that asked for the busy cursor and ended without giving it back, by an
+    // error or by forgetting, must not leave the editor looking busy.
+    shell().busyCursor(false);
+    return result;
 }
 
 std::vector<std::string> splitArgumentLine(std::string_view line) {
