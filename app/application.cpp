@@ -25,6 +25,7 @@
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
+#include "plugin/script_bindings.h"
 #include "script/macros.h"
 #include "search/commands.h"
 #include "syntax/commands.h"
@@ -115,6 +116,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     addFileNameListener(&followFileName);
     app.anotherInstance = !acquireInstanceLock();
     setDocumentList(&app.list);
+    registerScriptBindings();
     initPlugIns();
     loadAllPlugIns(app.mainWindow);
     recoverIfAlone(app);
