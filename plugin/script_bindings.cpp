@@ -154,7 +154,8 @@ constexpr BindingRow kBindings[] = {
 #undef ZOL_SCRIPT_OWN
 
 constexpr bool bound(int number) {
-    return std::any_of(std::begin(kBindings), std::end(kBindings), [number](const BindingRow& b) { return b.number == number; });
+    return std::any_of(std::begin(kBindings), std::end(kBindings),
+                       [number](const BindingRow& b) { return b.number == number; });
 }
 
 constexpr bool everyEditorBuiltinIsBoundOnce() {

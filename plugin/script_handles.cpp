@@ -6,31 +6,33 @@
 namespace zol {
 namespace {
 
-// A document's token is its serial number, which no later document reuses; window
-// tokens carry the top bit so that one never passes for a document.
+// A document's token comes from its serial number, which no later document reuses.
+// The serial is spread over 31 bits (times an odd number: one to one) so that the small
+// numbers a script might make up name no document; window tokens carry the top bit so
+// that one never passes for a document.
 constexpr uint32_t kWindowBit = 0x80000000u;
 constexpr uint32_t kMainWindowToken = kWindowBit;
+constexpr uint32_t kSpread = 0x9E3779B1u;
 
-Document* openDocumentWithSerial(uint32_t serial) {
+uint32_t tokenOf(const Document& d) {
+    // Serials past the tokens' range (two thousand million documents on) get none.
+    if (d.serial >= kWindowBit) return 0;
+    return (static_cast<uint32_t>(d.serial) * kSpread) & ~kWindowBit;
+}
+
+Document* openDocumentWithToken(uint32_t token) {
     DocumentList* list = documentList();
-    if (!list || serial == 0) return nullptr;
+    if (!list || token == 0 || (token & kWindowBit)) return nullptr;
     for (size_t i = 0, n = list->count(); i < n; ++i)
-        if (Document* d = list->at(i); d && d->serial == serial) return d;
+        if (Document* d = list->at(i); d && tokenOf(*d) == token) return d;
     return nullptr;
 }
 
 }  // namespace
 
-uint32_t scriptDocToken(HDOC doc) {
-    const auto* d = static_cast<const Document*>(doc);
-    // A serial past the tokens' range (two thousand million documents on) gets no handle.
-    return d && d->serial < kWindowBit ? static_cast<uint32_t>(d->serial) : 0;
-}
+uint32_t scriptDocToken(HDOC doc) { return doc ? tokenOf(*static_cast<const Document*>(doc)) : 0; }
 
-HDOC scriptDoc(uint32_t token) {
-    if (token & kWindowBit) return nullptr;
-    return openDocumentWithSerial(token);
-}
+HDOC scriptDoc(uint32_t token) { return openDocumentWithToken(token); }
 
 uint32_t scriptWindowToken(ZOL_WND window) {
     DocumentList* list = documentList();
@@ -46,7 +48,7 @@ uint32_t scriptWindowToken(ZOL_WND window) {
 ZOL_WND scriptWindow(uint32_t token) {
     if (!(token & kWindowBit)) return 0;
     if (token == kMainWindowToken) return documentList() ? documentList()->mainWindow() : 0;
-    return Zol_GetDocWndHandle(openDocumentWithSerial(token & ~kWindowBit));
+    return Zol_GetDocWndHandle(openDocumentWithToken(token & ~kWindowBit));
 }
 
 }  // namespace zol
