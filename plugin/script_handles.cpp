@@ -8,10 +8,11 @@ namespace {
 
 // A document's token comes from its serial number, which no later document reuses.
 // The serial is spread over 31 bits (times an odd number: one to one) so that the small
-// numbers a script might make up name no document; window tokens carry the top bit so
-// that one never passes for a document.
+// numbers a script might make up name no document. A document's window has its token
+// with the top bit set, so that one never passes for a document; the main window is 1,
+// as the operating-system family of built-ins numbers it.
 constexpr uint32_t kWindowBit = 0x80000000u;
-constexpr uint32_t kMainWindowToken = kWindowBit;
+constexpr uint32_t kMainWindow = 1;
 constexpr uint32_t kSpread = 0x9E3779B1u;
 
 uint32_t tokenOf(const Document& d) {
@@ -37,7 +38,7 @@ HDOC scriptDoc(uint32_t token) { return openDocumentWithToken(token); }
 uint32_t scriptWindowToken(ZOL_WND window) {
     DocumentList* list = documentList();
     if (!list || window == 0) return 0;
-    if (window == list->mainWindow()) return kMainWindowToken;
+    if (window == list->mainWindow()) return kMainWindow;
     for (size_t i = 0, n = list->count(); i < n; ++i) {
         Document* d = list->at(i);
         if (d && Zol_GetDocWndHandle(d) == window) return kWindowBit | scriptDocToken(d);
@@ -46,8 +47,8 @@ uint32_t scriptWindowToken(ZOL_WND window) {
 }
 
 ZOL_WND scriptWindow(uint32_t token) {
+    if (token == kMainWindow) return documentList() ? documentList()->mainWindow() : 0;
     if (!(token & kWindowBit)) return 0;
-    if (token == kMainWindowToken) return documentList() ? documentList()->mainWindow() : 0;
     return Zol_GetDocWndHandle(openDocumentWithToken(token & ~kWindowBit));
 }
 

@@ -71,10 +71,10 @@ inline char* scriptString(Engine& en, uint32_t addr) {
     return reinterpret_cast<char*>(p);
 }
 
-// The host address of bytes bytes at addr, all inside one script object.
-inline char* scriptBytes(Engine& en, uint32_t addr, int64_t bytes) {
+// The host address of bytes bytes at addr, all inside one script object; a size below
+// 1 checks only that addr is an address, since the function then writes nothing.
+inline char* scriptBytes(Engine& en, uint32_t addr, int bytes) {
     if (addr == 0) return nullptr;
-    if (bytes > 0xffffffffLL) en.fail(kErrIllegalPointer);
     return reinterpret_cast<char*>(en.host(addr, bytes > 0 ? static_cast<uint32_t>(bytes) : 0));
 }
 
