@@ -1,5 +1,5 @@
 /* Documents by handle: walking the list, making, activating, closing and destroying
-   them, their names, formats and flags. The handle of a document that is gone, one made
+   them, their names and flags. The handle of a document that is gone, one made
    up and a window's handle name no document: every function answers them as it
    answers no document, and a new document never gets an old handle. */
 #include <stdio.h>
@@ -19,9 +19,7 @@
 // out: closed 1 0 count 2
 // out: made up 0 0 0 -1 null close 1
 // out: windows 1 1 1 as document 0
-// out: read-only 0 0 0 1
-// out: format 1 1 output 1
-// out: renamed renamed.txt
+// out: read-only 0 0 0 1 renamed renamed.txt
 // doc-after: renamed.txt
 // | one
 // doc-after: second.c
@@ -65,18 +63,11 @@ int main(void)
            Zol_GetNumberOfLines((HDOC)Zol_GetDocWndHandle(first)));
 
     Zol_SetReadOnly(first, TRUE);
-    printf("read-only %d %d %d %d\n", Zol_InsertText(first, "x"), Zol_SetLine(first, 1, "x"),
+    printf("read-only %d %d %d %d", Zol_InsertText(first, "x"), Zol_SetLine(first, 1, "x"),
            Zol_EdCmd(first, CMD_DeleteLine, 0), Zol_IsReadOnly(first));
     Zol_SetReadOnly(first, FALSE);
-
-    Zol_SetTextFileFormat(first, 1);
-    Zol_SetTextFileFormat(first, 7);
-    Zol_SetOutputWindow(first, TRUE);
-    printf("format %d %d output %d\n", Zol_GetTextFileFormat(first), Zol_IsDocument(first),
-           Zol_IsOutputWindow(first));
-    Zol_SetOutputWindow(first, FALSE);
     Zol_SetFileName(first, "renamed.txt");
     Zol_GetDocumentName(first, name, sizeof name);
-    printf("renamed %s\n", name);
+    printf(" renamed %s\n", name);
     return 0;
 }
