@@ -25,6 +25,7 @@
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
+#include "plugin/script_bindings.h"
 #include "script/macros.h"
 #include "script/run_script.h"
 #include "script/script_history.h"
@@ -118,6 +119,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     addFileNameListener(&followFileName);
     app.anotherInstance = !acquireInstanceLock();
     setDocumentList(&app.list);
+    registerScriptBindings();
     initPlugIns();
     loadAllPlugIns(app.mainWindow);
     // The command line's files come before the start-up scripts, so that those can

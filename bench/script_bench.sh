@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Whole-process script benchmarks: each C89 program of the shared bench scripts through
 # "zolder --headless --run", with its Lua twin under lua5.4 and the same C under
-# "tcc -run", measured in the same run (best CPU time of three), and the start-up of an
-# empty main.
+# "tcc -run", measured in the same run (best CPU time of three), a script walking the
+# lines of big.c (from $ZOLDER_BENCH_DATA), and the start-up of an empty main.
 set -euo pipefail
 zolder=${1:?usage: script_bench.sh ZOLDER_BINARY}
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -38,6 +38,22 @@ for c in "$scripts"/bench_*.c; do
   ratio=$(awk -v z="$z" -v l="$l" 'BEGIN{ if (l == "-" || l == 0) print "-"; else printf "%.2f", z / l }')
   printf '%-12s %9s %9s %9s %12s\n' "$name" "$z" "$l" "$t" "$ratio"
 done
+# A script walking every line of big.c through the editor, the whole process with the
+# opening of the file, beside lua5.4 reading the file line by line.
+data=${ZOLDER_BENCH_DATA:-}
+if [ -n "$data" ] && [ -f "$data/big.c" ]; then
+  walk=$root/bench/scripts
+  z=$(best "$zolder" --headless --home "$work/home" "$data/big.c" --run "$walk/walk.c")
+  o=$(best "$zolder" --headless --home "$work/home" "$data/big.c")
+  l=-
+  command -v lua5.4 >/dev/null && l=$(best lua5.4 "$walk/walk.lua" "$data/big.c")
+  ratio=$(awk -v z="$z" -v l="$l" 'BEGIN{ if (l == "-" || l == 0) print "-"; else printf "%.2f", z / l }')
+  printf '%-12s %9s %9s %9s %12s   (opening big.c alone: %s)\n' walk_big_c "$z" "$l" - "$ratio" "$o"
+  zs=$("$zolder" --headless --home "$work/home" "$data/big.c" --run "$walk/walk.c")
+  if command -v lua5.4 >/dev/null && [ "$zs" != "$(lua5.4 "$walk/walk.lua" "$data/big.c")" ]; then
+    echo "walk_big_c: the script's sum $zs differs from lua's" >&2
+  fi
+fi
 echo 'int main(void) { return 0; }' >"$work/empty.c"
 best_wall() {
   local b=""

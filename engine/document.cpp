@@ -7,6 +7,11 @@
 
 namespace zol {
 
+uint64_t nextDocumentSerial() {
+    static uint64_t last = 0;
+    return ++last;
+}
+
 std::string_view lineText(const Document& doc, int32_t line) {
     return doc.lines.text(doc.lines.find(line));
 }

@@ -17,6 +17,9 @@ enum class SelMode : int32_t { Char = 1, Column = 2 };
 // The keystroke-macro recorder of a document.
 enum class Recorder : uint8_t { Idle = 0, Recording = 1 };
 
+// A number no other document of the process has had, never 0.
+uint64_t nextDocumentSerial();
+
 struct Document {
     LineList lines;
     std::string fileName;           // full path, or a "noname01.txt" style name
@@ -47,6 +50,8 @@ struct Document {
     std::string autoSaveFile;       // side file in the home, empty until the first auto-save
 
     EditorView* view = nullptr;     // window showing the document, if any
+    // Tells the document apart from one that later takes its place in memory.
+    uint64_t serial = nextDocumentSerial();
 };
 
 // Line accessors by index (0-based). Out-of-range indexes are the caller's fault.

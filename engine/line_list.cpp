@@ -1,6 +1,7 @@
 #include "engine/line_list.h"
 
 #include <cstring>
+#include <utility>
 
 namespace zol {
 
@@ -11,22 +12,36 @@ void LineList::reset() {
     first = current = arena.allocate(0);
     currentIndex = 0;
     lastIndex = 0;
+    seen = kNoLine;
+}
+
+void LineList::swap(LineList& other) noexcept {
+    std::swap(arena, other.arena);
+    std::swap(first, other.first);
+    std::swap(current, other.current);
+    std::swap(currentIndex, other.currentIndex);
+    std::swap(lastIndex, other.lastIndex);
+    std::swap(seen, other.seen);
+    std::swap(seenIndex, other.seenIndex);
 }
 
 LineRef LineList::find(int32_t n) const {
-    const int32_t c = currentIndex;
-    LineRef r;
-    if (n == c) return current;
-    if (n < c && n > c - n) {
-        r = current;
-        for (int32_t i = c; i > n && prev(r) != kNoLine; --i) r = prev(r);
-    } else if (n < c) {
-        r = first;
-        for (int32_t i = 0; i < n && next(r) != kNoLine; ++i) r = next(r);
-    } else {
-        r = current;
-        for (int32_t i = c; i < n && next(r) != kNoLine; ++i) r = next(r);
+    if (n == currentIndex) return current;
+    LineRef r = current;
+    int32_t at = currentIndex;
+    auto distance = [n](int32_t i) { return n > i ? n - i : i - n; };
+    if (seen != kNoLine && distance(seenIndex) < distance(at)) {
+        r = seen;
+        at = seenIndex;
     }
+    if (n < at && n < at - n) {
+        r = first;
+        at = 0;
+    }
+    for (; at > n && prev(r) != kNoLine; --at) r = prev(r);
+    for (; at < n && next(r) != kNoLine; ++at) r = next(r);
+    seen = r;
+    seenIndex = at;
     return r;
 }
 
@@ -58,6 +73,7 @@ LineRef LineList::setText(LineRef r, std::string_view s) {
     if (nh.prev != kNoLine) header(nh.prev).next = n; else first = n;
     if (nh.next != kNoLine) header(nh.next).prev = n;
     if (current == r) current = n;
+    if (seen == r) seen = n;
     arena.release(r);
     return n;
 }
@@ -73,6 +89,7 @@ LineRef LineList::insertAfter(LineRef after, int32_t index, std::string_view s) 
     if (after != kNoLine) header(after).next = n; else first = n;
     ++lastIndex;
     if (index <= currentIndex) ++currentIndex;
+    if (seen != kNoLine && index <= seenIndex) ++seenIndex;
     return n;
 }
 
@@ -94,6 +111,8 @@ void LineList::erase(LineRef r, int32_t index) {
     } else if (index < currentIndex) {
         --currentIndex;
     }
+    if (seen == r) seen = kNoLine;
+    else if (index < seenIndex) --seenIndex;
     --lastIndex;
     arena.release(r);
 }

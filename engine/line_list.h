@@ -15,6 +15,10 @@ struct LineList {
     LineRef current = kNoLine;   // record of line currentIndex
     int32_t currentIndex = 0;    // 0..lastIndex
     int32_t lastIndex = 0;       // number of lines - 1; a document always has one line
+    // The line find() reached last, so that reading line after line away from the
+    // cursor (a script or plug-in walking the text) never walks from the start again.
+    mutable LineRef seen = kNoLine;
+    mutable int32_t seenIndex = 0;
 
     LineList();
     LineList(const LineList&) = delete;
@@ -27,8 +31,9 @@ struct LineList {
     LineHeader& header(LineRef r) const { return *arena.header(r); }
     int32_t count() const { return lastIndex + 1; }
 
-    // The record of line n, found from the cached current record or from the first
-    // line, whichever is nearer; never from the end. Past the end gives the last line.
+    // The record of line n, found from the current record, the line found last or the
+    // first line, whichever is nearest; never from the end. Past the end gives the last
+    // line.
     LineRef find(int32_t n) const;
     // As find, and the found line becomes the cached current record.
     LineRef seek(int32_t n);
@@ -44,6 +49,8 @@ struct LineList {
     void erase(LineRef r, int32_t index);
     // Back to a single empty line.
     void reset();
+    // Exchanges the whole contents with another list.
+    void swap(LineList& other) noexcept;
 };
 
 }  // namespace zol

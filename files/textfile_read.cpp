@@ -158,14 +158,6 @@ ReadOutcome readLines(std::FILE* f, LineList& out, ReadReport& rep) {
     }
 }
 
-void swapLines(LineList& a, LineList& b) {
-    std::swap(a.arena, b.arena);
-    std::swap(a.first, b.first);
-    std::swap(a.current, b.current);
-    std::swap(a.currentIndex, b.currentIndex);
-    std::swap(a.lastIndex, b.lastIndex);
-}
-
 }  // namespace
 
 bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadReport* report) {
@@ -199,7 +191,7 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     case ReadOutcome::ReadError: shell().message(filemsg::kReadError); return false;
     }
 
-    swapLines(doc.lines, *fresh);
+    doc.lines.swap(*fresh);
     fresh.reset();
     forgetEditState(doc);
     if (detectFormat && rep.lineEndFormat) doc.textFormat = *rep.lineEndFormat;

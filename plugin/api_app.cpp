@@ -63,6 +63,15 @@ BOOL ZOLAPI Zol_GetTextEditorDir(char* buffer, int size) {
     });
 }
 
+BOOL ZOLAPI Zol_GetModuleDir(char* buffer, int size) {
+    return guarded<BOOL>(0, [&]() -> BOOL {
+        if (!buffer || size <= 0) return 0;
+        const std::string exe = executablePath();
+        copyOut(buffer, size, std::string_view(exe).substr(0, exe.rfind('/') + 1));
+        return 1;
+    });
+}
+
 BOOL ZOLAPI Zol_GetTempFileName(char* buffer) {
     return guarded<BOOL>(0, [&]() -> BOOL {
         if (!buffer) return 0;
@@ -163,7 +172,7 @@ BOOL ZOLAPI Zol_BrowseForFileDlg(char* buffer, int size, const char* filter, con
 
 BOOL ZOLAPI Zol_BrowseForDirDlg(char* buffer, int size, const char* title) {
     return guarded<BOOL>(0, [&]() -> BOOL {
-        if (!buffer || size == 0) return 0;
+        if (!buffer || size < 1) return 0;
         return pathDialog(buffer, size, [&](std::string& path) {
             return shell().browseForDirDialog(path, title ? title : "");
         });

@@ -17,10 +17,15 @@ static_assert(ZOL_MAX_LINE_LEN == kMaxColumns, "zolder_api.h tells plug-ins the 
 
 namespace {
 
+// A number that names no command, macro slot or plug-in command does nothing at all:
+// the executor would still take it for the last command and record it.
 int runCommand(HDOC h, int command, int param) {
     Document* doc = docOf(h);
     if (!doc || command < 0 || command > 0xFFFF) return 0;
-    return execute(*doc, static_cast<uint16_t>(command), static_cast<uint32_t>(param), kInterfaceCall);
+    const auto id = static_cast<uint16_t>(command);
+    const bool macroSlot = id >= kFirstMacroId && id <= kLastMacroId;
+    if (!findCommand(id) && !macroSlot && id < kFirstExternalCommand) return 0;
+    return execute(*doc, id, static_cast<uint32_t>(param), kInterfaceCall);
 }
 
 }  // namespace

@@ -103,6 +103,8 @@ ZOL_EXPORT ZOL_WND ZOLAPI Zol_GetMainWndHandle(void);
 ZOL_EXPORT void ZOLAPI Zol_CheckFileTime(void);
 ZOL_EXPORT void ZOLAPI Zol_StatusBarMsg(const char *text);
 ZOL_EXPORT BOOL ZOLAPI Zol_GetTextEditorDir(char *buffer, int size);
+/* the folder of the program file, with its trailing separator */
+ZOL_EXPORT BOOL ZOLAPI Zol_GetModuleDir(char *buffer, int size);
 ZOL_EXPORT BOOL ZOLAPI Zol_GetTempFileName(char *buffer);
 ZOL_EXPORT BOOL ZOLAPI Zol_ExecuteTool(const char *program, const char *arguments, int flags,
                                        const char *directory);

@@ -48,7 +48,8 @@ std::string builtinReference() {
         for (const BuiltinEntry& e : builtinList()) {
             if (e.header != header) continue;
             out += "| " + std::to_string(e.number) + " | `" + std::string(e.prototype) + "`";
-            out += e.implemented ? " |\n" : " (not available yet) |\n";
+            const bool available = e.implemented || (e.flags & kBuiltinEditor);
+            out += available ? " |\n" : " (not available yet) |\n";
         }
     }
     out += '\n';

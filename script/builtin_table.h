@@ -10,6 +10,7 @@ namespace zol {
 
 enum BuiltinFlag : unsigned {
     kBuiltinSystem = 1,  // reaches files, folders, the environment or other processes
+    kBuiltinEditor = 2,  // implemented by the editor layer, which registers it at start-up
 };
 
 struct BuiltinEntry {

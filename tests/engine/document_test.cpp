@@ -72,6 +72,28 @@ TEST(LineList, CacheFollowsInsertionsAndRemovalsAboveIt) {
     EXPECT_EQ(doc.lines.text(doc.lines.current), "d");
 }
 
+// Reading line after line far from the cursor goes on from the line found last, which
+// must stay right while lines come and go around it.
+TEST(LineList, TheLineFoundLastFollowsChangesAroundIt) {
+    Document doc;
+    fill(doc, "l0\nl1\nl2\nl3\nl4\nl5\nl6");
+    LineList& ll = doc.lines;
+    auto at = [&ll](int32_t n) { return std::string(ll.text(ll.find(n))); };
+    EXPECT_EQ(at(4), "l4");
+    ll.insertAfter(ll.first, 1, "new");  // above the line found last
+    EXPECT_EQ(at(5), "l4");
+    ll.erase(ll.next(ll.first), 1);
+    ll.erase(ll.next(ll.first), 1);
+    EXPECT_EQ(at(3), "l4");
+    ll.erase(ll.find(3), 3);  // the line found last itself
+    EXPECT_EQ(at(3), "l5");
+    ll.setText(ll.find(3), std::string(300, 'w'));  // moves to a bigger block
+    EXPECT_EQ(at(2), "l3");
+    EXPECT_EQ(at(3), std::string(300, 'w'));
+    EXPECT_EQ(textOf(doc), "l0\nl2\nl3\n" + std::string(300, 'w') + "\nl6");
+    EXPECT_EQ(ll.currentIndex, 0);
+}
+
 TEST(LineList, GrowingAndShrinkingLinesKeepTheirNeighboursAndState) {
     Document doc;
     fill(doc, "one\ntwo\nthree");
@@ -98,11 +120,7 @@ TEST(LineList, ManySlabsKeepEveryLineThroughMovesAndReset) {
         tail = i == 0 ? list->setText(list->first, text) : list->insertAfter(tail, i, text);
     }
     LineList other;
-    std::swap(other.arena, list->arena);
-    std::swap(other.first, list->first);
-    std::swap(other.current, list->current);
-    std::swap(other.currentIndex, list->currentIndex);
-    std::swap(other.lastIndex, list->lastIndex);
+    other.swap(*list);
     list.reset();
     ASSERT_EQ(other.count(), kLines);
     int i = 0;

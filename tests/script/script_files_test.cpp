@@ -3,8 +3,14 @@
 //   // out: TEXT      one line of expected standard output (in order)
 //   // exit: N        expected exit status (default 0)
 //   // error: TEXT    expected error report on standard error (exit status 255)
+//   // stderr: TEXT   one line the editor writes on standard error (a message box)
 //   // in: TEXT       one line of standard input
 //   // args: A B ...  arguments after the script
+// Scripts of tests/script/editor/ drive documents, so they run in this process through
+// the headless application's start-up, each in a home of its own, and may also carry:
+//   // doc: NAME      a file opened before the run (the last one is active), whose
+//   // | TEXT         lines follow, one annotation each
+//   // doc-after: NAME   the lines that document holds when the run has ended
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,13 +23,30 @@
 #include <utility>
 #include <vector>
 
+#include "app/application.h"
+#include "app/headless_shell.h"
+#include "platform/paths.h"
+#include "script/runner.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 
+struct DocText {
+    std::string name;
+    std::vector<std::string> lines;
+};
+
 struct Expectation {
-    std::string out, error, input, args;
+    std::string out, error, messages, input, args;
     int exit = 0;
+    std::vector<DocText> docs, after;
+};
+
+struct Outcome {
+    int status = -1;
+    std::string out, err;
+    std::vector<DocText> docs;
 };
 
 std::string slurp(const fs::path& p) {
@@ -46,10 +69,19 @@ Expectation expectationsOf(const fs::path& script) {
         return true;
     };
     std::string rest;
+    std::vector<std::string>* block = nullptr;
     while (std::getline(in, line)) {
-        if (after("out", rest)) e.out += rest + "\n";
+        if (const size_t bar = line.find("// |"); block && bar != std::string::npos) {
+            block->push_back(line.substr(std::min(line.size(), bar + 5)));
+            continue;
+        }
+        block = nullptr;
+        if (after("doc", rest)) e.docs.push_back({rest, {}}), block = &e.docs.back().lines;
+        else if (after("doc-after", rest)) e.after.push_back({rest, {}}), block = &e.after.back().lines;
+        else if (after("out", rest)) e.out += rest + "\n";
         else if (after("exit", rest)) e.exit = std::stoi(rest);
         else if (after("error", rest)) e.error = rest, e.exit = 255;
+        else if (after("stderr", rest)) e.messages += rest + "\n";
         else if (after("in", rest)) e.input += rest + "\n";
         else if (after("args", rest)) e.args = rest;
     }
@@ -68,31 +100,92 @@ std::vector<std::string> scripts() {
     return v;
 }
 
-class ScriptFile : public ::testing::TestWithParam<std::string> {};
-
-TEST_P(ScriptFile, RunsAsAnnotated) {
-    const fs::path script = fs::path(ZOLDER_SOURCE_DIR) / "tests" / "script" / GetParam();
-    const Expectation want = expectationsOf(script);
+// The real binary, in the folder dir, with its standard input from dir/in.
+Outcome runBinary(const fs::path& script, const Expectation& want, const fs::path& dir) {
     // One home for the whole program: seeding a new one for every script costs more than the run.
     static const struct Home {
         fs::path path = fs::temp_directory_path() / ("zolder_script_home_" + std::to_string(::getpid()));
         Home() { fs::create_directories(path); }
         ~Home() { fs::remove_all(path); }
-    } homeDir;
-    const fs::path& home = homeDir.path;
+    } home;
+    const std::string cmd = std::string("cd ") + dir.string() + " && " + ZOLDER_BINARY + " --headless --home " +
+                            home.path.string() + " --run " + script.string() + " " + want.args + " <in >out 2>err";
+    const int raw = std::system(cmd.c_str());
+    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(dir / "out"), slurp(dir / "err"), {}};
+}
+
+std::string joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (size_t i = 0; i < lines.size(); ++i) text += (i ? "\n" : "") + lines[i];
+    return text;
+}
+
+// The start-up of the headless runner with the annotated documents, the script run as
+// "--run" runs it, and the documents' text taken before the application shuts down.
+Outcome runEditorScript(const fs::path& script, const Expectation& want, const fs::path& dir) {
+    std::vector<std::string> files;
+    for (const DocText& d : want.docs) {
+        files.push_back((dir / d.name).string());
+        std::ofstream(files.back(), std::ios::binary) << joined(d.lines);
+    }
+    std::vector<std::string> args{script.string()};
+    std::istringstream words(want.args);
+    for (std::string w; words >> w;) args.push_back(w);
+    FILE* in = std::fopen((dir / "in").c_str(), "rb");
+    FILE* out = std::fopen((dir / "out").c_str(), "wb");
+    FILE* err = std::fopen((dir / "err").c_str(), "wb");
+    const fs::path before = fs::current_path();
+    fs::current_path(dir);
+    Outcome o;
+    {
+        zol::HeadlessShell shell(err);
+        zol::setShell(&shell);
+        zol::Application app;
+        shell.attach(&app);
+        zol::startUp(app, zol::StartupOptions{(dir / "home").string(), files, {}});
+        zol::ScriptRunOptions opts;
+        opts.includeDir = zol::homeDir() + "script/include";
+        opts.in = in;
+        opts.out = out;
+        opts.err = err;
+        const zol::ScriptRunResult r = zol::runScriptFile(script.string(), args, opts);
+        if (r.error) std::fprintf(err, "%s\n", r.message.c_str());
+        o.status = r.error ? 255 : r.value & 0xff;
+        for (const auto& doc : app.documents) {
+            DocText d{std::string(zol::fileNamePart(doc->fileName)), {}};
+            for (int32_t i = 0; i < doc->lines.count(); ++i) d.lines.emplace_back(zol::lineText(*doc, i));
+            o.docs.push_back(std::move(d));
+        }
+        zol::shutDown(app);
+        zol::setShell(nullptr);
+    }
+    fs::current_path(before);
+    for (FILE* f : {in, out, err}) std::fclose(f);
+    o.out = slurp(dir / "out");
+    o.err = slurp(dir / "err");
+    return o;
+}
+
+class ScriptFile : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(ScriptFile, RunsAsAnnotated) {
+    const fs::path script = fs::path(ZOLDER_SOURCE_DIR) / "tests" / "script" / GetParam();
+    const Expectation want = expectationsOf(script);
     const fs::path dir = fs::temp_directory_path() / ("zolder_script_" + std::to_string(::getpid()));
     fs::create_directories(dir);
     std::ofstream(dir / "in", std::ios::binary) << want.input;
-    const std::string cmd = std::string("cd ") + dir.string() + " && " + ZOLDER_BINARY + " --headless --home " +
-                            home.string() + " --run " + script.string() + " " + want.args + " <in >out 2>err";
-    const int raw = std::system(cmd.c_str());
-    const int status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-    const std::string out = slurp(dir / "out"), err = slurp(dir / "err");
+    const bool editor = GetParam().rfind("editor/", 0) == 0;
+    const Outcome got = editor ? runEditorScript(script, want, dir) : runBinary(script, want, dir);
     fs::remove_all(dir);
-    EXPECT_EQ(out, want.out);
-    EXPECT_EQ(status, want.exit) << err;
-    if (!want.error.empty()) EXPECT_EQ(err, want.error + "\n");
-    else EXPECT_EQ(err, "");
+    EXPECT_EQ(got.out, want.out);
+    EXPECT_EQ(got.status, want.exit) << got.err;
+    if (!want.error.empty()) EXPECT_EQ(got.err, want.error + "\n");
+    else EXPECT_EQ(got.err, want.messages);
+    for (const DocText& w : want.after) {
+        auto it = std::find_if(got.docs.begin(), got.docs.end(), [&](const DocText& d) { return d.name == w.name; });
+        ASSERT_NE(it, got.docs.end()) << "no document " << w.name;
+        EXPECT_EQ(joined(it->lines), joined(w.lines)) << w.name;
+    }
 }
 
 std::string testName(const ::testing::TestParamInfo<std::string>& info) {

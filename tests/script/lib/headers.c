@@ -1,5 +1,5 @@
 /* Every shipped header at once, some twice: their prototypes give the results their
-   types. The editor functions are declared but not available yet. */
+   types. */
 #include <assert.h>
 #include <conio.h>
 #include <ctype.h>
@@ -26,7 +26,7 @@
 #include <stdio.h>
 #include <assert.h>
 // out: 1970 0 bc
-// error: headers.c Line 32: Call to undefined function
+// exit: 8
 int tabSize(void)
 {
     return Zol_GetTabSize();
