@@ -29,14 +29,14 @@ int runDesktop(int argc, char** argv, const CommandLine& cl) {
     TInstanceServer server;
     if (!settings().allowMultiInst && server.listen(homeDir())) {
         QObject::connect(&server, &TInstanceServer::filesReceived, &frame, [&frame](const QStringList& files) {
-            for (const QString& f : files) frame.openFile(f.toLocal8Bit().toStdString());
+            for (const QString& f : files) frame.openCommandLineFile(f.toLocal8Bit().toStdString());
             frame.raise();
             frame.activateWindow();
         });
     }
     frame.syncViews();  // documents recovered from side files
     frame.restoreDesktop();
-    for (const std::string& f : cl.files) frame.openFile(f);
+    for (const std::string& f : cl.files) frame.openCommandLineFile(f);
     if (app.documents.empty()) frame.newFile();
     frame.show();
     const int status = QApplication::exec();
