@@ -1,11 +1,13 @@
 #include "app/qt/command_palette.h"
 
+#include <QAbstractTableModel>
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <map>
 
 #include "app/qt/menus.h"
@@ -17,19 +19,6 @@ namespace {
 
 constexpr int kPaletteWidth = 760;
 constexpr int kPaletteHeight = 420;
-
-// An entry's row; the list sorts its rows by rank, then by table order.
-class PaletteItem : public QTreeWidgetItem {
-public:
-    PaletteItem(QTreeWidget* list, const PaletteEntry& e, size_t index)
-        : QTreeWidgetItem(list, QStringList{e.title, e.name, e.keys}), index(index) {}
-    bool operator<(const QTreeWidgetItem& other) const override {
-        const auto& o = static_cast<const PaletteItem&>(other);
-        return rank != o.rank ? rank < o.rank : index < o.index;
-    }
-    size_t index;
-    int rank = 0;
-};
 
 bool startsWord(const QString& text, const QString& word) {
     for (qsizetype at = text.indexOf(word, 0, Qt::CaseInsensitive); at >= 0;
@@ -92,39 +81,81 @@ int paletteRank(const PaletteEntry& e, const QStringList& words) {
     return startsWord(e.title, first) || startsWord(e.label, first) ? 1 : 2;
 }
 
+// The entries the filter lets through, best first, as rows of three columns:
+// description, name and keys.
+class PaletteModel : public QAbstractTableModel {
+public:
+    PaletteModel(const std::vector<PaletteEntry>& entries, QColor dim, QObject* parent)
+        : QAbstractTableModel(parent), entries_(entries), dim_(dim) {}
+
+    void setShown(std::vector<size_t> shown) {
+        beginResetModel();
+        shown_ = std::move(shown);
+        endResetModel();
+    }
+    const PaletteEntry* entryAt(int row) const {
+        return row >= 0 && row < static_cast<int>(shown_.size()) ? &entries_[shown_[row]] : nullptr;
+    }
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+    }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 3; }
+    Qt::ItemFlags flags(const QModelIndex& index) const override {
+        const PaletteEntry* e = entryAt(index.row());
+        return e && e->enabled ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        const PaletteEntry* e = entryAt(index.row());
+        if (!e) return {};
+        if (role == Qt::ForegroundRole && index.column() == 1) return dim_;
+        if (role == Qt::ToolTipRole && !e->enabled) return QString::fromLatin1(qtmsg::kNotAvailableTip);
+        if (role != Qt::DisplayRole) return {};
+        switch (index.column()) {
+        case 0: return e->title;
+        case 1: return e->name;
+        default: return e->enabled ? e->keys : QString::fromLatin1(qtmsg::kNotAvailableTip);
+        }
+    }
+
+private:
+    const std::vector<PaletteEntry>& entries_;
+    QColor dim_;
+    std::vector<size_t> shown_;
+};
+
 TCommandPalette::TCommandPalette(QWidget* parent, std::vector<PaletteEntry> entries)
-    : QDialog(parent), entries_(std::move(entries)), filter_(new QLineEdit(this)), list_(new QTreeWidget(this)) {
+    : QDialog(parent), entries_(std::move(entries)), filter_(new QLineEdit(this)), list_(new QTreeView(this)) {
     setWindowTitle(QString::fromLatin1(qtmsg::kPaletteTitle));
     filter_->setObjectName(QStringLiteral("filter"));
     filter_->setPlaceholderText(QString::fromLatin1(qtmsg::kPaletteFilter));
     filter_->installEventFilter(this);
+    model_ = new PaletteModel(entries_, palette().color(QPalette::PlaceholderText), this);
     list_->setObjectName(QStringLiteral("commands"));
-    list_->setColumnCount(3);
+    list_->setModel(model_);
     list_->setHeaderHidden(true);
     list_->setRootIsDecorated(false);
     list_->setUniformRowHeights(true);
     list_->setFocusPolicy(Qt::NoFocus);
+    // Columns as wide as their longest text once, so that narrowing the list never
+    // measures it again.
+    const QFontMetrics fm(list_->font());
+    int nameWidth = 0, keysWidth = fm.horizontalAdvance(QString::fromLatin1(qtmsg::kNotAvailableTip));
+    for (const PaletteEntry& e : entries_) {
+        nameWidth = std::max(nameWidth, fm.horizontalAdvance(e.name));
+        keysWidth = std::max(keysWidth, fm.horizontalAdvance(e.keys));
+    }
     list_->header()->setStretchLastSection(false);
     list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    list_->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    list_->header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
-    const QColor dim = palette().color(QPalette::PlaceholderText);
-    for (size_t i = 0; i < entries_.size(); ++i) {
-        const PaletteEntry& e = entries_[i];
-        auto* item = new PaletteItem(list_, e, i);
-        item->setForeground(1, dim);
-        if (!e.enabled) {
-            item->setFlags(item->flags() & ~Qt::ItemIsEnabled);
-            item->setToolTip(0, QString::fromLatin1(qtmsg::kNotAvailableTip));
-            item->setText(2, QString::fromLatin1(qtmsg::kNotAvailableTip));
-        }
-    }
+    list_->header()->setSectionResizeMode(1, QHeaderView::Fixed);
+    list_->header()->setSectionResizeMode(2, QHeaderView::Fixed);
+    list_->header()->resizeSection(1, nameWidth + fm.averageCharWidth() * 2);
+    list_->header()->resizeSection(2, keysWidth + fm.averageCharWidth() * 2);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(filter_);
     layout->addWidget(list_);
     connect(filter_, &QLineEdit::textChanged, this, &TCommandPalette::setFilter);
     connect(filter_, &QLineEdit::returnPressed, this, &TCommandPalette::take);
-    connect(list_, &QTreeWidget::itemActivated, this, &TCommandPalette::take);
+    connect(list_, &QTreeView::activated, this, &TCommandPalette::take);
     resize(kPaletteWidth, kPaletteHeight);
     setFilter(QString());
 }
@@ -141,35 +172,29 @@ std::optional<PaletteEntry> TCommandPalette::run(QWidget* parent, std::vector<Pa
 
 void TCommandPalette::setFilter(const QString& text) {
     const QStringList words = paletteWords(text);
-    list_->setUpdatesEnabled(false);
-    for (int i = 0; i < list_->topLevelItemCount(); ++i) {
-        auto* item = static_cast<PaletteItem*>(list_->topLevelItem(i));
-        const PaletteEntry& e = entries_[item->index];
-        const bool shown = paletteMatches(e, words);
-        if (item->isHidden() == shown) item->setHidden(!shown);
-        item->rank = shown ? paletteRank(e, words) : 0;
+    std::vector<std::pair<int, size_t>> ranked;
+    for (size_t i = 0; i < entries_.size(); ++i)
+        if (paletteMatches(entries_[i], words)) ranked.emplace_back(paletteRank(entries_[i], words), i);
+    std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<size_t> shown;
+    shown.reserve(ranked.size());
+    int first = -1;
+    for (const auto& [rank, i] : ranked) {
+        if (first < 0 && entries_[i].enabled) first = static_cast<int>(shown.size());
+        shown.push_back(i);
     }
-    list_->sortItems(0, Qt::AscendingOrder);
-    QTreeWidgetItem* first = nullptr;
-    for (int i = 0; i < list_->topLevelItemCount() && !first; ++i) {
-        QTreeWidgetItem* item = list_->topLevelItem(i);
-        if (!item->isHidden() && entries_[static_cast<PaletteItem*>(item)->index].enabled) first = item;
+    model_->setShown(std::move(shown));
+    if (first >= 0) {
+        list_->setCurrentIndex(model_->index(first, 0));
+        list_->scrollTo(model_->index(first, 0));
     }
-    list_->setUpdatesEnabled(true);
-    list_->setCurrentItem(first);
-    if (first) list_->scrollToItem(first);
 }
 
-int TCommandPalette::shownCount() const {
-    int n = 0;
-    for (int i = 0; i < list_->topLevelItemCount(); ++i) n += list_->topLevelItem(i)->isHidden() ? 0 : 1;
-    return n;
-}
+int TCommandPalette::shownCount() const { return model_->rowCount(); }
 
 const PaletteEntry* TCommandPalette::selected() const {
-    const QTreeWidgetItem* item = list_->currentItem();
-    if (!item || item->isHidden()) return nullptr;
-    return &entries_[static_cast<const PaletteItem*>(item)->index];
+    const QModelIndex at = list_->currentIndex();
+    return at.isValid() ? model_->entryAt(at.row()) : nullptr;
 }
 
 void TCommandPalette::take() {

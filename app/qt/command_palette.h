@@ -15,9 +15,11 @@
 #include "app/qt/messages.h"
 
 class QLineEdit;
-class QTreeWidget;
+class QTreeView;
 
 namespace zol {
+
+class PaletteModel;
 
 struct PaletteEntry {
     uint16_t command = 0;  // 0 for a frame action
@@ -62,7 +64,8 @@ private:
 
     std::vector<PaletteEntry> entries_;
     QLineEdit* filter_;
-    QTreeWidget* list_;
+    QTreeView* list_;
+    PaletteModel* model_;
 };
 
 }  // namespace zol
