@@ -164,6 +164,7 @@ std::optional<PaletteEntry> TCommandPalette::run(QWidget* parent, std::vector<Pa
     TCommandPalette palette(parent, std::move(entries));
     if (parent) {
         const QRect area = parent->geometry();
+        palette.resize(std::min(kPaletteWidth, area.width() * 9 / 10), std::min(kPaletteHeight, area.height() * 3 / 4));
         palette.move(area.center().x() - palette.width() / 2, area.top() + area.height() / 8);
     }
     if (palette.exec() != QDialog::Accepted || !palette.selected()) return std::nullopt;
