@@ -47,14 +47,10 @@ uint16_t lookupPrimaryKey(uint16_t word) {
 
 QColor toQColor(Rgb c) { return QColor(c.r, c.g, c.b); }
 
-// Commands after which the gutter may appear or go: the marks themselves, and the
-// ones that take whole lines away or bring them back.
+// Commands after which the gutter may appear or go; besides them, any command that
+// takes lines away may take the last bookmark with them.
 bool changesMarks(uint16_t id) {
-    if (commandGroup(id) == static_cast<int>(CmdGroup::Marks)) return true;
-    for (Cmd c : {Cmd::DeleteBookmarkedLines, Cmd::CutBookmarkedLines, Cmd::DeleteLine, Cmd::CutLine, Cmd::Cut,
-                  Cmd::Delete, Cmd::DeleteBlock, Cmd::Undo, Cmd::Redo})
-        if (idOf(c) == id) return true;
-    return false;
+    return commandGroup(id) == static_cast<int>(CmdGroup::Marks) || id == idOf(Cmd::Undo) || id == idOf(Cmd::Redo);
 }
 
 }  // namespace
@@ -448,6 +444,7 @@ void TVekWinEditor::runCommand(uint16_t id, uint32_t param) {
         return;
     }
     Document* doc = doc_;
+    const int32_t lines = doc->lines.count();
     execute(*doc, id, param);
     // The command may have closed the document (scripts, plug-ins).
     if (doc_ != doc || !live()) {
@@ -455,7 +452,7 @@ void TVekWinEditor::runCommand(uint16_t id, uint32_t param) {
         Q_EMIT documentClosed();
         return;
     }
-    if (changesMarks(id)) refreshMarks();
+    if (changesMarks(id) || (marksShown_ && doc_->lines.count() < lines)) refreshMarks();
     afterCommand();
     Q_EMIT commandDone(id);
 }

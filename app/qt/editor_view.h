@@ -34,7 +34,7 @@ public:
     void detach();
 
     // Whoever owns the window decides about commands the window itself cannot carry
-    // out (files, windows, help); true means it took the command.
+    // out (files, windows); true means it took the command.
     std::function<bool(TVekWinEditor*, uint16_t)> frameCommand;
     // True while the document is alive; the view may outlive it by a moment.
     std::function<bool(const Document*)> documentAlive;

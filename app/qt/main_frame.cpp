@@ -324,6 +324,11 @@ std::span<const TMainFrame::FrameCommand> TMainFrame::frameCommands() {
     return table;
 }
 
+bool TMainFrame::handlesCommand(uint16_t id) {
+    return std::any_of(frameCommands().begin(), frameCommands().end(),
+                       [id](const FrameCommand& c) { return idOf(c.command) == id; });
+}
+
 bool TMainFrame::frameCommand(TVekWinEditor* view, uint16_t id) {
     for (const FrameCommand& c : frameCommands()) {
         if (idOf(c.command) != id) continue;
@@ -394,7 +399,10 @@ void TMainFrame::checkExternalChanges() {
 
 void TMainFrame::redrawViews() {
     for (QMdiSubWindow* sub : mdi_->subWindowList())
-        if (TVekWinEditor* v = viewIn(sub)) v->redraw();
+        if (TVekWinEditor* v = viewIn(sub)) {
+            v->refreshMarks();
+            v->redraw();
+        }
 }
 
 }  // namespace zol

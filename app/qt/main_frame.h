@@ -79,6 +79,7 @@ public:
         void (*run)(TMainFrame& frame, TVekWinEditor* view);
     };
     static std::span<const FrameCommand> frameCommands();
+    static bool handlesCommand(uint16_t id);
     struct FrameAction {
         const char* name;
         void (*run)(TMainFrame& frame);

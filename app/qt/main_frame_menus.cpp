@@ -131,7 +131,7 @@ void TMainFrame::refreshMenuState(QMenu* m) {
         const CommandRecord* r = id ? findCommand(id) : nullptr;
         if (!r || r->owner == CommandOwner::Inert) continue;
         // Without a document only the frame's commands have something to work on.
-        a->setEnabled(doc || r->owner == CommandOwner::Frame);
+        a->setEnabled(doc || handlesCommand(id));
         if (const Toggle* t = toggleOf(id)) a->setChecked(t->on(doc));
         if (r->id == idOf(Cmd::Undo) && doc) {
             setMenuLabel(a, QString::fromLatin1(undoLabel(doc->undo)));

@@ -54,8 +54,16 @@ TEST_F(GutterTest, BookmarksAndMarksBringTheGutterAndTakeItAway) {
     EXPECT_GT(digit, 0);
     EXPECT_LT(digit, secondRow.width() * secondRow.height() / 2);
 
+    // Marks set from outside the view (scripts, plug-ins) show once the frame redraws.
     doc().marks.numbered[2].set = false;
     view()->refreshMarks();
+    EXPECT_EQ(view()->gutterWidth(), 0);
+
+    // The last bookmark goes with its line.
+    QTest::keyClick(view(), Qt::Key_F2, Qt::ControlModifier);
+    EXPECT_EQ(view()->gutterWidth(), gutter);
+    QTest::keyClick(view(), Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);  // DeleteLine
+    EXPECT_EQ(line(0), "second");
     EXPECT_EQ(view()->gutterWidth(), 0);
 }
 

@@ -40,10 +40,7 @@ QChar mnemonic(const QString& text) {
 bool carriedOut(const CommandRecord& r) {
     switch (r.owner) {
     case CommandOwner::Executor: return true;
-    case CommandOwner::Frame:
-        for (const TMainFrame::FrameCommand& c : TMainFrame::frameCommands())
-            if (idOf(c.command) == r.id) return true;
-        return false;
+    case CommandOwner::Frame: return TMainFrame::handlesCommand(r.id);
     default: return commandHandler(r.id) != nullptr;
     }
 }
