@@ -3,7 +3,7 @@ BUILD      ?= build
 JOBS       ?= 2
 CMAKE_ARGS ?=
 
-DEPS       = cmake make g++ libgtest-dev libgmock-dev qt6-base-dev fonts-dejavu-core
+DEPS       = cmake make g++ libgtest-dev libgmock-dev qt6-base-dev fonts-dejavu-core xvfb openbox xdotool
 DEPS      += desktop-file-utils appstream
 BENCH_DEPS = libbenchmark-dev python3 vim-nox time lua5.4 tcc
 FUZZ_DEPS  = clang libclang-rt-14-dev

@@ -22,6 +22,7 @@
 #include "files/prompts.h"
 #include "files/save.h"
 #include "files/textfile.h"
+#include "platform/fileinfo.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
@@ -126,7 +127,8 @@ void startUp(Application& app, const StartupOptions& opts) {
     // work on them, and stay in front of what the scripts and recovery open.
     Document* last = nullptr;
     for (const std::string& f : opts.files) {
-        if (Document* d = openDocument(app, f)) last = d;
+        Document* d = opts.missingFilesOpenEmpty ? openOrCreateDocument(app, f) : openDocument(app, f);
+        if (d) last = d;
         else ++app.failedOpens;
     }
     runStartUpScripts();
@@ -184,6 +186,17 @@ Document* openDocument(Application& app, const std::string& path) {
     sendDocumentEvent(kEventDocumentOpened, *opened);
     setActiveDocument(app, opened);
     return opened;
+}
+
+Document* openOrCreateDocument(Application& app, const std::string& path) {
+    const std::string full = fullPath(path);
+    const size_t slash = full.rfind('/');
+    const std::string folder = slash == 0 ? "/" : full.substr(0, slash);
+    // Anything else gets the reader's own answer, a missing folder included.
+    if (findDocument(app, full) || fileExists(full) || !isDirectory(folder)) return openDocument(app, path);
+    Document* doc = newDocument(app);
+    renameDocument(*doc, full);
+    return doc;
 }
 
 bool closeDocument(Application& app, Document* doc) {

@@ -15,6 +15,9 @@ struct StartupOptions {
     std::string home;                 // --home, empty for the default
     std::vector<std::string> files;   // opened in order; the last becomes active
     std::string dataDir = {};         // seeds the home; empty for the shipped data folder
+    // The desktop opens a file that does not exist yet as an empty document of that
+    // name; the headless runner reports it, as batch tools do.
+    bool missingFilesOpenEmpty = false;
 };
 
 struct Application;
@@ -68,6 +71,9 @@ Document* findDocument(const Application& app, const std::string& path);
 // Reads a file into a new document; null (the reason already shown) when it cannot.
 // A file that is already open activates its document instead.
 Document* openDocument(Application& app, const std::string& path);
+// A file named on the command line: opened when it exists; when it does not yet but
+// its folder does, an empty document of that name that the first save creates.
+Document* openOrCreateDocument(Application& app, const std::string& path);
 // Asks to save a modified document and lets listeners keep it open; true when it
 // was closed.
 bool closeDocument(Application& app, Document* doc);

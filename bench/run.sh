@@ -68,4 +68,20 @@ head -n 10000 "$data/big.c" > "$home/tenk.c"
 qhome=$(mktemp -d)
 "$root/$build/bench/zolder_qt_run" firstpaint "$qhome" "$home/tenk.c" 2>/dev/null
 "$root/$build/bench/zolder_qt_run" repaint "$qhome" "$data/big.c" 2>/dev/null
+
+echo
+echo "== desktop editor: launch to first paint of big.c beside the headless open (whole processes)"
+# The desktop run ends at its first paint; both processes drop the document before they exit.
+d=$(measure "$root/$build/bench/zolder_qt_run" firstpaint "$qhome" "$data/big.c")
+h=$(measure "$root/$build/zolder" --headless --home "$home" "$data/big.c")
+awk -v d="$d" -v h="$h" 'BEGIN{
+  split(d, a, " "); split(h, b, " ");
+  printf "desktop, to first paint: %.2f s, peak %.0f MiB\n", a[1], a[2]/1024;
+  printf "headless open:           %.2f s, peak %.0f MiB\n", b[1], b[2]/1024;
+  printf "time ratio desktop/headless: %.2f (asked: at most 1.5)\n", (b[1] > 0 ? a[1]/b[1] : 0);
+}'
+
+echo
+echo "== desktop editor: the command palette narrowing its list, per key"
+"$root/$build/bench/zolder_qt_run" palette "$qhome" - 2>/dev/null
 rm -rf "$qhome"

@@ -2,6 +2,7 @@
 
 #include "engine/editor_events.h"
 #include "engine/options.h"
+#include "engine/undo.h"
 #include "files/textfile.h"
 #include "platform/paths.h"
 
@@ -12,6 +13,11 @@ bool saveTo(Document& doc, const std::string& path, TextFormat format) {
     if (vetoed(kEventBeforeSave, doc)) return false;
     const int backup = options().backupFiles ? options().backupFilesAs : -1;
     if (!writeFile(doc, path, format, backup, false, false)) return false;
+    // "UndoAfterSave" off: what is on disk is where undo starts again.
+    if (!options().undoAfterSave) {
+        clearUndo(doc);
+        clearRedo(doc);
+    }
     sendDocumentEvent(kEventSaved, doc);
     return true;
 }

@@ -8,6 +8,9 @@
 
 namespace zol {
 
+// Both ways clear the document's undo and redo once it is written, unless
+// "UndoAfterSave" keeps them.
+//
 // Saves under the document's own file name with the "BackupFiles" settings. A document
 // without a file is not saved (false): the caller asks for a name first. False also
 // when a listener stops the save or writing fails (the user is told why).

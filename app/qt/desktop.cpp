@@ -24,12 +24,12 @@ int runDesktop(int argc, char** argv, const CommandLine& cl) {
     Application app;
     TMainFrame frame(app);
     setShell(&frame.qtShell());
-    startUp(app, StartupOptions{cl.home, cl.files, {}});
+    startUp(app, StartupOptions{cl.home, cl.files, {}, true});
     frame.applySettings();
     TInstanceServer server;
     if (!settings().allowMultiInst && server.listen(homeDir())) {
         QObject::connect(&server, &TInstanceServer::filesReceived, &frame, [&frame](const QStringList& files) {
-            for (const QString& f : files) frame.openFile(f.toLocal8Bit().toStdString());
+            for (const QString& f : files) frame.openCommandLineFile(f.toLocal8Bit().toStdString());
             frame.raise();
             frame.activateWindow();
         });
@@ -39,7 +39,7 @@ int runDesktop(int argc, char** argv, const CommandLine& cl) {
     // menu, and the last one comes back to the front after the last session's files.
     Document* front = nullptr;
     for (const std::string& f : cl.files)
-        if (findDocument(app, f)) front = frame.openFile(f);
+        if (findDocument(app, f)) front = frame.openCommandLineFile(f);
     frame.syncViews();  // documents of start-up scripts and those recovered from side files
     frame.restoreDesktop();
     if (isDocument(app, front)) {

@@ -1,6 +1,9 @@
 #include "app/qt/editor_view.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <memory>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QInputMethodEvent>
@@ -31,6 +34,8 @@ namespace zol {
 namespace {
 
 constexpr int kCaretBlinkMs = 500;
+// "RightMouseBtn": 0 opens the context menu, 1 pastes where the click was.
+constexpr int kRightButtonPastes = 1;
 constexpr int kLineCaretWidth = 2;
 
 uint16_t lookupPrimaryKey(uint16_t word) {
@@ -41,6 +46,12 @@ uint16_t lookupPrimaryKey(uint16_t word) {
 }
 
 QColor toQColor(Rgb c) { return QColor(c.r, c.g, c.b); }
+
+// Commands after which the gutter may appear or go; besides them, any command that
+// takes lines away may take the last bookmark with them.
+bool changesMarks(uint16_t id) {
+    return commandGroup(id) == static_cast<int>(CmdGroup::Marks) || id == idOf(Cmd::Undo) || id == idOf(Cmd::Redo);
+}
 
 }  // namespace
 
@@ -69,6 +80,7 @@ TVekWinEditor::TVekWinEditor(Document* doc, QWidget* parent) : QAbstractScrollAr
     setEditorFont(editorFont());
     verticalScrollBar()->setSingleStep(1);
     horizontalScrollBar()->setSingleStep(1);
+    refreshMarks();
     caretTimer_.setInterval(kCaretBlinkMs);
     connect(&caretTimer_, &QTimer::timeout, this, [this] {
         caretOn_ = !caretOn_;
@@ -143,12 +155,6 @@ std::vector<TVekWinEditor::Row> TVekWinEditor::layoutRows(int32_t firstLine, int
 }
 
 int TVekWinEditor::rulerHeight() const { return options().ruler ? lineHeight_ : 0; }
-
-int TVekWinEditor::gutterWidth() const {
-    if (!options().lineNumbers || !doc_) return 0;
-    const int digits = std::max(3, static_cast<int>(std::to_string(doc_->lines.count()).size()));
-    return (digits + 1) * charWidth_;
-}
 
 int TVekWinEditor::visibleRows() const {
     return std::max(1, (viewport()->height() - rulerHeight()) / lineHeight_);
@@ -301,16 +307,8 @@ void TVekWinEditor::paintEvent(QPaintEvent*) {
     }
     p.restore();
 
-    if (gutter > 0) {
-        p.fillRect(QRect(0, 0, gutter, viewport()->height()), palette().color(QPalette::AlternateBase));
-        const std::optional<Rgb> numberColour = lineNumberColour(table, slot);
-        p.setPen(numberColour ? toQColor(*numberColour) : palette().color(QPalette::PlaceholderText));
-        for (size_t i = 0; i < rows.size(); ++i) {
-            if (rows[i].begin != 0) continue;
-            const QRect cell(0, rulerHeight() + static_cast<int>(i) * lineHeight_, gutter - charWidth_ / 2, lineHeight_);
-            p.drawText(cell, Qt::AlignRight | Qt::AlignVCenter, QString::number(rows[i].line + 1));
-        }
-    }
+    paintWrapColumn(p);
+    if (gutter > 0) paintGutter(p, rows);
     if (options().ruler) paintRuler(p);
 
     if (hasFocus() && caretOn_) {
@@ -441,7 +439,12 @@ void TVekWinEditor::scriptCommand() {
 
 void TVekWinEditor::runCommand(uint16_t id, uint32_t param) {
     if (!live()) return;
+    if (const CommandRecord* r = findCommand(id); r && r->owner == CommandOwner::Inert) {
+        shell().statusMessage(qtmsg::kNotAvailable);
+        return;
+    }
     Document* doc = doc_;
+    const int32_t lines = doc->lines.count();
     execute(*doc, id, param);
     // The command may have closed the document (scripts, plug-ins).
     if (doc_ != doc || !live()) {
@@ -449,6 +452,7 @@ void TVekWinEditor::runCommand(uint16_t id, uint32_t param) {
         Q_EMIT documentClosed();
         return;
     }
+    if (changesMarks(id) || (marksShown_ && doc_->lines.count() < lines)) refreshMarks();
     afterCommand();
     Q_EMIT commandDone(id);
 }
@@ -542,6 +546,10 @@ void TVekWinEditor::focusOutEvent(QFocusEvent* e) {
 // ---- mouse ----
 
 void TVekWinEditor::mousePressEvent(QMouseEvent* e) {
+    if (live() && e->button() == Qt::RightButton && settings().rightMouseBtn == kRightButtonPastes) {
+        pasteAt(e->position().toPoint());
+        return;
+    }
     if (!live() || e->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(e);
     setFocus(Qt::MouseFocusReason);
     const Pos at = posAt(e->position().toPoint());
@@ -557,6 +565,55 @@ void TVekWinEditor::mousePressEvent(QMouseEvent* e) {
     doc_->desiredCol = -1;
     dragging_ = true;
     afterCommand();
+}
+
+void TVekWinEditor::pasteAt(QPoint p) {
+    setFocus(Qt::MouseFocusReason);
+    clearSelection(*doc_);
+    zol::setCursor(*doc_, posAt(p));
+    doc_->desiredCol = -1;
+    runCommand(idOf(Cmd::Paste));
+}
+
+bool TVekWinEditor::onSelection(Pos p) const {
+    Pos b, e;
+    if (!hasSelection(*doc_) || !selectionRange(*doc_, b, e)) return false;
+    if (isColumnSelection(*doc_))
+        return p.line >= b.line && p.line <= e.line && p.col >= selLeftCol(*doc_) && p.col < selRightCol(*doc_);
+    return !before(p, b) && before(p, e);
+}
+
+void TVekWinEditor::contextMenuEvent(QContextMenuEvent* e) {
+    if (!live() || !contextMenu) return;
+    QPoint at = e->globalPos();
+    if (e->reason() == QContextMenuEvent::Mouse) {
+        if (settings().rightMouseBtn == kRightButtonPastes) return;
+        // The menu acts where the click was, unless it was on the selection.
+        const Pos p = posAt(e->pos());
+        if (!onSelection(p)) {
+            clearSelection(*doc_);
+            zol::setCursor(*doc_, p);
+            doc_->desiredCol = -1;
+            afterCommand();
+        }
+    } else {
+        at = viewport()->mapToGlobal(caretRect().bottomLeft());
+    }
+    const std::unique_ptr<QMenu> menu(contextMenu(this));
+    if (menu) menu->exec(at);
+}
+
+bool TVekWinEditor::event(QEvent* e) {
+    // Keys of the key map (and every key that ends a prefix) belong to the editor,
+    // even where a menu item of the window has a shortcut of its own.
+    if (e->type() == QEvent::ShortcutOverride && live()) {
+        const auto* k = static_cast<QKeyEvent*>(e);
+        if (pending_ || lookupPrimaryKey(keyWordOf(k->key(), k->modifiers())) != 0) {
+            e->accept();
+            return true;
+        }
+    }
+    return QAbstractScrollArea::event(e);
 }
 
 void TVekWinEditor::mouseMoveEvent(QMouseEvent* e) {

@@ -1,5 +1,8 @@
 // TVekWinEditor: the window of one document. Paints the visible lines, turns key
 // presses and mouse actions into editor commands, and answers the engine's view hooks.
+// Its members are defined in editor_view.cpp and, for the gutter at the left of the
+// text (line bookmarks, numbered marks, line numbers) and the word-wrap column,
+// editor_view_gutter.cpp.
 #pragma once
 #include <QAbstractScrollArea>
 #include <QFont>
@@ -10,6 +13,8 @@
 
 #include "engine/document.h"
 #include "engine/shell.h"
+
+class QMenu;
 
 namespace zol {
 
@@ -29,10 +34,12 @@ public:
     void detach();
 
     // Whoever owns the window decides about commands the window itself cannot carry
-    // out (files, windows, help); true means it took the command.
+    // out (files, windows); true means it took the command.
     std::function<bool(TVekWinEditor*, uint16_t)> frameCommand;
     // True while the document is alive; the view may outlive it by a moment.
     std::function<bool(const Document*)> documentAlive;
+    // The context menu ("RightMouseBtn" 0), made by whoever owns the window.
+    std::function<QMenu*(TVekWinEditor*)> contextMenu;
 
     // Runs one command on the document and brings the window up to date.
     void runCommand(uint16_t id, uint32_t param = 0);
@@ -46,6 +53,12 @@ public:
     QRect caretRect() const;
     int charWidth() const { return charWidth_; }
     int lineHeight() const { return lineHeight_; }
+    // Looks again whether the document has line bookmarks or numbered marks, which the
+    // gutter shows; commands of the view look by themselves.
+    void refreshMarks();
+    bool marksShown() const { return marksShown_; }
+    // Width of the gutter at the left of the text, 0 when there is none.
+    int gutterWidth() const;
 
     // EditorView
     bool preCommand(uint16_t id, uint32_t param, uint32_t flags) override;
@@ -70,6 +83,8 @@ Q_SIGNALS:
     void commandDone(uint16_t id);
 
 protected:
+    bool event(QEvent* e) override;
+    void contextMenuEvent(QContextMenuEvent* e) override;
     void paintEvent(QPaintEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
@@ -99,7 +114,7 @@ private:
     std::vector<Row> layoutRows(int32_t firstLine, int count) const;
     int visibleRows() const;
     int visibleColumns() const;
-    int gutterWidth() const;
+    int marksWidth() const;
     int rulerHeight() const;
     Pos posAt(QPoint p) const;
     void typeText(const QString& text);
@@ -107,6 +122,10 @@ private:
     void updateScrollBars();
     void afterCommand();
     void paintRuler(QPainter& p);
+    void paintGutter(QPainter& p, const std::vector<Row>& rows);
+    void paintWrapColumn(QPainter& p);
+    void pasteAt(QPoint p);
+    bool onSelection(Pos p) const;
     void paintRow(QPainter& p, const Row& row, int y, std::string_view text, const uint8_t* colours);
 
     Document* doc_;
@@ -120,6 +139,7 @@ private:
     Pos dragAnchor_;
     QTimer caretTimer_;
     bool caretOn_ = true;
+    bool marksShown_ = false;
     mutable std::vector<uint8_t> colourBuf_;
 };
 

@@ -5,12 +5,14 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 #include <algorithm>
 
@@ -30,6 +32,7 @@
 #include "files/prompts.h"
 #include "files/save.h"
 #include "files/textfile.h"
+#include "platform/fileinfo.h"
 #include "platform/paths.h"
 #include "script/run_script.h"
 
@@ -47,19 +50,22 @@ constexpr int kAutoSaveTickMs = 5000;
 TMainFrame::TMainFrame(Application& app) : app_(app), shell_(std::make_unique<QtShell>(this)), mdi_(new QMdiArea(this)) {
     setWindowTitle(QString::fromLatin1(qtmsg::kAppTitle));
     setAcceptDrops(true);
-    mdi_->setViewMode(QMdiArea::TabbedView);
     mdi_->setTabsClosable(true);
     mdi_->setTabsMovable(true);
     mdi_->setDocumentMode(true);
     setCentralWidget(mdi_);
     connect(mdi_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* sub) {
-        if (TVekWinEditor* v = viewIn(sub); v && v->document()) setActiveDocument(app_, v->document());
+        if (TVekWinEditor* v = viewIn(sub); v && v->document()) {
+            setActiveDocument(app_, v->document());
+            v->setFocus();
+        }
         refreshStatus();
         refreshDocumentBar();
     });
     buildMenus();
     buildToolBars();
     buildStatusBar();
+    setTabbed(true);
     connect(&autoSaveTimer_, &QTimer::timeout, this, [this] { autoSaveTick(app_); });
     autoSaveTimer_.start(kAutoSaveTickMs);
     messageTimer_.setSingleShot(true);
@@ -84,11 +90,7 @@ TMainFrame::~TMainFrame() {
 }
 
 void TMainFrame::applySettings() {
-    const Settings& s = settings();
-    const WindowPlacement& w = s.window;
-    resize(std::max(w.width, 200), std::max(w.height, 150));
-    if (w.x != kDefaultWindowPos && w.y != kDefaultWindowPos) move(w.x, w.y);
-    if (w.maximized) setWindowState(windowState() | Qt::WindowMaximized);
+    placeWindow();
     applyViewSettings();
     recentViewLoad();
     refreshRecentMenu();
@@ -98,7 +100,7 @@ void TMainFrame::applyViewSettings() {
     const Settings& s = settings();
     statusBar()->setVisible(s.statusBar);
     toolBar_->setVisible(s.buttonBar);
-    documentBar_->setVisible(s.docToolBar);
+    documentBar_->setVisible(s.docToolBar && !tabbed());
     const QFont font = editorFont();
     for (QMdiSubWindow* sub : mdi_->subWindowList())
         if (TVekWinEditor* v = viewIn(sub)) {
@@ -128,36 +130,8 @@ void TMainFrame::syncViews() {
         mdi_->removeSubWindow(sub);
         sub->deleteLater();
     }
-    const QFont font = editorFont();
-    for (const auto& doc : app_.documents) {
-        if (viewOf(doc.get())) continue;
-        auto* view = new TVekWinEditor(doc.get());
-        view->setEditorFont(font);
-        view->documentAlive = [this](const Document* d) { return isDocument(app_, d); };
-        view->frameCommand = [this](TVekWinEditor* v, uint16_t id) { return frameCommand(v, id); };
-        connect(view, &TVekWinEditor::statusChanged, this, [this, view] {
-            if (view == activeView()) refreshStatus();
-        });
-        connect(view, &TVekWinEditor::documentClosed, this, &TMainFrame::syncViews, Qt::QueuedConnection);
-        // Modes and options are the same for every window.
-        connect(view, &TVekWinEditor::commandDone, this, [this](uint16_t id) {
-            if (commandGroup(id) == static_cast<int>(CmdGroup::Modes)) redrawViews();
-        });
-        connect(view, &TVekWinEditor::captionChanged, this, [this, view] {
-            if (QWidget* sub = view->parentWidget()) {
-                sub->setWindowTitle(view->caption());
-                sub->setWindowModified(view->document() && view->document()->modified);
-            }
-            refreshDocumentBar();
-        });
-        QMdiSubWindow* sub = mdi_->addSubWindow(view);
-        sub->setAttribute(Qt::WA_DeleteOnClose, false);
-        sub->installEventFilter(this);
-        sub->setWindowTitle(view->caption());
-        sub->setWindowModified(doc->modified);
-        sub->setToolTip(qs(doc->fileName));
-        sub->show();
-    }
+    for (const auto& doc : app_.documents)
+        if (!viewOf(doc.get())) addView(doc.get());
     if (TVekWinEditor* v = app_.active ? viewOf(app_.active) : nullptr) {
         if (QMdiSubWindow* sub = qobject_cast<QMdiSubWindow*>(v->parentWidget()); sub && sub != mdi_->activeSubWindow())
             mdi_->setActiveSubWindow(sub);
@@ -166,6 +140,39 @@ void TMainFrame::syncViews() {
     syncing_ = false;
     refreshDocumentBar();
     refreshStatus();
+}
+
+void TMainFrame::addView(Document* doc) {
+    auto* view = new TVekWinEditor(doc);
+    view->setEditorFont(editorFont());
+    view->documentAlive = [this](const Document* d) { return isDocument(app_, d); };
+    view->frameCommand = [this](TVekWinEditor* v, uint16_t id) { return frameCommand(v, id); };
+    view->contextMenu = [this](TVekWinEditor* v) { return contextMenu(v); };
+    connect(view, &TVekWinEditor::statusChanged, this, [this, view] {
+        if (view == activeView()) refreshStatus();
+    });
+    connect(view, &TVekWinEditor::documentClosed, this, &TMainFrame::syncViews, Qt::QueuedConnection);
+    // Modes and options are the same for every window.
+    connect(view, &TVekWinEditor::commandDone, this, [this](uint16_t id) {
+        if (commandGroup(id) == static_cast<int>(CmdGroup::Modes)) redrawViews();
+    });
+    connect(view, &TVekWinEditor::captionChanged, this, [this, view] {
+        if (QWidget* sub = view->parentWidget()) {
+            sub->setWindowTitle(view->caption());
+            sub->setWindowModified(view->document() && view->document()->modified);
+        }
+        refreshDocumentBar();
+        if (view == activeView()) refreshStatus();
+    });
+    QMdiSubWindow* sub = mdi_->addSubWindow(view);
+    sub->setAttribute(Qt::WA_DeleteOnClose, false);
+    sub->installEventFilter(this);
+    sub->setWindowTitle(view->caption());
+    sub->setWindowModified(doc->modified);
+    sub->setToolTip(qs(doc->fileName));
+    sub->setWindowIcon(style()->standardIcon(QStyle::SP_FileIcon));
+    if (tabbed()) fitToTabs(sub);
+    else sub->show();
 }
 
 Document* TMainFrame::openFile(const std::string& path) {
@@ -178,6 +185,15 @@ Document* TMainFrame::openFile(const std::string& path) {
     syncViews();
     if (firstWindow) restoreView(*doc);
     refreshStatus();
+    return doc;
+}
+
+Document* TMainFrame::openCommandLineFile(const std::string& path) {
+    Document* doc = openOrCreateDocument(app_, path);
+    if (!doc) return nullptr;
+    // A file on disk joins the recent files and gets its remembered cursor back.
+    if (fileExists(doc->fileName)) return openFile(doc->fileName);
+    syncViews();
     return doc;
 }
 
@@ -263,81 +279,62 @@ void TMainFrame::runExecScript() {
     redrawViews();
 }
 
-void TMainFrame::tile(bool horizontal) {
-    mdi_->setViewMode(QMdiArea::SubWindowView);
-    const QList<QMdiSubWindow*> subs = mdi_->subWindowList();
-    if (subs.isEmpty()) return;
-    const QRect area = mdi_->viewport()->rect();
-    const int n = static_cast<int>(subs.size());
-    for (int i = 0; i < n; ++i) {
-        subs[i]->showNormal();
-        if (horizontal) {
-            const int h = area.height() / n;
-            subs[i]->setGeometry(0, i * h, area.width(), h);
-        } else {
-            const int w = area.width() / n;
-            subs[i]->setGeometry(i * w, 0, w, area.height());
-        }
-    }
+void TMainFrame::saveFile(TVekWinEditor* view) {
+    Document* doc = view ? view->document() : nullptr;
+    if (!doc) return;
+    if (doc->hasFile) saveDocument(*doc);
+    else saveAs(*doc);
+    view->refreshCaption();
+    view->redraw();
+}
+
+std::span<const TMainFrame::FrameCommand> TMainFrame::frameCommands() {
+    using V = TVekWinEditor*;
+    static const FrameCommand table[] = {
+        {Cmd::SaveFile, [](TMainFrame& f, V v) { f.saveFile(v); }},
+        {Cmd::SaveFileAs, [](TMainFrame& f, V v) {
+             if (v && v->document()) f.saveAs(*v->document());
+         }},
+        {Cmd::WriteBlock, [](TMainFrame& f, V v) {
+             if (v && v->document()) f.writeBlock(*v->document());
+         }},
+        {Cmd::ReadBlock, [](TMainFrame& f, V v) {
+             if (!v || !v->document()) return;
+             if (v->document()->readOnly) v->readOnlyNotify();
+             else f.readBlock(*v->document());
+         }},
+        {Cmd::OpenFile, [](TMainFrame& f, V) { f.openFileDialog(); }},
+        {Cmd::NewFile, [](TMainFrame& f, V) { f.newFile(); }},
+        {Cmd::ExecScript, [](TMainFrame& f, V) { f.runExecScript(); }},
+        {Cmd::WindowMaximize, [](TMainFrame& f, V v) { f.showWindow(v, Qt::WindowMaximized); }},
+        {Cmd::WindowMinimize, [](TMainFrame& f, V v) { f.showWindow(v, Qt::WindowMinimized); }},
+        {Cmd::WindowRestore, [](TMainFrame& f, V v) { f.showWindow(v, Qt::WindowNoState); }},
+        {Cmd::WindowCascade, [](TMainFrame& f, V) { f.cascade(); }},
+        {Cmd::WindowTileHorz, [](TMainFrame& f, V) { f.tile(true); }},
+        {Cmd::WindowTileVert, [](TMainFrame& f, V) { f.tile(false); }},
+        {Cmd::PrevWindow, [](TMainFrame& f, V) { f.mdi_->activatePreviousSubWindow(); }},
+        {Cmd::NextWindow, [](TMainFrame& f, V) { f.mdi_->activateNextSubWindow(); }},
+    };
+    return table;
+}
+
+bool TMainFrame::handlesCommand(uint16_t id) {
+    return std::any_of(frameCommands().begin(), frameCommands().end(),
+                       [id](const FrameCommand& c) { return idOf(c.command) == id; });
 }
 
 bool TMainFrame::frameCommand(TVekWinEditor* view, uint16_t id) {
-    Document* doc = view ? view->document() : nullptr;
-    QMdiSubWindow* sub = view ? qobject_cast<QMdiSubWindow*>(view->parentWidget()) : nullptr;
-    switch (static_cast<Cmd>(id)) {
-    case Cmd::SaveFile:
-        if (doc) {
-            if (doc->hasFile) saveDocument(*doc);
-            else saveAs(*doc);
-            view->refreshCaption();
-        }
+    for (const FrameCommand& c : frameCommands()) {
+        if (idOf(c.command) != id) continue;
+        c.run(*this, view);
         return true;
-    case Cmd::SaveFileAs:
-        if (doc) saveAs(*doc);
-        return true;
-    case Cmd::WriteBlock:
-        if (doc) writeBlock(*doc);
-        return true;
-    case Cmd::ReadBlock:
-        if (doc && !doc->readOnly) readBlock(*doc);
-        else if (doc) view->readOnlyNotify();
-        return true;
-    case Cmd::OpenFile: openFileDialog(); return true;
-    case Cmd::NewFile: newFile(); return true;
-    case Cmd::Print:
-    case Cmd::HelpKeywordSearch:
-    case Cmd::HelpContents:
-    case Cmd::ApiAssistanceOn: showMessage(QString::fromLatin1(qtmsg::kNotAvailable)); return true;
-    case Cmd::ExecScript: runExecScript(); return true;
-    case Cmd::WindowMaximize:
-    case Cmd::WindowMinimize:
-    case Cmd::WindowRestore:
-        if (!sub) return true;
-        mdi_->setViewMode(QMdiArea::SubWindowView);
-        if (id == idOf(Cmd::WindowMaximize)) sub->showMaximized();
-        else if (id == idOf(Cmd::WindowMinimize)) sub->showMinimized();
-        else sub->showNormal();
-        return true;
-    case Cmd::WindowCascade:
-        mdi_->setViewMode(QMdiArea::SubWindowView);
-        for (QMdiSubWindow* s : mdi_->subWindowList()) s->showNormal();
-        mdi_->cascadeSubWindows();
-        return true;
-    case Cmd::WindowTileHorz: tile(true); return true;
-    case Cmd::WindowTileVert: tile(false); return true;
-    case Cmd::PrevWindow: mdi_->activatePreviousSubWindow(); return true;
-    case Cmd::NextWindow: mdi_->activateNextSubWindow(); return true;
-    default: return false;
     }
+    return false;
 }
 
-void TMainFrame::runOnActive(uint16_t id) {
-    TVekWinEditor* v = activeView();
-    if (v) {
-        v->runCommand(id);
-    } else if (frameCommand(nullptr, id)) {
-        // File and window commands work without a document.
-    }
+void TMainFrame::runOnActive(uint16_t id, uint32_t param) {
+    if (TVekWinEditor* v = activeView()) v->runCommand(id, param);
+    else frameCommand(nullptr, id);  // file and window commands work without a document
     syncViews();
 }
 
@@ -396,7 +393,10 @@ void TMainFrame::checkExternalChanges() {
 
 void TMainFrame::redrawViews() {
     for (QMdiSubWindow* sub : mdi_->subWindowList())
-        if (TVekWinEditor* v = viewIn(sub)) v->redraw();
+        if (TVekWinEditor* v = viewIn(sub)) {
+            v->refreshMarks();
+            v->redraw();
+        }
 }
 
 }  // namespace zol

@@ -1,18 +1,23 @@
 // TMainFrame: the main window. Holds one TVekWinEditor per document in an MDI area
-// (tabs, or tiled and cascaded windows), the menus built from the command table, the
-// tool and document bars, the status bar, and the frame's own commands (files,
-// windows, help). Its members are defined in main_frame.cpp (the frame, its windows
-// and commands), main_frame_menus.cpp (menus and bars) and main_frame_session.cpp
-// (the documents and windows of the last session).
+// (tabs, or tiled and cascaded windows), the menus of the menu table (app/qt/
+// messages.h), the command palette, the tool and document bars, the status bar, and
+// the frame's own commands (files, windows). Its members are defined in
+// main_frame.cpp (the frame, its files and commands), main_frame_windows.cpp (tabs and
+// separate windows), main_frame_menus.cpp (menus and bars), main_frame_palette.cpp
+// (the command palette and the context menu) and main_frame_session.cpp (placement,
+// and the documents and windows of the last session).
 #pragma once
 #include <QLabel>
 #include <QMainWindow>
 #include <QTimer>
+#include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "app/application.h"
+#include "engine/command_table.h"
 
 class QMdiArea;
 class QMdiSubWindow;
@@ -24,6 +29,7 @@ namespace zol {
 
 class TVekWinEditor;
 class QtShell;
+struct PaletteEntry;
 
 class TMainFrame : public QMainWindow {
     Q_OBJECT
@@ -45,6 +51,9 @@ public:
     // Opens (or activates) a file, restoring its cursor from "LastFilesInfo"; null when
     // it could not be opened (the reason is already shown).
     Document* openFile(const std::string& path);
+    // A file named on the command line: one that does not exist yet opens as an empty
+    // document of that name, which the first save creates.
+    Document* openCommandLineFile(const std::string& path);
     Document* newFile();
     // Closes a document with the save question; false when the user kept it.
     bool closeDocumentWindow(Document* doc);
@@ -61,8 +70,39 @@ public:
     void saveDesktop();
     // The status bar's texts, for tests.
     QString statusText() const;
-    // Carries out a command the view cannot (files, windows, help); true when taken.
+    // Carries out a command the view cannot (files, windows); true when taken.
     bool frameCommand(TVekWinEditor* view, uint16_t id);
+
+    // The commands the frame carries out, and its own actions that menus name.
+    struct FrameCommand {
+        Cmd command;
+        void (*run)(TMainFrame& frame, TVekWinEditor* view);
+    };
+    static std::span<const FrameCommand> frameCommands();
+    static bool handlesCommand(uint16_t id);
+    struct FrameAction {
+        const char* name;
+        void (*run)(TMainFrame& frame);
+    };
+    static std::span<const FrameAction> frameActions();
+    // False when no action has that name.
+    bool runFrameAction(const std::string& name);
+    // Runs a command on the active document (or, without one, a frame command).
+    void runOnActive(uint16_t id, uint32_t param = 0);
+    // The menu of the menu table by its name ("File", "RecentFiles", ...), or null.
+    QMenu* menu(const std::string& name) const;
+    // The view's context menu, for the caller to show and delete.
+    QMenu* contextMenu(TVekWinEditor* view);
+    // The command palette; runs what the user takes from it.
+    void openPalette();
+    void runPaletteEntry(const PaletteEntry& e);
+
+    // Tabs (each document filling the area) or separate windows.
+    bool tabbed() const;
+    void setTabbed(bool on);
+    // The placement of the first start (no "Window" key yet): two thirds of the screen,
+    // centred; later, the saved one, brought back onto a screen when it lies off all.
+    void placeWindow();
     // Offers to reload documents whose files changed on disk (when the window gets focus).
     void checkExternalChanges();
 
@@ -80,13 +120,22 @@ private:
     void refreshStatus();
     void refreshDocumentBar();
     void refreshRecentMenu();
-    void refreshKeyNames(QMenu* menu);
+    void refreshMenuState(QMenu* menu);
+    void refreshWindowMenu();
     // A file's cursor and window as "LastFilesInfo" remembers them.
     void restoreView(Document& doc);
     void rememberView(const Document& doc);
     void redrawViews();
+    void saveFile(TVekWinEditor* view);
     void tile(bool horizontal);
-    void runOnActive(uint16_t id);
+    void cascade();
+    void showWindow(TVekWinEditor* view, Qt::WindowState state);
+    void fitToTabs(QMdiSubWindow* sub);
+    void addView(Document* doc);
+    void closeActive();
+    void about();
+    void showOptions();
+    bool askParameter(const CommandRecord& r, uint32_t& param);
     void runExecScript();
     bool writeBlock(Document& doc);
     bool readBlock(Document& doc);
@@ -95,8 +144,12 @@ private:
     Application& app_;
     std::unique_ptr<QtShell> shell_;
     QMdiArea* mdi_;
+    std::map<std::string, QMenu*> menus_;
     QMenu* recentMenu_ = nullptr;
     QMenu* plugInMenu_ = nullptr;
+    QAction* tabsAction_ = nullptr;
+    QAction* paletteAction_ = nullptr;
+    QList<QAction*> windowItems_;
     QToolBar* toolBar_ = nullptr;
     QToolBar* documentBar_ = nullptr;
     QActionGroup* documentGroup_ = nullptr;

@@ -1,18 +1,23 @@
-// TMainFrame: the menus built from the command table, the tool and document bars and
-// the status bar.
+// TMainFrame: the menus made from the menu table, the frame's own actions, the tool
+// and document bars and the status bar.
 #include <QAction>
 #include <QActionGroup>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
 
+#include "app/qt/dialogs/key_mapping_dialog.h"
 #include "app/qt/dialogs/options_dialog.h"
+#include "app/qt/dialogs/syntax_dialog.h"
 #include "app/qt/main_frame.h"
 #include "app/qt/main_frame_util.h"
+#include "app/qt/menus.h"
 #include "app/qt/messages.h"
 #include "app/qt/qt_shell.h"
+#include "app/version.h"
 #include "config/keymap.h"
 #include "config/recent_files.h"
 #include "engine/command_table.h"
@@ -27,72 +32,118 @@ using frame::qs;
 
 // How long a message stays in the status bar.
 constexpr int kMessageMs = 10000;
-constexpr int kKeyNamesInMenu = 2;
+// The command palette's key; the shipped key map gives Ctrl+Shift+P to "Macro".
+constexpr QKeyCombination kPaletteKey = Qt::CTRL | Qt::SHIFT | Qt::Key_A;
 
-QString menuText(const CommandRecord& r) {
-    QString text = QString::fromLatin1(r.name);
-    const std::vector<std::string> keys = commandKeyNames(keyMap(), r.id);
-    QStringList names;
-    for (size_t i = 0; i < keys.size() && static_cast<int>(i) < kKeyNamesInMenu; ++i) names << qs(keys[i]);
-    if (!names.isEmpty()) text += QLatin1Char('\t') + names.join(QStringLiteral(", "));
-    return text;
+// Menu items that show a state with their check mark.
+struct Toggle {
+    Cmd command;
+    bool (*on)(const Document* doc);
+};
+const Toggle kToggles[] = {
+    {Cmd::ToggleLineNumbers, [](const Document*) { return options().lineNumbers; }},
+    {Cmd::ToggleRuler, [](const Document*) { return options().ruler; }},
+    {Cmd::ToggleVisibleSpaces, [](const Document*) { return options().visibleSpaces; }},
+    {Cmd::ToggleWordWrap, [](const Document* d) { return d && d->wordWrap; }},
+    {Cmd::ToggleInsert, [](const Document*) { return options().overwrite; }},
+    {Cmd::ToggleAutoIndent, [](const Document*) { return options().autoIndent; }},
+    {Cmd::ToggleAutoUnindent, [](const Document*) { return options().autoUnindent; }},
+    {Cmd::ToggleSelMode, [](const Document* d) { return d && d->selMode == SelMode::Column; }},
+    {Cmd::ToggleLineDraw, [](const Document* d) { return d && d->lineDrawing; }},
+};
+
+const Toggle* toggleOf(uint16_t id) {
+    for (const Toggle& t : kToggles)
+        if (idOf(t.command) == id) return &t;
+    return nullptr;
 }
 
 }  // namespace
 
-void TMainFrame::buildMenus() {
-    QMenu* menus[kCommandGroups + 1] = {};
-    auto menuOf = [&menus](CmdGroup g) -> QMenu*& { return menus[static_cast<int>(g)]; };
-    // The File menu comes first, as everywhere; the rest follow the table's groups.
-    const CmdGroup order[] = {CmdGroup::Files,     CmdGroup::Typing,  CmdGroup::Movement, CmdGroup::Selection,
-                              CmdGroup::Search,    CmdGroup::Marks,   CmdGroup::Block,    CmdGroup::Clipboard,
-                              CmdGroup::Tools,     CmdGroup::Modes,   CmdGroup::Special,  CmdGroup::Windows,
-                              CmdGroup::Help};
-    for (CmdGroup g : order) menuOf(g) = menuBar()->addMenu(QString::fromLatin1(qtmsg::kGroupMenus[static_cast<int>(g)]));
-    for (const CommandRecord& r : commandTable()) {
-        QAction* a = menuOf(r.group)->addAction(menuText(r));
-        a->setData(r.id);
-        if (r.description) a->setStatusTip(QString::fromLatin1(r.description));
-        // Commands that take a parameter come from keys, macros and scripts only.
-        a->setEnabled(r.kind != ParamKind::Char && r.kind != ParamKind::Number);
-        const uint16_t id = r.id;
-        connect(a, &QAction::triggered, this, [this, id] { runOnActive(id); });
+std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
+    static const FrameAction table[] = {
+        {"Close", [](TMainFrame& f) { f.closeActive(); }},
+        {"Exit", [](TMainFrame& f) { f.close(); }},
+        {"Options", [](TMainFrame& f) { f.showOptions(); }},
+        {"KeyMapping", [](TMainFrame& f) { TKeyMappingDlg::run(&f); }},
+        {"SyntaxHighlighting",
+         [](TMainFrame& f) {
+             if (TSyntaxHighlightDlg::run(&f)) f.redrawViews();
+         }},
+        {"Palette", [](TMainFrame& f) { f.openPalette(); }},
+        {"Tabs", [](TMainFrame& f) { f.setTabbed(!f.tabbed()); }},
+        {"About", [](TMainFrame& f) { f.about(); }},
+    };
+    return table;
+}
+
+bool TMainFrame::runFrameAction(const std::string& name) {
+    for (const FrameAction& a : frameActions()) {
+        if (name != a.name) continue;
+        a.run(*this);
+        return true;
     }
-    for (CmdGroup g : order) connect(menuOf(g), &QMenu::aboutToShow, this, [this, m = menuOf(g)] { refreshKeyNames(m); });
+    return false;
+}
 
-    QMenu* file = menuOf(CmdGroup::Files);
-    file->addSeparator();
-    file->addAction(QString::fromLatin1(qtmsg::kCloseAction), this, [this] {
-        if (TVekWinEditor* v = activeView()) closeDocumentWindow(v->document());
-    });
-    recentMenu_ = file->addMenu(QString::fromLatin1(qtmsg::kRecentMenu));
-    file->addSeparator();
-    file->addAction(QString::fromLatin1(qtmsg::kExitAction), this, &QWidget::close);
+void TMainFrame::closeActive() {
+    if (TVekWinEditor* v = activeView()) closeDocumentWindow(v->document());
+}
 
-    QMenu* tools = menuOf(CmdGroup::Tools);
-    tools->addSeparator();
-    tools->addAction(QString::fromLatin1(qtmsg::kOptionsAction), this, [this] {
-        if (TOptionsDialog::run(this)) applyViewSettings();
-    });
-    QMenu* window = menuOf(CmdGroup::Windows);
-    window->addSeparator();
-    QAction* tabs = window->addAction(QString::fromLatin1(qtmsg::kTabsAction));
-    tabs->setCheckable(true);
-    tabs->setChecked(true);
-    connect(tabs, &QAction::toggled, this, [this](bool on) {
-        mdi_->setViewMode(on ? QMdiArea::TabbedView : QMdiArea::SubWindowView);
-    });
-    connect(window, &QMenu::aboutToShow, this, [this, tabs] {
-        tabs->setChecked(mdi_->viewMode() == QMdiArea::TabbedView);
-    });
-    plugInMenu_ = menuBar()->addMenu(QString::fromLatin1(qtmsg::kPlugInsMenu));
+void TMainFrame::showOptions() {
+    if (TOptionsDialog::run(this)) applyViewSettings();
+}
+
+void TMainFrame::about() {
+    QMessageBox::about(this, QString::fromLatin1(qtmsg::kAboutTitle),
+                       QString::fromLatin1(qtmsg::kAboutText).arg(QString::fromLatin1(programVersion())));
+}
+
+QMenu* TMainFrame::menu(const std::string& name) const {
+    const auto it = menus_.find(name);
+    return it != menus_.end() ? it->second : nullptr;
+}
+
+void TMainFrame::buildMenus() {
+    MenuHooks hooks{[this](uint16_t id) { runOnActive(id); }, [this](const std::string& name) { runFrameAction(name); }};
+    menus_ = addMenuRows(menuBar(), qtmsg::kMenuBar, hooks);
+    for (const auto& [name, m] : menus_) {
+        connect(m, &QMenu::aboutToShow, this, [this, m = m] { refreshMenuState(m); });
+        for (QAction* a : m->actions()) {
+            if (menuAction(a) == "Tabs") {
+                tabsAction_ = a;
+                a->setCheckable(true);
+                a->setChecked(true);
+            } else if (menuAction(a) == "Palette") {
+                // The key map has the first say; this key works where it leaves it free.
+                paletteAction_ = a;
+                a->setShortcut(QKeySequence(kPaletteKey));
+                a->setShortcutContext(Qt::WindowShortcut);
+            }
+            if (toggleOf(menuCommand(a))) a->setCheckable(true);
+        }
+    }
+    recentMenu_ = menu("RecentFiles");
+    plugInMenu_ = menu("PlugIns");
+    if (QMenu* window = menu("Window")) connect(window, &QMenu::aboutToShow, this, &TMainFrame::refreshWindowMenu);
     rebuildPlugInMenu();
 }
 
-void TMainFrame::refreshKeyNames(QMenu* menu) {
-    for (QAction* a : menu->actions()) {
-        if (!a->data().isValid()) continue;
-        if (const CommandRecord* r = findCommand(static_cast<uint16_t>(a->data().toUInt()))) a->setText(menuText(*r));
+void TMainFrame::refreshMenuState(QMenu* m) {
+    refreshMenuKeys(m);
+    const TVekWinEditor* v = activeView();
+    const Document* doc = v ? v->document() : nullptr;
+    for (QAction* a : m->actions()) {
+        const uint16_t id = menuCommand(a);
+        const CommandRecord* r = id ? findCommand(id) : nullptr;
+        if (!r || r->owner == CommandOwner::Inert) continue;
+        // Without a document only the frame's commands have something to work on.
+        a->setEnabled(doc || handlesCommand(id));
+        if (const Toggle* t = toggleOf(id)) a->setChecked(t->on(doc));
+        if (r->id == idOf(Cmd::Undo) && doc) {
+            setMenuLabel(a, QString::fromLatin1(undoLabel(doc->undo)));
+            a->setEnabled(!doc->undo.undo.empty());
+        }
     }
 }
 
@@ -102,7 +153,7 @@ void TMainFrame::refreshRecentMenu() {
     const std::vector<std::string>& files = recentFiles().files;
     for (size_t i = 0; i < files.size(); ++i) {
         const std::string path = files[i];
-        recentMenu_->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(qs(path)), this, [this, path] { openFile(path); });
+        recentMenu_->addAction(QString::fromLatin1(qtmsg::kNumberedItem).arg(i + 1).arg(qs(path)), this, [this, path] { openFile(path); });
     }
     if (files.empty()) recentMenu_->addAction(QString::fromLatin1(qtmsg::kNoRecentFiles))->setEnabled(false);
 }
@@ -145,7 +196,7 @@ void TMainFrame::buildToolBars() {
         }
         const CommandRecord* r = findCommand(std::string_view(b.command));
         if (!r) continue;
-        QAction* a = toolBar_->addAction(style()->standardIcon(b.icon), QString::fromLatin1(r->name));
+        QAction* a = toolBar_->addAction(style()->standardIcon(b.icon), commandLabel(r->name));
         if (r->description) {
             a->setToolTip(QString::fromLatin1(r->description));
             a->setStatusTip(QString::fromLatin1(r->description));
@@ -156,7 +207,7 @@ void TMainFrame::buildToolBars() {
     for (const char* name : {"Cut", "Copy", "Paste"}) {
         const CommandRecord* r = findCommand(std::string_view(name));
         if (!r) continue;
-        QAction* a = toolBar_->addAction(QString::fromLatin1(r->name));
+        QAction* a = toolBar_->addAction(commandLabel(r->name));
         if (r->description) a->setStatusTip(QString::fromLatin1(r->description));
         const uint16_t id = r->id;
         connect(a, &QAction::triggered, this, [this, id] { runOnActive(id); });
@@ -178,7 +229,7 @@ void TMainFrame::refreshDocumentBar() {
     for (const auto& doc : app_.documents) {
         Document* d = doc.get();
         QString name = qs(std::string(fileNamePart(d->fileName)));
-        if (d->modified) name += QLatin1Char('*');
+        if (d->modified) name += QLatin1String(qtmsg::kModifiedMark);
         QAction* a = documentBar_->addAction(name);
         a->setToolTip(qs(d->fileName));
         a->setCheckable(true);
@@ -226,7 +277,9 @@ void TMainFrame::refreshStatus() {
     recording_->setText(doc->recorder != Recorder::Idle ? QString::fromLatin1(qtmsg::kRecording) : QString());
     const uint16_t prefix = v->pendingPrefixKey();
     prefix_->setText(prefix ? QString::fromLatin1(qtmsg::kPendingPrefix).arg(qs(keyName(prefix))) : QString());
-    setWindowTitle(QString::fromLatin1(qtmsg::kAppTitle) + QStringLiteral(" - ") + qs(doc->fileName));
+    setWindowTitle(QString::fromLatin1(qtmsg::kWindowTitle)
+                       .arg(qs(std::string(fileNamePart(doc->fileName))),
+                            doc->modified ? QString::fromLatin1(qtmsg::kModifiedMark) : QString()));
 }
 
 QString TMainFrame::statusText() const {

@@ -1,8 +1,11 @@
-// TMainFrame: the session. The documents of the last session (the "Desktop" section
-// and the "AutoLoad" list), each file's cursor and window from "LastFilesInfo", and
-// the frame's own placement.
+// TMainFrame: the session. The frame's placement, the documents of the last session
+// (the "Desktop" section and the "AutoLoad" list), and each file's cursor and window
+// from "LastFilesInfo".
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMdiArea>
+#include <QScreen>
+#include <QStyle>
 #include <algorithm>
 
 #include "app/qt/main_frame.h"
@@ -19,7 +22,58 @@ namespace {
 constexpr const char* kDesktopSection = "Desktop";
 constexpr int kDesktopFiles = 64;
 
+// The share of the screen a first start takes, in each direction.
+constexpr int kFirstStartNumerator = 2;
+constexpr int kFirstStartDenominator = 3;
+constexpr int kMinWidth = 200;
+constexpr int kMinHeight = 150;
+// A window counts as on a screen when this much of its top edge, where the title bar
+// is grabbed, lies on one.
+constexpr int kGrip = 40;
+// Room for the window manager's frame around the placement, which is the inside of the
+// window: its title bar above, thin borders elsewhere.
+constexpr int kFrameTop = 32;
+constexpr int kFrameSide = 8;
+
+bool reachable(const QRect& r) {
+    const QRect top(r.x(), r.y(), r.width(), kGrip / 2);
+    for (const QScreen* s : QGuiApplication::screens()) {
+        const QRect on = top & s->availableGeometry();
+        if (on.width() >= kGrip && on.height() > 0) return true;
+    }
+    return false;
+}
+
 }  // namespace
+
+void TMainFrame::placeWindow() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen) return;
+    const QRect avail = screen->availableGeometry();
+    const std::string saved = getProfileString("Settings", "Window", "", kSettingsFile);
+    if (saved.empty()) {
+        const QSize size(avail.width() * kFirstStartNumerator / kFirstStartDenominator,
+                         avail.height() * kFirstStartNumerator / kFirstStartDenominator);
+        setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, avail));
+        return;
+    }
+    // The store read the key before any screen was known.
+    const QRect desktop = screen->virtualGeometry();
+    ProfileEnv env;
+    env.screenWidth = desktop.x() + desktop.width();
+    env.screenHeight = desktop.y() + desktop.height();
+    const WindowPlacement w = settings().window = windowFromText(saved, env);
+    const QRect inner = avail.adjusted(kFrameSide, kFrameTop, -kFrameSide, -kFrameSide);
+    const QSize size(std::clamp(w.width, kMinWidth, std::max(kMinWidth, inner.width())),
+                     std::clamp(w.height, kMinHeight, std::max(kMinHeight, inner.height())));
+    QRect r = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, inner);
+    if (w.x != kDefaultWindowPos && w.y != kDefaultWindowPos) r.moveTo(w.x, w.y);
+    if (!reachable(r))
+        r.moveTo(std::clamp(r.x(), inner.left(), std::max(inner.left(), inner.right() + 1 - r.width())),
+                 std::clamp(r.y(), inner.top(), std::max(inner.top(), inner.bottom() + 1 - r.height())));
+    setGeometry(r);
+    if (w.maximized) setWindowState(windowState() | Qt::WindowMaximized);
+}
 
 void TMainFrame::restoreView(Document& doc) {
     const RecentView* r = recentViewFind(doc.fileName);

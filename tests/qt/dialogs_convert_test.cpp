@@ -2,11 +2,13 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QListWidget>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include "app/qt/dialogs/convert_dialogs.h"
+#include "app/qt/menus.h"
 #include "engine/command_table.h"
 #include "engine/undo.h"
 #include "files/codepage.h"
@@ -31,10 +33,16 @@ protected:
     // Through the menu, as the user would.
     void menu(Cmd c) {
         for (QAction* m : frame_->menuBar()->actions())
-            if (m->menu())
-                for (QAction* a : m->menu()->actions())
-                    if (a->data().isValid() && a->data().toUInt() == idOf(c)) return a->trigger();
+            if (QAction* a = itemIn(m->menu(), idOf(c))) return a->trigger();
         ADD_FAILURE() << "no menu item for command " << idOf(c);
+    }
+    static QAction* itemIn(QMenu* menu, uint16_t id) {
+        if (!menu) return nullptr;
+        for (QAction* a : menu->actions()) {
+            if (menuCommand(a) == id) return a;
+            if (QAction* inner = itemIn(a->menu(), id)) return inner;
+        }
+        return nullptr;
     }
 };
 

@@ -1,13 +1,10 @@
-// The frame around the views: files on disk, menus from the command table, and the
+// The frame around the views: files on disk, the session, a second instance, and the
 // conversions between the desktop and the editor's bytes.
-#include <QAction>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QDir>
 #include <atomic>
 #include <chrono>
 #include <thread>
-#include <map>
 
 #include "app/qt/key_words.h"
 #include "app/qt/single_instance.h"
@@ -79,19 +76,6 @@ TEST_F(FrameTest, ReopenedFileComesBackWhereItsCursorWas) {
     EXPECT_EQ(d->cursor, makePos(8, 120));
     EXPECT_LE(view()->firstVisibleLine(), 120);
     EXPECT_GT(view()->firstVisibleLine() + view()->pageLines(), 120);
-}
-
-TEST_F(FrameTest, EveryCommandHasAMenuItemWithItsKeys) {
-    std::map<uint16_t, QString> items;
-    for (QAction* menu : frame_->menuBar()->actions()) {
-        if (!menu->menu()) continue;
-        Q_EMIT menu->menu()->aboutToShow();
-        for (QAction* a : menu->menu()->actions())
-            if (a->data().isValid()) items[static_cast<uint16_t>(a->data().toUInt())] = a->text();
-    }
-    for (const CommandRecord& r : commandTable()) EXPECT_TRUE(items.count(r.id)) << r.name;
-    EXPECT_TRUE(items[findCommand(std::string_view("SaveFile"))->id].endsWith("\tCtrl+S, Ctrl+K, S"))
-        << items[findCommand(std::string_view("SaveFile"))->id].toStdString();
 }
 
 TEST_F(FrameTest, SessionDocumentsComeBackNextTime) {

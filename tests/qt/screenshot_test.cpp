@@ -1,4 +1,5 @@
-// The main window with a C file open (colours, a selection, line numbers) and the Find
+// The main window with a C file open (colours, a selection, line numbers, a bookmark
+// and a numbered mark in the gutter) and the Find
 // dialog look as they did when the reference pictures in tests/qt/reference/ were made.
 // The new pictures go to BUILD/screenshots/; docs/desktop.md says how to refresh the
 // references.
@@ -8,6 +9,7 @@
 #include <optional>
 
 #include "app/qt/dialogs/find_dialog.h"
+#include "engine/bookmarks.h"
 #include "qt_fixture.h"
 #include "search/history.h"
 
@@ -57,6 +59,9 @@ TEST_F(ScreenshotTest, MainWindowWithACFile) {
     QTest::keyClick(view(), Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(view(), Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(view(), Qt::Key_End, Qt::ShiftModifier);
+    setBookmark(doc(), 8, true);
+    doc().marks.numbered[1] = NumberedMark{makePos(8, 12), true};
+    view()->refreshMarks();
     QApplication::processEvents();
     const std::optional<double> changed = changedFromReference(frame_->grab().toImage(), "main_window", 64);
     if (!changed) GTEST_SKIP() << "no reference picture; see docs/desktop.md";
