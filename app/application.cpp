@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 
 #include "config/default_keys.h"
@@ -74,7 +75,18 @@ void recoverIfAlone(Application& app) {
 
 }  // namespace
 
+namespace {
+
+Application* guarded = nullptr;
+
+void saveGuardedWork() {
+    if (guarded && guarded->started) autoSaveNow(*guarded);
+}
+
+}  // namespace
+
 Application::~Application() {
+    if (guarded == this) guarded = nullptr;
     if (documentList() == &list) setDocumentList(nullptr);
     documents.clear();
 }
@@ -139,6 +151,7 @@ void startUp(Application& app, const StartupOptions& opts) {
 }
 
 void shutDown(Application& app) {
+    if (guarded == &app) guarded = nullptr;
     if (app.started) {
         const intptr_t active = reinterpret_cast<intptr_t>(app.active);
         sendEvent(kEventFrameClosing, active);
@@ -240,6 +253,15 @@ void autoSaveTick(Application& app, int64_t nowMs) {
     if (nowMs - app.lastAutoSaveMs < options().autoSaveEvery * kMsPerMinute) return;
     app.lastAutoSaveMs = nowMs;
     for (const auto& doc : app.documents) autoSaveDocument(*doc, homeDir());
+}
+
+void autoSaveNow(Application& app) {
+    for (const auto& doc : app.documents) autoSaveDocument(*doc, homeDir());
+}
+
+void guardAgainstAbruptEnd(Application& app) {
+    static const bool registered = std::atexit(saveGuardedWork) == 0;
+    if (registered) guarded = &app;
 }
 
 void autoSaveTick(Application& app) {

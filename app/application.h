@@ -88,6 +88,13 @@ bool isDocument(const Application& app, const Document* doc);
 void autoSaveTick(Application& app, int64_t nowMs);
 // The same on the steady clock.
 void autoSaveTick(Application& app);
+// Writes every modified document to its side file now, whatever the timer and the
+// "AutoSave" setting say: the program is about to end without asking anything.
+void autoSaveNow(Application& app);
+// From here until shutDown, a process end that skips shutDown (the toolkit exits when
+// its display goes away) first writes the modified documents to their side files, so
+// the next start offers them back.
+void guardAgainstAbruptEnd(Application& app);
 
 // The folder whose files are copied into a new home.
 std::string shippedDataDir();

@@ -1,6 +1,7 @@
 #include "app/qt/desktop.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 
 #include "app/application.h"
 #include "app/qt/main_frame.h"
@@ -9,8 +10,27 @@
 #include "config/settings.h"
 #include "platform/paths.h"
 #include "platform/profile.h"
+#include "platform/termination.h"
 
 namespace zol {
+
+namespace {
+
+// Ended from outside (the terminal closed, the session logs out, a kill): there is no
+// one left to answer questions, so the modified documents go to their side files and
+// the program ends at once, to be offered them back at the next start.
+void watchTermination(Application& app) {
+    const int fd = terminationSignalPipe();
+    if (fd < 0) return;
+    auto* notifier = new QSocketNotifier(fd, QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, [&app] {
+        const int sig = takeTerminationSignal();
+        autoSaveNow(app);
+        exitAtOnce(kSignalExitBase + sig);
+    });
+}
+
+}  // namespace
 
 int runDesktop(int argc, char** argv, const CommandLine& cl) {
     QApplication qapp(argc, argv);
@@ -25,6 +45,8 @@ int runDesktop(int argc, char** argv, const CommandLine& cl) {
     TMainFrame frame(app);
     setShell(&frame.qtShell());
     startUp(app, StartupOptions{cl.home, cl.files, {}, true});
+    guardAgainstAbruptEnd(app);
+    watchTermination(app);
     frame.applySettings();
     TInstanceServer server;
     if (!settings().allowMultiInst && server.listen(homeDir())) {

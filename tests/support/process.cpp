@@ -52,6 +52,10 @@ bool Process::kill() {
     return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
+void Process::terminate() {
+    if (started()) ::kill(pid_, SIGTERM);
+}
+
 Outcome Process::wait() {
     Outcome o;
     if (started()) {

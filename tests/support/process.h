@@ -38,6 +38,8 @@ public:
     bool waitForOutput(std::string_view text, std::chrono::milliseconds limit);
     // Ends it with SIGKILL; true when that signal is what ended it.
     bool kill();
+    // Asks it to end, as a logout or a closed terminal does (SIGTERM).
+    void terminate();
     Outcome wait();
 
 private:

@@ -2,7 +2,7 @@
 # The desktop editor on a real X server: an Xvfb of its own with openbox, the real
 # zolder with a fresh home and a file that does not exist yet. Checks that the window
 # opens large, that the document fills the area below its tab, that typed keys reach
-# it and that Ctrl+S writes them. Exits 77 (skipped) without Xvfb, openbox or xdotool.
+# it, that Ctrl+S writes them, and that work not yet saved outlives the display. Exits 77 (skipped) without Xvfb, openbox or xdotool.
 #   run.sh ZOLDER PROBE
 set -u
 zolder=$1
@@ -86,4 +86,16 @@ wait_for 50 test -f "$file" || fail "Ctrl+S wrote nothing"
 bytes=$(od -An -c "$file" | tr -s ' \n' ' ')
 [ "$(cat "$file")" = "$(printf 'one\r\ntwo')" ] || fail "the file holds:$bytes"
 echo "saved:$bytes"
+
+# The display goes away under unsaved work: the editor ends, its work kept in a side
+# file for the next start, the saved file as it was.
+xdotool type --delay 20 "three"
+sleep 0.3
+kill "${pids[0]}"
+wait_for 100 sh -c "! kill -0 ${pids[2]} 2>/dev/null" || fail "the editor outlived its display"
+side=$(ls "$work/home"/~zol*.asd 2>/dev/null | head -1)
+[ -n "$side" ] || fail "no side file after the display went: $(cat "$work/zolder.log")"
+[ "$(cat "$side")" = "$(printf 'one\r\ntwothree')" ] || fail "the side file holds: $(od -An -c "$side")"
+[ "$(cat "$file")" = "$(printf 'one\r\ntwo')" ] || fail "the saved file changed"
+echo "display gone, work kept in $(basename "$side")"
 echo "passed"
