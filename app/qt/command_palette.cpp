@@ -76,9 +76,13 @@ bool paletteMatches(const PaletteEntry& e, const QStringList& words) {
 
 int paletteRank(const PaletteEntry& e, const QStringList& words) {
     if (words.isEmpty()) return 0;
+    const QString whole = words.join(QLatin1Char(' '));
+    if (e.label.compare(whole, Qt::CaseInsensitive) == 0 || e.name.compare(whole, Qt::CaseInsensitive) == 0) return 0;
     const QString& first = words.front();
-    if (e.name.startsWith(first, Qt::CaseInsensitive) || e.label.startsWith(first, Qt::CaseInsensitive)) return 0;
-    return startsWord(e.title, first) || startsWord(e.label, first) ? 1 : 2;
+    // What the menus show is what people type: "save" means Save before SaveCursorPos.
+    if (e.label.startsWith(first, Qt::CaseInsensitive)) return 1;
+    if (e.name.startsWith(first, Qt::CaseInsensitive)) return 2;
+    return startsWord(e.title, first) || startsWord(e.label, first) ? 3 : 4;
 }
 
 // The entries the filter lets through, best first, as rows of three columns:

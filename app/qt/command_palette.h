@@ -38,8 +38,9 @@ std::vector<PaletteEntry> paletteEntries(std::span<const qtmsg::MenuRow> menuRow
 QStringList paletteWords(const QString& filter);
 // True when every word occurs in the entry.
 bool paletteMatches(const PaletteEntry& e, const QStringList& words);
-// Where a matching entry goes in the list: 0 when its name or menu label begins with
-// the first word, 1 when a word of it does, 2 otherwise; the table's order within.
+// Where a matching entry goes in the list, best first: its menu label or name is the
+// whole filter; its menu label begins with the first word; its name does; a word of
+// its description or label does; anything else. The table's order within each.
 int paletteRank(const PaletteEntry& e, const QStringList& words);
 
 class TCommandPalette : public QDialog {

@@ -121,6 +121,10 @@ TEST_F(MenuTest, PaletteNarrowsAsYouTypeAndRunsTheCommandThroughTheExecutor) {
         QTest::keyClicks(p->filterEdit(), "print");
         EXPECT_EQ(p->selected(), nullptr);  // listed, but not to be run here
         p->filterEdit()->clear();
+        QTest::keyClicks(p->filterEdit(), "save");
+        ASSERT_NE(p->selected(), nullptr);
+        EXPECT_EQ(p->selected()->name, "SaveFile") << "the menus' Save comes before SaveCursorPos";
+        p->filterEdit()->clear();
         QTest::keyClicks(p->filterEdit(), "sel");
         const int some = p->shownCount();
         EXPECT_LT(some, all);
