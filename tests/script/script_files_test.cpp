@@ -174,7 +174,7 @@ TEST_P(ScriptFile, RunsAsAnnotated) {
     const fs::path dir = fs::temp_directory_path() / ("zolder_script_" + std::to_string(::getpid()));
     fs::create_directories(dir);
     std::ofstream(dir / "in", std::ios::binary) << want.input;
-    const bool editor = GetParam().rfind("editor/", 0) == 0;
+    const bool editor = GetParam().rfind("editor/", 0) == 0 || GetParam().rfind("starters/", 0) == 0;
     const Outcome got = editor ? runEditorScript(script, want, dir) : runBinary(script, want, dir);
     fs::remove_all(dir);
     EXPECT_EQ(got.out, want.out);
