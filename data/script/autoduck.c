@@ -213,6 +213,24 @@ BOOL FindParamName(char *s, int nLen, char **pName, int *pNameLen)
    return TRUE;
 }
 
+/* Appends a line of the comment: the indent and the text, and for a tag with fields
+   the type, when there is one, and the name. */
+void AppendLine(TEXT *pOut, const char *szIndent, const char *szText, const char *szType, const char *szName)
+{
+   AppendString(pOut, szIndent);
+   AppendString(pOut, szText);
+   if (szName) {
+      if (szType[0]) {
+         AppendString(pOut, " ");
+         AppendString(pOut, szType);
+      }
+      AppendString(pOut, " | ");
+      AppendString(pOut, szName);
+      AppendString(pOut, " |");
+   }
+   AppendString(pOut, "\r\n");
+}
+
 /* Appends the @parm line of one parameter declaration: its type (the declaration
    without its name and default) and its name. */
 void AppendParam(TEXT *pOut, const char *szIndent, char *s, int nLen)
@@ -222,8 +240,7 @@ void AppendParam(TEXT *pOut, const char *szIndent, char *s, int nLen)
 
    CopyTrimmed(szName, s, nLen);
    if (strcmp(szName, "...") == 0) {
-      AppendString(pOut, szIndent);
-      AppendString(pOut, " * @parmvar\r\n");
+      AppendLine(pOut, szIndent, " * @parmvar", NULL, NULL);
       return;
    }
    if ((pEq = memchr(s, '=', nLen)) != NULL)
@@ -239,12 +256,7 @@ void AppendParam(TEXT *pOut, const char *szIndent, char *s, int nLen)
       szType[i++] = ' ';
    strncpy(szType + i, szAfter, WORD_SIZE - 1 - i);
    szType[WORD_SIZE - 1] = '\0';
-   AppendString(pOut, szIndent);
-   AppendString(pOut, " * @parm ");
-   AppendString(pOut, szType);
-   AppendString(pOut, " | ");
-   AppendString(pOut, szName);
-   AppendString(pOut, " |\r\n");
+   AppendLine(pOut, szIndent, " * @parm", szType, szName);
 }
 
 /* The return type: what precedes the name, without the specifiers and Java
@@ -266,13 +278,36 @@ void GetReturnType(char *szType, char *pName)
    CopyTrimmed(szType, p, pName > p ? pName - p : 0);
 }
 
+/* Appends the comment for a function of that type and name whose parameter list
+   opens at pOpen. */
+void WriteComment(TEXT *pOut, const char *szIndent, const char *szType, const char *szName, char *pOpen)
+{
+   char *pStart[MAX_PARAMS], szFirst[WORD_SIZE];
+   int nLen[MAX_PARAMS], nParams = SplitParams(pOpen, pStart, nLen), i;
+
+   AppendLine(pOut, szIndent, "/*", NULL, NULL);
+   AppendLine(pOut, szIndent, " * @func", szType, szName);
+   szFirst[0] = '\0';
+   if (nParams == 1)
+      CopyTrimmed(szFirst, pStart[0], nLen[0]);
+   if (nParams > 1 || (szFirst[0] && strcmp(szFirst, "void") != 0)) {
+      AppendLine(pOut, szIndent, " *", NULL, NULL);
+      for (i = 0; i < nParams; i++)
+         AppendParam(pOut, szIndent, pStart[i], nLen[i]);
+   }
+   if (szType[0] && strcmp(szType, "void") != 0) {
+      AppendLine(pOut, szIndent, " *", NULL, NULL);
+      AppendLine(pOut, szIndent, " * @rdesc", NULL, NULL);
+   }
+   AppendLine(pOut, szIndent, " */", NULL, NULL);
+}
+
 /* Builds the comment for the header in szHeader into pOut; FALSE when the header is
    no function's. */
 BOOL BuildComment(const char *szIndent, TEXT *pOut)
 {
-   char *pOpen = strchr(szHeader, '('), *pName, *pStart[MAX_PARAMS];
+   char *pOpen = strchr(szHeader, '('), *pName;
    char szName[WORD_SIZE], szType[WORD_SIZE];
-   int nLen[MAX_PARAMS], nParams, i;
 
    for (pName = pOpen; pName > szHeader && isspace(pName[-1]); pName--)
       ;
@@ -287,32 +322,7 @@ BOOL BuildComment(const char *szIndent, TEXT *pOut)
    /* "x = f(a);" and the like are calls, not headers. */
    if (strpbrk(szType, "=;{}()") != NULL)
       return FALSE;
-   nParams = SplitParams(pOpen, pStart, nLen);
-
-   AppendString(pOut, szIndent);
-   AppendString(pOut, "/*\r\n");
-   AppendString(pOut, szIndent);
-   AppendString(pOut, " * @func ");
-   AppendString(pOut, szType);
-   AppendString(pOut, szType[0] ? " | " : "| ");
-   AppendString(pOut, szName);
-   AppendString(pOut, " |\r\n");
-   if (nParams == 1)
-      CopyTrimmed(szName, pStart[0], nLen[0]);
-   if (nParams > 1 || (nParams == 1 && szName[0] && strcmp(szName, "void") != 0)) {
-      AppendString(pOut, szIndent);
-      AppendString(pOut, " *\r\n");
-      for (i = 0; i < nParams; i++)
-         AppendParam(pOut, szIndent, pStart[i], nLen[i]);
-   }
-   if (szType[0] && strcmp(szType, "void") != 0) {
-      AppendString(pOut, szIndent);
-      AppendString(pOut, " *\r\n");
-      AppendString(pOut, szIndent);
-      AppendString(pOut, " * @rdesc\r\n");
-   }
-   AppendString(pOut, szIndent);
-   AppendString(pOut, " */\r\n");
+   WriteComment(pOut, szIndent, szType, szName, pOpen);
    return TRUE;
 }
 
