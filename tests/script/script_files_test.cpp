@@ -145,7 +145,10 @@ public:
     }
     ~StandardStreams() {
         std::fflush(nullptr);
-        for (int fd = 0; fd < 3; ++fd) ::dup2(saved_[fd], fd), ::close(saved_[fd]);
+        for (int fd = 0; fd < 3; ++fd) {
+            ::dup2(saved_[fd], fd);
+            ::close(saved_[fd]);
+        }
         forgetInput();
     }
     StandardStreams(const StandardStreams&) = delete;
