@@ -6,18 +6,22 @@
 //   // stderr: TEXT   one line the editor writes on standard error (a message box)
 //   // in: TEXT       one line of standard input
 //   // args: A B ...  arguments after the script
-// Scripts of tests/script/editor/ drive documents, so they run in this process through
-// the headless application's start-up, each in a home of its own, and may also carry:
+// Scripts of tests/script/editor/, starters/ and examples/ drive documents, so they run
+// in this process through the headless application's start-up, each in a home of its
+// own, and may also carry:
 //   // doc: NAME      a file opened before the run (the last one is active), whose
 //   // | TEXT         lines follow, one annotation each
 //   // doc-after: NAME   the lines that document holds when the run has ended
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <stdio_ext.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -26,7 +30,7 @@
 #include "app/application.h"
 #include "app/headless_shell.h"
 #include "platform/paths.h"
-#include "script/runner.h"
+#include "script/run_script.h"
 
 namespace {
 
@@ -88,6 +92,14 @@ Expectation expectationsOf(const fs::path& script) {
     return e;
 }
 
+// Scripts of these folders open documents: the starter scripts of data/script/ and the
+// examples of docs/scripts.md among them.
+bool drivesDocuments(const std::string& script) {
+    for (const char* folder : {"editor/", "starters/", "examples/"})
+        if (script.rfind(folder, 0) == 0) return true;
+    return false;
+}
+
 std::vector<std::string> scripts() {
     std::vector<std::string> v;
     const fs::path root = fs::path(ZOLDER_SOURCE_DIR) / "tests" / "script";
@@ -120,7 +132,44 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-// The start-up of the headless runner with the annotated documents, the script run as
+// While it lives, the process's standard streams are the files in, out and err of dir,
+// as a shell gives them to the binary: runScript hands a script the process's own.
+class StandardStreams {
+public:
+    explicit StandardStreams(const fs::path& dir) {
+        std::fflush(nullptr);
+        for (int fd = 0; fd < 3; ++fd) saved_[fd] = ::dup(fd);
+        point(0, dir / "in", O_RDONLY);
+        point(1, dir / "out", O_WRONLY | O_CREAT | O_TRUNC);
+        point(2, dir / "err", O_WRONLY | O_CREAT | O_TRUNC);
+    }
+    ~StandardStreams() {
+        std::fflush(nullptr);
+        for (int fd = 0; fd < 3; ++fd) {
+            ::dup2(saved_[fd], fd);
+            ::close(saved_[fd]);
+        }
+        forgetInput();
+    }
+    StandardStreams(const StandardStreams&) = delete;
+    StandardStreams& operator=(const StandardStreams&) = delete;
+
+private:
+    // What stdin read ahead from one run's input must not reach the next.
+    static void forgetInput() {
+        __fpurge(stdin);
+        std::clearerr(stdin);
+    }
+    void point(int fd, const fs::path& file, int flags) {
+        if (fd == 0) forgetInput();
+        const int opened = ::open(file.c_str(), flags, 0644);
+        ::dup2(opened, fd);
+        ::close(opened);
+    }
+    int saved_[3];
+};
+
+// The headless runner's start-up with the annotated documents, the script run as
 // "--run" runs it, and the documents' text taken before the application shuts down.
 Outcome runEditorScript(const fs::path& script, const Expectation& want, const fs::path& dir) {
     std::vector<std::string> files;
@@ -128,28 +177,21 @@ Outcome runEditorScript(const fs::path& script, const Expectation& want, const f
         files.push_back((dir / d.name).string());
         std::ofstream(files.back(), std::ios::binary) << joined(d.lines);
     }
-    std::vector<std::string> args{script.string()};
+    std::vector<std::string> args;
     std::istringstream words(want.args);
     for (std::string w; words >> w;) args.push_back(w);
-    FILE* in = std::fopen((dir / "in").c_str(), "rb");
-    FILE* out = std::fopen((dir / "out").c_str(), "wb");
-    FILE* err = std::fopen((dir / "err").c_str(), "wb");
     const fs::path before = fs::current_path();
     fs::current_path(dir);
     Outcome o;
     {
-        zol::HeadlessShell shell(err);
+        StandardStreams streams(dir);
+        zol::HeadlessShell shell;
         zol::setShell(&shell);
         zol::Application app;
         shell.attach(&app);
         zol::startUp(app, zol::StartupOptions{(dir / "home").string(), files, {}});
-        zol::ScriptRunOptions opts;
-        opts.includeDir = zol::homeDir() + "script/include";
-        opts.in = in;
-        opts.out = out;
-        opts.err = err;
-        const zol::ScriptRunResult r = zol::runScriptFile(script.string(), args, opts);
-        if (r.error) std::fprintf(err, "%s\n", r.message.c_str());
+        const std::string title(zol::fileNamePart(script.string()));
+        const zol::ScriptRunResult r = zol::runScript(script.string(), args, title, zol::ScriptStarter::User);
         o.status = r.error ? 255 : r.value & 0xff;
         for (const auto& doc : app.documents) {
             DocText d{std::string(zol::fileNamePart(doc->fileName)), {}};
@@ -160,7 +202,6 @@ Outcome runEditorScript(const fs::path& script, const Expectation& want, const f
         zol::setShell(nullptr);
     }
     fs::current_path(before);
-    for (FILE* f : {in, out, err}) std::fclose(f);
     o.out = slurp(dir / "out");
     o.err = slurp(dir / "err");
     return o;
@@ -174,7 +215,7 @@ TEST_P(ScriptFile, RunsAsAnnotated) {
     const fs::path dir = fs::temp_directory_path() / ("zolder_script_" + std::to_string(::getpid()));
     fs::create_directories(dir);
     std::ofstream(dir / "in", std::ios::binary) << want.input;
-    const bool editor = GetParam().rfind("editor/", 0) == 0;
+    const bool editor = drivesDocuments(GetParam());
     const Outcome got = editor ? runEditorScript(script, want, dir) : runBinary(script, want, dir);
     fs::remove_all(dir);
     EXPECT_EQ(got.out, want.out);
@@ -196,6 +237,47 @@ std::string testName(const ::testing::TestParamInfo<std::string>& info) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Annotated, ScriptFile, ::testing::ValuesIn(scripts()), testName);
+
+// The lines that annotate a test script, which the examples of docs/scripts.md leave out.
+bool isAnnotation(const std::string& line) {
+    if (line.rfind("// |", 0) == 0) return true;
+    for (const char* tag : {"doc", "doc-after", "out", "exit", "error", "stderr", "in", "args"})
+        if (line.rfind(std::string("// ") + tag + ":", 0) == 0) return true;
+    return false;
+}
+
+// The code blocks of docs/scripts.md marked "<!-- example: PATH -->", by PATH.
+std::map<std::string, std::string> docExamples() {
+    std::map<std::string, std::string> blocks;
+    std::istringstream doc(slurp(fs::path(ZOLDER_SOURCE_DIR) / "docs" / "scripts.md"));
+    const std::string marker = "<!-- example: ";
+    std::string line, path;
+    bool inBlock = false;
+    while (std::getline(doc, line)) {
+        if (line.rfind(marker, 0) == 0) path = line.substr(marker.size(), line.find(" -->") - marker.size());
+        else if (!path.empty() && !inBlock && line.rfind("```", 0) == 0) inBlock = true;
+        else if (inBlock && line.rfind("```", 0) == 0) inBlock = false, path.clear();
+        else if (inBlock) blocks[path] += line + "\n";
+    }
+    return blocks;
+}
+
+TEST(DocExamples, ShowEachTestedExampleAsItStandsWithoutItsAnnotations) {
+    const std::map<std::string, std::string> shown = docExamples();
+    size_t files = 0;
+    for (const auto& f : fs::directory_iterator(fs::path(ZOLDER_SOURCE_DIR) / "tests" / "script" / "examples")) {
+        ++files;
+        std::istringstream in(slurp(f.path()));
+        std::string code;
+        for (std::string line; std::getline(in, line);)
+            if (!isAnnotation(line)) code += line + "\n";
+        const std::string path = "tests/script/examples/" + f.path().filename().string();
+        const auto it = shown.find(path);
+        ASSERT_NE(it, shown.end()) << path << " is not shown in docs/scripts.md";
+        EXPECT_EQ(it->second, code) << path;
+    }
+    EXPECT_EQ(shown.size(), files) << "every example shown is one of tests/script/examples/";
+}
 
 // Runs run-c-suite.sh with FLAGS over DIR; its exit status and what it printed.
 std::pair<int, std::string> runCSuite(const std::string& flags, const fs::path& dir) {
