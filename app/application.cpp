@@ -139,12 +139,12 @@ void startUp(Application& app, const StartupOptions& opts) {
     // work on them, and stay in front of what the scripts and recovery open.
     Document* last = nullptr;
     for (const std::string& f : opts.files) {
-        Document* d = opts.missingFilesOpenEmpty ? openOrCreateDocument(app, f) : openDocument(app, f);
+        Document* d = opts.desktop ? openOrCreateDocument(app, f) : openDocument(app, f);
         if (d) last = d;
         else ++app.failedOpens;
     }
     runStartUpScripts();
-    recoverIfAlone(app);
+    if (opts.desktop) recoverIfAlone(app);
     if (isDocument(app, last)) setActiveDocument(app, last);
     app.started = true;
     sendEvent(kEventStarted, 0, reinterpret_cast<intptr_t>(&app), 0);

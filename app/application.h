@@ -15,9 +15,12 @@ struct StartupOptions {
     std::string home;                 // --home, empty for the default
     std::vector<std::string> files;   // opened in order; the last becomes active
     std::string dataDir = {};         // seeds the home; empty for the shipped data folder
-    // The desktop opens a file that does not exist yet as an empty document of that
-    // name; the headless runner reports it, as batch tools do.
-    bool missingFilesOpenEmpty = false;
+    // The desktop editor, where a person sees what start-up brings: a file that does
+    // not exist yet opens as an empty document of that name, and the side files of a
+    // session that did not end are recovered. The headless runner reports a missing
+    // file, as batch tools do, and leaves side files alone for the next desktop start:
+    // a batch run that recovered them would end without saving and lose the work.
+    bool desktop = false;
 };
 
 struct Application;

@@ -18,7 +18,7 @@ class AppAutoSave : public ::testing::Test {
 protected:
     void TearDown() override { shutDown(app_); }
     void start() {
-        startUp(app_, StartupOptions{home_, {}});
+        startUp(app_, StartupOptions{home_, {}, {}, true});
         options().autoSaveEvery = 2;
     }
     size_t sideFiles() const { return findFiles(home_ + kAutoSavePattern, false).size(); }

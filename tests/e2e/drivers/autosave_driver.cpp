@@ -72,6 +72,8 @@ int main(int argc, char** argv) {
     zol::setShell(&shell);
     zol::Application app;
     zol::StartupOptions opts{argv[2], {}};
+    // "dump" stands for the next desktop start, the one that recovers side files.
+    opts.desktop = mode == "dump";
     if (mode == "edit") opts.files.push_back(argv[3]);
     zol::startUp(app, opts);
     const int status = mode == "edit" ? edit(app) : dump(app, argv[3]);
