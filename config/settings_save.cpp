@@ -2,6 +2,8 @@
 #include "config/settings.h"
 #include "config/settings_list.h"
 #include "engine/options.h"
+#include "engine/shell.h"
+#include "files/messages.h"
 #include "platform/profile.h"
 
 #include <string>
@@ -70,7 +72,9 @@ bool saveProfile(bool saveOptions) {
     }
     saveProfileOwners(kSettingsFile);
     saveRows(true);
-    return batch.commit();
+    if (batch.commit()) return true;
+    shell().message(filemsg::withFileName(filemsg::kCannotOpenWrite, profilePath(kSettingsFile)));
+    return false;
 }
 
 }  // namespace zol

@@ -27,6 +27,10 @@ inline constexpr char kReadOnlyTarget[] =
 inline constexpr char kCannotOpenWrite[] =
     "Cannot open %s file.\n\nMake sure the disk is not full or write-protected.";
 inline constexpr char kWriteError[] = "Write error !\n\nMake sure the disk is not full.";
+// The folder does not let us put the new file beside the old one, so it was written
+// over the old one; a crash during such a save can leave it half-written.
+inline constexpr char kSavedInPlace[] =
+    "%s was saved over its old contents, because its folder cannot be written: the save could not be made atomic.";
 
 // Code-page conversion: "TEXT.CNV" missing or unreadable.
 inline constexpr char kCannotOpenTables[] =

@@ -11,7 +11,8 @@ FileAttributes fileAttributes(const std::string& path) {
     if (path.empty() || ::stat(path.c_str(), &st) != 0) return a;
     a.exists = true;
     a.isDirectory = S_ISDIR(st.st_mode);
-    a.readOnly = ::access(path.c_str(), W_OK) != 0;
+    // A file without any write bit stays read-only even for a user who could write it.
+    a.readOnly = ::access(path.c_str(), W_OK) != 0 || (!a.isDirectory && (st.st_mode & 0222) == 0);
     a.size = a.isDirectory ? 0 : static_cast<uint64_t>(st.st_size);
     a.mtimeSec = st.st_mtim.tv_sec;
     a.mtimeNsec = static_cast<int32_t>(st.st_mtim.tv_nsec);

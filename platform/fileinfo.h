@@ -8,7 +8,7 @@ namespace zol {
 struct FileAttributes {
     bool exists = false;
     bool isDirectory = false;
-    bool readOnly = false;  // exists, but this process may not write it
+    bool readOnly = false;  // exists, but this process may not write it, or it has no write bit
     uint64_t size = 0;      // bytes; 0 for directories
     int64_t mtimeSec = 0;   // modification time, seconds since 1970
     int32_t mtimeNsec = 0;  // and its nanoseconds, 0..999999999

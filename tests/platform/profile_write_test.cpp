@@ -92,9 +92,9 @@ TEST_F(ProfileWrite, UnchangedValueLeavesTheFileAlone) {
     ASSERT_TRUE(writeProfileString("S", "k", "v", "a.ini"));
     EXPECT_EQ(fs::hard_link_count(path("a.ini")), 2u);
     ASSERT_TRUE(writeProfileString("S", "k", "w", "a.ini"));
-    // Replaced as a whole: the old file lives on under the other link.
-    EXPECT_EQ(fs::hard_link_count(path("a.ini")), 1u);
-    EXPECT_EQ(get("link.ini"), "[S]\nk=v\n");
+    // A file with a second name is written in place, so both names see the change.
+    EXPECT_EQ(fs::hard_link_count(path("a.ini")), 2u);
+    EXPECT_EQ(get("link.ini"), "[S]\nk=w\n");
 }
 
 TEST_F(ProfileWrite, WritesGoThroughSymbolicLinks) {
@@ -111,7 +111,6 @@ TEST_F(ProfileWrite, ReadOnlyFileIsNotWritten) {
     namespace fs = std::filesystem;
     put("a.ini", "[S]\nk=1\n");
     fs::permissions(path("a.ini"), fs::perms::owner_read);
-    if (std::ofstream(path("a.ini"), std::ios::app)) GTEST_SKIP() << "running with rights that ignore permissions";
     EXPECT_FALSE(writeProfileString("S", "k", "2", "a.ini"));
     EXPECT_EQ(get("a.ini"), "[S]\nk=1\n");
     EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "1");

@@ -1,0 +1,318 @@
+#include "platform/durable_write.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/file_calls.h"
+
+namespace zol {
+namespace {
+
+// Bytes reach the kernel in pieces this big: a 100 MB document is a hundred calls, and
+// the buffer stays small beside the document it writes.
+constexpr size_t kWriteChunk = size_t{1} << 20;
+// Names beside the target are random; this many taken names in a row means something
+// else is wrong with the folder.
+constexpr int kTempNameTries = 64;
+
+std::string folderOf(const std::string& path) {
+    const size_t slash = path.rfind('/');
+    return slash == std::string::npos ? std::string("./") : path.substr(0, slash + 1);
+}
+
+// Writing through a symbolic link replaces the file it points to, not the link; a
+// dangling link names the file to create.
+std::string resolveTarget(const std::string& path) {
+    struct stat lst {};
+    if (::lstat(path.c_str(), &lst) != 0 || !S_ISLNK(lst.st_mode)) return path;
+    char resolved[PATH_MAX];
+    if (::realpath(path.c_str(), resolved)) return resolved;
+    char dest[PATH_MAX];
+    const ssize_t n = ::readlink(path.c_str(), dest, sizeof dest - 1);
+    if (n <= 0) return path;
+    const std::string d(dest, static_cast<size_t>(n));
+    return d[0] == '/' ? d : folderOf(path) + d;
+}
+
+std::string freshName(const std::string& folder, const char* suffix) {
+    static unsigned counter = 0;
+    timespec ts {};
+    ::clock_gettime(CLOCK_MONOTONIC, &ts);
+    const unsigned mix = static_cast<unsigned>(ts.tv_nsec) ^ (static_cast<unsigned>(::getpid()) << 16) ^ (++counter * 2654435761u);
+    char name[32];
+    std::snprintf(name, sizeof name, ".zol%08X%s", mix, suffix);
+    return folder + name;
+}
+
+int createTemp(const std::string& folder, std::string& name) {
+    for (int i = 0; i < kTempNameTries; ++i) {
+        name = freshName(folder, ".tmp");
+        const int fd = fileOpen(name.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+        if (fd >= 0 || errno != EEXIST) return fd;
+    }
+    return -1;
+}
+
+bool writeAll(int fd, std::string_view data) {
+    while (!data.empty()) {
+        const ssize_t n = fileWrite(fd, data.data(), data.size());
+        if (n <= 0) return false;
+        data.remove_prefix(static_cast<size_t>(n));
+    }
+    return true;
+}
+
+bool readAll(int fd, std::string& out) {
+    out.clear();
+    if (::lseek(fd, 0, SEEK_SET) != 0) return false;
+    char buf[65536];
+    for (;;) {
+        const ssize_t n = ::read(fd, buf, sizeof buf);
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) return false;
+        if (n == 0) return true;
+        out.append(buf, static_cast<size_t>(n));
+    }
+}
+
+// A folder's entries reach the disk only when the folder itself is flushed. File
+// systems that cannot flush a folder say EINVAL; there is nothing more to do on them.
+bool syncFolder(const std::string& folder) {
+    const int fd = fileOpen(folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (fd < 0) return false;
+    const bool ok = fileSync(fd) == 0 || errno == EINVAL;
+    return fileClose(fd) == 0 && ok;
+}
+
+void removeQuietly(const std::string& path) {
+    if (!path.empty()) ::unlink(path.c_str());
+}
+
+bool flushPending(DurableReplace& r) {
+    if (!r.failed && !r.pending.empty() && !writeAll(r.fd, r.pending)) r.failed = true;
+    r.pending.clear();
+    return !r.failed;
+}
+
+// The old bytes under a second name beside the target, so that they can be put back:
+// a hard link where the file system has them, else (only when they must outlive the
+// save as a backup) a copy.
+std::string keepOldBytes(const DurableReplace& r, bool needCopy) {
+    std::string keep;
+    for (int i = 0; i < kTempNameTries; ++i) {
+        keep = freshName(folderOf(r.target), ".old");
+        if (fileLink(r.target.c_str(), keep.c_str()) == 0) return keep;
+        if (errno != EEXIST) break;
+    }
+    if (!needCopy) return {};
+    std::string old;
+    const int in = ::open(r.target.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool read = in >= 0 && readAll(in, old);
+    if (in >= 0) ::close(in);
+    if (!read) return {};
+    const int fd = createTemp(folderOf(r.target), keep);
+    if (fd < 0) return {};
+    bool ok = writeAll(fd, old) && ::fchmod(fd, r.mode) == 0 && fileSync(fd) == 0;
+    ok = fileClose(fd) == 0 && ok;
+    if (ok) return keep;
+    removeQuietly(keep);
+    return {};
+}
+
+// A second name for an existing file, so that it can be put back; empty when the file
+// is missing or the file system has no hard links.
+std::string linkAside(const std::string& path) {
+    struct stat st {};
+    if (::lstat(path.c_str(), &st) != 0) return {};
+    for (int i = 0; i < kTempNameTries; ++i) {
+        const std::string aside = freshName(folderOf(path), ".old");
+        if (fileLink(path.c_str(), aside.c_str()) == 0) return aside;
+        if (errno != EEXIST) break;
+    }
+    return {};
+}
+
+// The names that let a failed replace be undone: the old bytes (keep) and, when a
+// backup is made, the backup that was there before (oldBackup).
+struct Undo {
+    std::string keep, oldBackup;
+    bool backupTaken = false;  // keep has been renamed to the backup name
+};
+
+// After a failed step: the old bytes go back under the target's name and the old
+// backup under its own.
+void undoReplace(const DurableReplace& r, const Undo& u, const std::string& backupPath) {
+    if (u.backupTaken) {
+        fileRename(backupPath.c_str(), r.target.c_str());
+        if (!u.oldBackup.empty()) fileRename(u.oldBackup.c_str(), backupPath.c_str());
+    } else {
+        if (!u.keep.empty()) fileRename(u.keep.c_str(), r.target.c_str());
+        else if (!r.existed) removeQuietly(r.target);
+        removeQuietly(u.oldBackup);
+    }
+    syncFolder(folderOf(r.target));
+}
+
+ReplaceResult finishAtomic(DurableReplace& r, const std::string& backupPath) {
+    bool ok = flushPending(r) && ::fchmod(r.fd, r.mode) == 0 && fileSync(r.fd) == 0;
+    ok = fileClose(r.fd) == 0 && ok;
+    r.fd = -1;
+    if (!ok) {
+        removeQuietly(r.temp);
+        return ReplaceResult::WriteFailed;
+    }
+    const bool backup = r.existed && !backupPath.empty() && backupPath != r.target;
+    Undo u;
+    if (r.existed) u.keep = keepOldBytes(r, backup);
+    if (backup) u.oldBackup = linkAside(backupPath);
+    if (backup && u.keep.empty()) {
+        removeQuietly(r.temp);
+        removeQuietly(u.oldBackup);
+        return ReplaceResult::BackupFailed;
+    }
+    if (fileRename(r.temp.c_str(), r.target.c_str()) != 0) {
+        removeQuietly(r.temp);
+        removeQuietly(u.keep);
+        removeQuietly(u.oldBackup);
+        return ReplaceResult::CannotReplace;
+    }
+    if (backup) {
+        if (fileRename(u.keep.c_str(), backupPath.c_str()) != 0) {
+            undoReplace(r, u, backupPath);
+            return ReplaceResult::BackupFailed;
+        }
+        u.backupTaken = true;
+    }
+    if (!syncFolder(folderOf(r.target))) {
+        undoReplace(r, u, backupPath);
+        return ReplaceResult::WriteFailed;
+    }
+    if (!backup) removeQuietly(u.keep);
+    removeQuietly(u.oldBackup);
+    return ReplaceResult::Replaced;
+}
+
+// In place the old bytes are held in memory while the new ones are written over them,
+// and written back when that fails; the file's blocks are reused, so putting back what
+// was there cannot run out of room.
+ReplaceResult finishInPlace(DurableReplace& r, const std::string& backupPath) {
+    std::string old;
+    ReplaceResult result = ReplaceResult::Replaced;
+    if (!readAll(r.fd, old)) result = ReplaceResult::WriteFailed;
+    else if (!backupPath.empty() && backupPath != r.target && replaceFileWith(backupPath, old) != ReplaceResult::Replaced)
+        result = ReplaceResult::BackupFailed;
+    else if (::lseek(r.fd, 0, SEEK_SET) != 0 || !writeAll(r.fd, r.pending) ||
+             ::ftruncate(r.fd, static_cast<off_t>(r.pending.size())) != 0 || fileSync(r.fd) != 0) {
+        if (::lseek(r.fd, 0, SEEK_SET) == 0 && writeAll(r.fd, old) && ::ftruncate(r.fd, static_cast<off_t>(old.size())) == 0)
+            fileSync(r.fd);
+        result = ReplaceResult::WriteFailed;
+    }
+    // Once the bytes are flushed a failing close has nothing left to lose.
+    fileClose(r.fd);
+    r.fd = -1;
+    r.pending.clear();
+    return result;
+}
+
+}  // namespace
+
+ReplaceResult beginReplace(DurableReplace& r, const std::string& path) {
+    r = DurableReplace{};
+    r.target = resolveTarget(path);
+    struct stat st {};
+    if (::stat(r.target.c_str(), &st) == 0) {
+        // A file without any write bit stays as it is even for a user who could write it.
+        const bool writable = ::access(r.target.c_str(), W_OK) == 0 && (st.st_mode & 0222) != 0;
+        if (!S_ISREG(st.st_mode) || !writable) return ReplaceResult::CannotOpen;
+        r.existed = true;
+        r.mode = st.st_mode & 07777;
+        if (st.st_nlink > 1) r.inPlace = InPlaceReason::HardLinks;
+    } else if (errno != ENOENT) {
+        return ReplaceResult::CannotOpen;
+    } else {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        r.mode = 0666 & ~mask;
+    }
+    const std::string folder = folderOf(r.target);
+    if (r.inPlace == InPlaceReason::None && ::access(folder.c_str(), W_OK | X_OK) != 0) {
+        if (!r.existed) return ReplaceResult::CannotOpen;
+        r.inPlace = InPlaceReason::Folder;
+    }
+    if (r.inPlace == InPlaceReason::None) {
+        r.fd = createTemp(folder, r.temp);
+        if (r.fd < 0) return ReplaceResult::CannotOpen;
+        const bool foreign = r.existed && (st.st_uid != ::geteuid() || st.st_gid != ::getegid());
+        if (foreign && ::fchown(r.fd, st.st_uid, st.st_gid) != 0) {
+            abandonReplace(r);
+            r.inPlace = InPlaceReason::Owner;
+        }
+    }
+    if (r.inPlace != InPlaceReason::None) {
+        r.fd = fileOpen(r.target.c_str(), O_RDWR);
+        if (r.fd < 0) return ReplaceResult::CannotOpen;
+    } else {
+        r.pending.reserve(kWriteChunk);
+    }
+    return ReplaceResult::Replaced;
+}
+
+void putBytes(DurableReplace& r, std::string_view data) {
+    if (r.failed) return;
+    if (r.inPlace != InPlaceReason::None) {
+        r.pending.append(data);
+        return;
+    }
+    if (r.pending.size() + data.size() > kWriteChunk && !flushPending(r)) return;
+    if (data.size() >= kWriteChunk) {
+        if (!writeAll(r.fd, data)) r.failed = true;
+        return;
+    }
+    r.pending.append(data);
+}
+
+ReplaceResult finishReplace(DurableReplace& r, const std::string& backupPath) {
+    if (r.fd < 0) return ReplaceResult::CannotOpen;
+    return r.inPlace == InPlaceReason::None ? finishAtomic(r, backupPath) : finishInPlace(r, backupPath);
+}
+
+void abandonReplace(DurableReplace& r) {
+    if (r.fd >= 0) ::close(r.fd);
+    r.fd = -1;
+    removeQuietly(r.temp);
+    r.temp.clear();
+    r.pending.clear();
+}
+
+ReplaceResult replaceFileWith(const std::string& path, std::string_view data, const std::string& backupPath) {
+    DurableReplace r;
+    const ReplaceResult begun = beginReplace(r, path);
+    if (begun != ReplaceResult::Replaced) return begun;
+    putBytes(r, data);
+    return finishReplace(r, backupPath);
+}
+
+bool createFileDurably(const std::string& path, std::string_view data, unsigned mode) {
+    struct stat st {};
+    if (::lstat(path.c_str(), &st) == 0) return false;
+    std::string temp;
+    const int fd = createTemp(folderOf(path), temp);
+    if (fd < 0) return false;
+    bool ok = writeAll(fd, data) && ::fchmod(fd, mode) == 0 && fileSync(fd) == 0;
+    ok = fileClose(fd) == 0 && ok;
+    // link() fails when path appeared meanwhile, so a user's file is never replaced.
+    ok = ok && fileLink(temp.c_str(), path.c_str()) == 0;
+    removeQuietly(temp);
+    if (ok && !syncFolder(folderOf(path))) {
+        removeQuietly(path);
+        ok = false;
+    }
+    return ok;
+}
+
+}  // namespace zol

@@ -1,0 +1,67 @@
+#include "platform/file_calls.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace zol {
+namespace {
+
+// Saving runs on the window thread, but a tool's capture or a test's child may save
+// too; the counters are per thread so that one never trips another's fault.
+thread_local int failAt = 0;
+thread_local int failErrno = 0;
+thread_local int counted = 0;
+
+// True when this call is the one chosen to fail; errno is then set.
+bool faultDue() {
+    ++counted;
+    if (failAt == 0 || counted != failAt) return false;
+    failAt = 0;
+    errno = failErrno;
+    return true;
+}
+
+}  // namespace
+
+int fileOpen(const char* path, int flags, unsigned mode) {
+    if (faultDue()) return -1;
+    int fd;
+    do fd = ::open(path, flags | O_CLOEXEC, mode);
+    while (fd < 0 && errno == EINTR);
+    return fd;
+}
+
+ssize_t fileWrite(int fd, const void* data, size_t size) {
+    if (faultDue()) return -1;
+    ssize_t n;
+    do n = ::write(fd, data, size);
+    while (n < 0 && errno == EINTR);
+    return n;
+}
+
+int fileSync(int fd) { return faultDue() ? -1 : ::fsync(fd); }
+int fileRename(const char* from, const char* to) { return faultDue() ? -1 : ::rename(from, to); }
+int fileLink(const char* from, const char* to) { return faultDue() ? -1 : ::link(from, to); }
+
+int fileClose(int fd) {
+    if (faultDue()) {
+        // The descriptor must not leak even when the test says the close failed.
+        const int err = errno;
+        ::close(fd);
+        errno = err;
+        return -1;
+    }
+    return ::close(fd);
+}
+
+void failFileCall(int n, int err) {
+    failAt = n;
+    failErrno = err;
+    counted = 0;
+}
+
+int fileCallsCounted() { return counted; }
+
+}  // namespace zol

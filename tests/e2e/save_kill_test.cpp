@@ -1,0 +1,64 @@
+// A save killed at any moment leaves the file whole: its complete old bytes or its
+// complete new ones, never a mixture, a truncated file or nothing.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <random>
+#include <thread>
+
+#include "tests/support/process.h"
+#include "tests/support/temp_dir.h"
+
+namespace zol {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Fifty kills spread over the whole of a save; the document is big enough that a save
+// takes long enough to be hit in the middle.
+constexpr int kKills = 50;
+constexpr int kLines = 150'000;
+
+std::string lines(const char* word) {
+    std::string out;
+    for (int i = 0; i < kLines; ++i) out += std::string(word) + " line " + std::to_string(i) + "\n";
+    return out;
+}
+
+TEST(SaveKill, TheFileIsAlwaysWholeOldOrWholeNew) {
+    test::TempDir tmp("zolkill");
+    const std::string oldText = lines("old"), newText = lines("a new and longer");
+    const std::string target = tmp.put("doc.txt", oldText);
+    const std::string source = tmp.put("new.txt", newText);
+    const std::string saver = test::driverPath("save_driver");
+
+    // One save to its end tells how long a save takes here.
+    const Clock::time_point begun = Clock::now();
+    ASSERT_EQ(test::run({saver, target, source}).status, 0);
+    const auto window = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begun);
+    ASSERT_EQ(tmp.get("doc.txt"), newText);
+
+    std::mt19937 random(20261124);
+    std::uniform_int_distribution<long> moment(0, window.count());
+    int whole = 0, interrupted = 0;
+    for (int run = 0; run < kKills; ++run) {
+        SCOPED_TRACE("run " + std::to_string(run));
+        tmp.put("doc.txt", oldText);
+        test::Process p({saver, target, source, run % 2 ? "bak" : ""});
+        ASSERT_TRUE(p.waitForOutput("saving", std::chrono::seconds(20)));
+        std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
+        const bool killed = p.kill();
+        p.wait();
+        const std::string now = tmp.get("doc.txt");
+        ASSERT_TRUE(now == oldText || now == newText) << "a save killed part-way left " << now.size() << " bytes";
+        if (run % 2 && now == newText) {
+            EXPECT_EQ(tmp.get("doc.txt.bak"), oldText);
+        }
+        (killed && now == oldText ? interrupted : whole)++;
+    }
+    // Some kills must land before the new bytes took the name, or the test proves little.
+    EXPECT_GT(interrupted, 0);
+}
+
+}  // namespace
+}  // namespace zol
