@@ -4,19 +4,18 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 
 #include "config/default_keys.h"
 #include "config/keyfile.h"
 #include "config/keymap_messages.h"
-#include "config/settings.h"
-#include "engine/editor_events.h"
-#include "engine/options.h"
-#include "engine/wordwrap.h"
-#include "engine/shell.h"
 #include "config/profile_owners.h"
 #include "config/settings.h"
 #include "engine/bookmarks.h"
+#include "engine/editor_events.h"
 #include "engine/options.h"
+#include "engine/shell.h"
+#include "engine/wordwrap.h"
 #include "files/autosave.h"
 #include "files/convert_command.h"
 #include "files/doc_names.h"
@@ -26,6 +25,7 @@
 #include "platform/fileinfo.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
+#include "platform/profile.h"
 #include "plugin/plugin_manager.h"
 #include "plugin/script_bindings.h"
 #include "script/macros.h"
@@ -116,9 +116,20 @@ std::string shippedDataDir() {
     return ZOLDER_BUILD_DATA_DIR;
 }
 
+// Each shipped file is offered to the home once, at the first start or at the first
+// start of the version that added it; the settings remember which were offered, so a
+// file the user deleted stays deleted.
+void seedOnce(const std::string& dataDir) {
+    const std::vector<std::string> before = getProfileKeys(kSeededSection, kSettingsFile);
+    const SeedResult seeded = seedHome(dataDir, std::set<std::string>(before.begin(), before.end()));
+    if (seeded.offered.empty()) return;
+    ProfileBatch batch(kSettingsFile);
+    for (const std::string& name : seeded.offered) writeProfileString(kSeededSection, name, "1", kSettingsFile);
+}
+
 void startUp(Application& app, const StartupOptions& opts) {
     initHomeDir(opts.home);
-    seedHome(opts.dataDir.empty() ? shippedDataDir() : opts.dataDir);
+    seedOnce(opts.dataDir.empty() ? shippedDataDir() : opts.dataDir);
     initMacros();
     registerOwnedLists();
     installConvertCommand();

@@ -13,6 +13,8 @@ namespace zol {
 
 // Both files are bare names, so they resolve into the home folder.
 constexpr const char* kSettingsFile = "zol.ini";
+// The shipped files already offered to the home, one key each (see seeding at start-up).
+constexpr const char* kSeededSection = "SeededFiles";
 constexpr const char* kFamilyFile = "vek.ini";
 
 // Read buffer sizes of the string keys: a value keeps at most size - 1 characters.

@@ -89,41 +89,34 @@ std::string resolveBareName(std::string_view name) {
     return path;
 }
 
-bool seedHome(std::string_view dataDir, int* copied) {
-    if (copied) *copied = 0;
+SeedResult seedHome(std::string_view dataDir, const std::set<std::string>& offeredBefore) {
+    SeedResult result;
     std::error_code ec;
     const fs::path source(dataDir);
-    if (!fs::is_directory(source, ec)) return false;
-    const std::string home = homeDir();
-    bool ok = true;
     auto opts = fs::directory_options::follow_directory_symlink | fs::directory_options::skip_permission_denied;
     fs::recursive_directory_iterator it(source, opts, ec), end;
-    if (ec) return false;
+    if (ec || !fs::is_directory(source, ec)) return {false, 0, {}};
+    const std::string home = homeDir();
     for (; it != end; it.increment(ec)) {
-        if (ec) return false;
-        std::error_code rel;
-        std::string relative = fs::relative(it->path(), source, rel).generic_string();
-        if (rel || relative.empty()) continue;
-        std::string target = home + relative;
+        if (ec) return {false, result.copied, result.offered};
         std::error_code st;
-        if (it->is_directory(st)) {
-            if (!fs::exists(fs::symlink_status(target, st))) ok = makeDirs(target) && ok;
-            continue;
-        }
-        if (!it->is_regular_file(st) || fs::exists(fs::symlink_status(target, st))) continue;
+        if (!it->is_regular_file(st)) continue;
+        const std::string relative = fs::relative(it->path(), source, st).generic_string();
+        if (st || relative.empty() || offeredBefore.count(relative)) continue;
+        result.offered.push_back(relative);
+        const std::string target = home + relative;
+        if (fs::exists(fs::symlink_status(target, st))) continue;
         std::string data;
-        if (!readWholeFile(it->path().string(), data)) {
-            ok = false;
+        const size_t slash = target.rfind('/');
+        if (!makeDirs(target.substr(0, slash)) || !readWholeFile(it->path().string(), data)) {
+            result.ok = false;
             continue;
         }
-        auto perms = static_cast<unsigned>(fs::status(it->path(), st).permissions()) & 0777;
-        if (createFileNoReplace(target, data, perms | 0600)) {
-            if (copied) ++*copied;
-        } else if (!fs::exists(fs::symlink_status(target, st))) {
-            ok = false;
-        }
+        const auto perms = static_cast<unsigned>(fs::status(it->path(), st).permissions()) & 0777;
+        if (createFileNoReplace(target, data, perms | 0600)) ++result.copied;
+        else if (!fs::exists(fs::symlink_status(target, st))) result.ok = false;
     }
-    return ok;
+    return result;
 }
 
 std::string executablePath() {

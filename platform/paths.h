@@ -1,8 +1,10 @@
 // The Zolder home (where settings and shipped data live) and path-string helpers.
 // Both "/" and "\" separate path parts when a path is split; paths are built with "/".
 #pragma once
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zol {
 
@@ -30,10 +32,17 @@ const std::string& homeDir();
 // letter case resolves to the file that is there.
 std::string resolveBareName(std::string_view name);
 
-// Copies into the home every file of dataDir (recursively) that the home lacks; a file
-// already in the home is never touched. copied (when given) counts the new files.
-// False when dataDir cannot be read or a copy failed; what was copied stays.
-bool seedHome(std::string_view dataDir, int* copied = nullptr);
+// Seeding the home from the shipped data folder: each shipped file is offered once.
+struct SeedResult {
+    bool ok = true;                    // false when dataDir could not be read or a copy failed
+    int copied = 0;                    // files put into the home
+    std::vector<std::string> offered;  // shipped files (relative, "/"-separated) not offered before
+};
+// Copies into the home every file of dataDir (recursively) that is not in offeredBefore
+// and that the home lacks; a file already in the home is never touched, and a file
+// offered before stays away even when the user deleted it. What was copied stays when
+// a later copy fails.
+SeedResult seedHome(std::string_view dataDir, const std::set<std::string>& offeredBefore);
 
 // Full path of the running executable; empty when unknown.
 std::string executablePath();

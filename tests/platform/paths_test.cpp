@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 
 #include "platform/paths.h"
 #include "tests/support/temp_home.h"
@@ -57,25 +58,23 @@ TEST_F(HomeFolder, MissingHomeIsCreatedWithItsParents) {
     EXPECT_FALSE(setHomeDir(dir + "file/sub"));
 }
 
-TEST_F(HomeFolder, SeedingCopiesOnlyWhatTheHomeLacks) {
-    namespace fs = std::filesystem;
-    fs::create_directories(path("data/script/include"));
+TEST_F(HomeFolder, SeedingCopiesWhatTheHomeLacksOfWhatWasNotOfferedBefore) {
     put("data/syntax.hgl", "shipped");
     put("data/zol.ini", "shipped settings");
     put("data/script/include/a.h", "header");
+    put("data/samples/gone.c", "deleted by the user");
     ASSERT_TRUE(setHomeDir(dir + "home"));
     put("home/zol.ini", "user settings");
-    int copied = -1;
-    ASSERT_TRUE(seedHome(dir + "data", &copied));
-    EXPECT_EQ(copied, 2);
+    const SeedResult first = seedHome(dir + "data", {"samples/gone.c"});
+    EXPECT_TRUE(first.ok);
+    EXPECT_EQ(first.copied, 2);
+    EXPECT_EQ(std::set<std::string>(first.offered.begin(), first.offered.end()),
+              (std::set<std::string>{"syntax.hgl", "zol.ini", "script/include/a.h"}));
     EXPECT_EQ(get("home/zol.ini"), "user settings");
     EXPECT_EQ(get("home/syntax.hgl"), "shipped");
     EXPECT_EQ(get("home/script/include/a.h"), "header");
-    put("home/syntax.hgl", "edited");
-    ASSERT_TRUE(seedHome(dir + "data", &copied));
-    EXPECT_EQ(copied, 0);
-    EXPECT_EQ(get("home/syntax.hgl"), "edited");
-    EXPECT_FALSE(seedHome(dir + "nodata", &copied));
+    EXPECT_FALSE(exists("home/samples/gone.c"));
+    EXPECT_FALSE(seedHome(dir + "nodata", {}).ok);
 }
 
 TEST(ProgramPath, ExecutableIsKnown) {
