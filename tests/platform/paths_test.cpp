@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <set>
 
 #include "platform/paths.h"
@@ -34,19 +35,32 @@ TEST(PathParts, FullPathFoldsDotsAndSeparators) {
 
 using HomeFolder = test::TempHome;
 
+// Sets an environment variable for the test's length, and puts it back even when an
+// assertion ends the test early.
+class ScopedEnv {
+public:
+    explicit ScopedEnv(const char* name) : name_(name) {
+        if (const char* v = std::getenv(name)) saved_ = v;
+    }
+    ~ScopedEnv() { saved_ ? (void)::setenv(name_, saved_->c_str(), 1) : (void)::unsetenv(name_); }
+    void set(const std::string& value) const { ::setenv(name_, value.c_str(), 1); }
+    void unset() const { ::unsetenv(name_); }
+
+private:
+    const char* name_;
+    std::optional<std::string> saved_;
+};
+
 TEST_F(HomeFolder, ResolutionPrefersArgumentThenEnvironment) {
-    std::string zh = std::getenv("ZOLDER_HOME") ? std::getenv("ZOLDER_HOME") : "";
-    std::string xdg = std::getenv("XDG_CONFIG_HOME") ? std::getenv("XDG_CONFIG_HOME") : "";
-    ::setenv("ZOLDER_HOME", (dir + "zh").c_str(), 1);
-    ::setenv("XDG_CONFIG_HOME", (dir + "xdg").c_str(), 1);
+    const ScopedEnv zh("ZOLDER_HOME"), xdg("XDG_CONFIG_HOME");
+    zh.set(dir + "zh");
+    xdg.set(dir + "xdg");
     EXPECT_EQ(resolveHomeDir(dir + "arg/x/.."), dir + "arg/");
     EXPECT_EQ(resolveHomeDir(""), dir + "zh/");
-    ::unsetenv("ZOLDER_HOME");
+    zh.unset();
     EXPECT_EQ(resolveHomeDir(""), dir + "xdg/zolder/");
-    ::setenv("XDG_CONFIG_HOME", "relative", 1);
+    xdg.set("relative");
     EXPECT_EQ(resolveHomeDir("").substr(resolveHomeDir("").size() - 16), "/.config/zolder/");
-    zh.empty() ? ::unsetenv("ZOLDER_HOME") : ::setenv("ZOLDER_HOME", zh.c_str(), 1);
-    xdg.empty() ? ::unsetenv("XDG_CONFIG_HOME") : ::setenv("XDG_CONFIG_HOME", xdg.c_str(), 1);
 }
 
 TEST_F(HomeFolder, MissingHomeIsCreatedWithItsParents) {
