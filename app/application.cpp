@@ -1,9 +1,7 @@
 #include "app/application.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
-#include <filesystem>
 #include <set>
 
 #include "config/default_keys.h"
@@ -22,6 +20,7 @@
 #include "files/prompts.h"
 #include "files/save.h"
 #include "files/textfile.h"
+#include "platform/clock.h"
 #include "platform/fileinfo.h"
 #include "platform/instance_lock.h"
 #include "platform/paths.h"
@@ -104,14 +103,12 @@ void ApplicationDocuments::destroy(Document* doc) { destroyDocument(app_, doc); 
 intptr_t ApplicationDocuments::mainWindow() const { return app_.mainWindow; }
 
 std::string shippedDataDir() {
-    namespace fs = std::filesystem;
     const std::string exe = executablePath();
     if (!exe.empty()) {
-        const fs::path dir = fs::path(exe).parent_path();
-        for (const fs::path& p : {dir / "data", dir.parent_path() / "share" / "zolder"}) {
-            std::error_code ec;
-            if (fs::is_directory(p, ec)) return p.string();
-        }
+        // Beside the binary in a build or a portable copy, else an installed prefix.
+        const std::string bin(folderPart(exe));
+        for (const std::string& p : {bin + "data", bin + "../share/zolder"})
+            if (isDirectory(p)) return fullPath(p);
     }
     return ZOLDER_BUILD_DATA_DIR;
 }
@@ -276,8 +273,7 @@ void guardAgainstAbruptEnd(Application& app) {
 }
 
 void autoSaveTick(Application& app) {
-    using namespace std::chrono;
-    autoSaveTick(app, duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+    autoSaveTick(app, static_cast<int64_t>(monotonicMilliseconds()));
 }
 
 void setActiveDocument(Application& app, Document* doc) {

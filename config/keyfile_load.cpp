@@ -1,5 +1,4 @@
 #include <cstring>
-#include <filesystem>
 #include <utility>
 
 #include "config/keyfile.h"
@@ -8,6 +7,7 @@
 #include "config/settings.h"
 #include "engine/shell.h"
 #include "platform/file_io.h"
+#include "platform/fileinfo.h"
 #include "platform/paths.h"
 
 namespace zol {
@@ -67,9 +67,8 @@ std::string keyFilePath() { return resolveBareName(keyFileNameFromPath(settings(
 
 bool loadKeyFile() {
     const std::string path = keyFilePath();
-    std::error_code ec;
-    const uintmax_t size = std::filesystem::file_size(path, ec);
-    if (!ec && size > keymsg::kMaxKeyFileBytes) {
+    const FileAttributes file = fileAttributes(path);
+    if (file.exists && !file.isDirectory && file.size > keymsg::kMaxKeyFileBytes) {
         shell().message(keymsg::kReadError);
         return false;
     }

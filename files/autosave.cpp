@@ -1,14 +1,13 @@
 #include "files/autosave.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <random>
 
 #include "engine/shell.h"
 #include "files/messages.h"
 #include "files/textfile.h"
 #include "platform/dirsearch.h"
 #include "platform/file_io.h"
+#include "platform/clock.h"
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
 
@@ -25,9 +24,8 @@ std::string sideFileName(unsigned n) {
 }
 
 std::string chooseName(const std::string& folder) {
-    static std::minstd_rand random(std::random_device{}());
     for (int i = 0; i < kAutoSaveNameDraws; ++i) {
-        const std::string path = joinPath(folder, sideFileName(static_cast<unsigned>(random())));
+        const std::string path = joinPath(folder, sideFileName(randomNumber()));
         if (!fileExists(path)) return path;
     }
     return {};
@@ -42,11 +40,6 @@ std::string documentBytes(const Document& doc) {
         out += doc.lines.text(r);
     }
     return out;
-}
-
-void removeFile(const std::string& path) {
-    std::error_code ec;
-    std::filesystem::remove(path, ec);
 }
 
 }  // namespace

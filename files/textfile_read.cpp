@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <memory>
 #include <new>
 #include <optional>
@@ -15,6 +14,7 @@
 #include "engine/wordwrap.h"
 #include "files/messages.h"
 #include "files/textfile.h"
+#include "platform/file_io.h"
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
 
@@ -26,16 +26,12 @@ namespace {
 constexpr size_t kCarryRoom = 4096;
 static_assert(kCarryRoom > kSplitBytes + 1);
 
-struct FileCloser {
-    void operator()(std::FILE* f) const { std::fclose(f); }
-};
-
 // Turns the bytes of a file into lines. Line ends are found with memchr and the
 // position of the next CR and the next LF is remembered, so every byte is looked at a
 // bounded number of times whatever the mix of line ends.
 class LineReader {
 public:
-    explicit LineReader(std::FILE* f) : f_(f), buf_(new char[kReadChunk + kCarryRoom]) {}
+    explicit LineReader(InputFile& f) : f_(f), buf_(new char[kReadChunk + kCarryRoom]) {}
 
     bool error() const { return error_; }
     bool binary() const { return binary_; }
@@ -90,10 +86,15 @@ private:
         pos_ = 0;
         end_ = keep;
         const size_t want = kReadChunk + kCarryRoom - keep;
-        const size_t got = std::fread(buf_.get() + end_, 1, want, f_);
-        if (got < want) {
-            eof_ = true;
-            if (std::ferror(f_)) error_ = true;
+        size_t got = 0;
+        while (got < want) {
+            const long n = f_.read(buf_.get() + end_ + got, want - got);
+            if (n <= 0) {
+                eof_ = true;
+                error_ = n < 0;
+                break;
+            }
+            got += static_cast<size_t>(n);
         }
         // A NUL is held as a blank; doing it here keeps it out of the line scan.
         char* q = buf_.get() + end_;
@@ -127,7 +128,7 @@ private:
         return std::min(fit, static_cast<size_t>(kSplitBytes));
     }
 
-    std::FILE* f_;
+    InputFile& f_;
     // No byte is wider than a tab, so lines up to this long need no column count.
     const size_t surelyFits_ = static_cast<size_t>(kMaxColumns) / static_cast<size_t>(options().tabSize);
     std::unique_ptr<char[]> buf_;
@@ -140,7 +141,7 @@ private:
 
 enum class ReadOutcome { Ok, NoMemory, TooLong, ReadError };
 
-ReadOutcome readLines(std::FILE* f, LineList& out, ReadReport& rep) {
+ReadOutcome readLines(InputFile& f, LineList& out, ReadReport& rep) {
     try {
         LineReader reader(f);
         LineRef tail = out.first;
@@ -166,10 +167,8 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     rep = ReadReport{};
 
     // Folders, devices and pipes are not text files; a pipe would also never end.
-    std::error_code ec;
-    std::unique_ptr<std::FILE, FileCloser> f;
-    if (std::filesystem::is_regular_file(path, ec)) f.reset(std::fopen(path.c_str(), "rb"));
-    if (!f) {
+    InputFile f(path);
+    if (!f.isOpen()) {
         shell().message(filemsg::withFileName(filemsg::kCannotOpenRead, path));
         return false;
     }
@@ -179,11 +178,11 @@ bool readFile(Document& doc, const std::string& path, bool detectFormat, ReadRep
     ReadOutcome outcome;
     try {
         fresh = std::make_unique<LineList>();
-        outcome = readLines(f.get(), *fresh, rep);
+        outcome = readLines(f, *fresh, rep);
     } catch (const std::bad_alloc&) {
         outcome = ReadOutcome::NoMemory;
     }
-    f.reset();
+    f.close();
     switch (outcome) {
     case ReadOutcome::Ok: break;
     case ReadOutcome::NoMemory: shell().message(filemsg::withFileName(filemsg::kNoMemory, path)); return false;

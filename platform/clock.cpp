@@ -3,6 +3,7 @@
 #include <clocale>
 #include <cstring>
 #include <ctime>
+#include <random>
 #include <langinfo.h>
 #include <locale.h>
 
@@ -21,6 +22,26 @@ LocalTime localTimeNow() {
     t.year = tm.tm_year + 1900;
     t.weekday = tm.tm_wday;
     return t;
+}
+
+int64_t wallClockSeconds() { return static_cast<int64_t>(std::time(nullptr)); }
+
+double processorMilliseconds() { return static_cast<double>(std::clock()) * 1000.0 / CLOCKS_PER_SEC; }
+
+bool breakDownTime(int64_t t, bool local, std::tm& out) {
+    const std::time_t tt = static_cast<std::time_t>(t);
+    return local ? ::localtime_r(&tt, &out) != nullptr : ::gmtime_r(&tt, &out) != nullptr;
+}
+
+int64_t makeLocalTime(std::tm& t) { return static_cast<int64_t>(std::mktime(&t)); }
+
+size_t formatTime(char* buf, size_t size, const char* format, const std::tm& t) {
+    return size ? std::strftime(buf, size, format, &t) : 0;
+}
+
+uint32_t randomNumber() {
+    static std::minstd_rand generator(std::random_device{}());
+    return static_cast<uint32_t>(generator());
 }
 
 uint64_t monotonicMilliseconds() {

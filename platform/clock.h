@@ -1,6 +1,8 @@
 // Local time and the user's time and date conventions (LC_TIME of the environment).
 #pragma once
+#include <cstddef>
 #include <cstdint>
+#include <ctime>
 
 namespace zol {
 
@@ -15,6 +17,23 @@ struct LocalTime {
 };
 
 LocalTime localTimeNow();
+
+// Seconds since 1970 by the wall clock.
+int64_t wallClockSeconds();
+// The processor time this process has used, in milliseconds.
+double processorMilliseconds();
+
+// Calendar conversions of the C library, for the script language's <time.h>: a time
+// broken down in UTC or in the local time zone (false when it cannot be represented),
+// a local broken-down time made a time (normalising its fields; -1 when impossible),
+// and strftime's formatting (0 when the result does not fit).
+bool breakDownTime(int64_t t, bool local, std::tm& out);
+int64_t makeLocalTime(std::tm& t);
+size_t formatTime(char* buf, size_t size, const char* format, const std::tm& t);
+
+// A random number for names that must not collide: each process draws a different
+// sequence.
+uint32_t randomNumber();
 
 // Milliseconds of a clock that only ever moves forward: the time since the machine
 // started, as the system counts it.

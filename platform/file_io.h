@@ -1,5 +1,6 @@
 // Whole-file reads and crash-safe whole-file writes for the platform layer's own files.
 #pragma once
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -7,6 +8,33 @@ namespace zol {
 
 // Reads the whole file into out; false (out emptied) when it cannot be opened or read.
 bool readWholeFile(const std::string& path, std::string& out);
+
+// Removes a file (not a folder); false when it could not be removed or was not there.
+bool removeFile(const std::string& path);
+
+// The C library's own calls for the script language's <stdio.h>: a stream opened with
+// fopen's modes, and rename and remove with their answers (0, or -1 with errno set).
+std::FILE* openStream(const std::string& path, const char* mode);
+int renamePath(const std::string& from, const std::string& to);
+int removePath(const std::string& path);
+
+// A regular file open for reading in pieces; folders, devices and pipes do not open
+// (a pipe would never end).
+class InputFile {
+public:
+    explicit InputFile(const std::string& path);
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    bool isOpen() const { return fd_ >= 0; }
+    // Up to size bytes into buf; 0 at the end, -1 on a read error.
+    long read(char* buf, size_t size);
+    void close();
+
+private:
+    int fd_ = -1;
+};
 
 // Replaces path's contents with data durably (platform/durable_write.h): a crash leaves
 // either the old or the new file, never half of one. An existing file keeps its

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "platform/clock.h"
 #include "platform/dirsearch.h"
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
@@ -35,12 +36,11 @@ int nextFound(Engine& en, uint32_t blk, int32_t id) {
     if (name.size() > 255) name.resize(255);
     const int32_t size = static_cast<int32_t>(fa.size);
     const uint32_t attrib = fa.isDirectory ? 0x10 : 0x20;
-    std::time_t t = static_cast<std::time_t>(fa.mtimeSec);
-    const std::tm* lt = std::localtime(&t);
+    std::tm lt {};
     uint16_t ftime = 0, fdate = 0;
-    if (lt) {
-        ftime = static_cast<uint16_t>((lt->tm_hour << 11) | (lt->tm_min << 5) | (lt->tm_sec / 2));
-        fdate = static_cast<uint16_t>(((lt->tm_year - 80) << 9) | ((lt->tm_mon + 1) << 5) | lt->tm_mday);
+    if (breakDownTime(fa.mtimeSec, true, lt)) {
+        ftime = static_cast<uint16_t>((lt.tm_hour << 11) | (lt.tm_min << 5) | (lt.tm_sec / 2));
+        fdate = static_cast<uint16_t>(((lt.tm_year - 80) << 9) | ((lt.tm_mon + 1) << 5) | lt.tm_mday);
     }
     putBytes(en, blk, &id, 4);
     putBytes(en, blk + 4, &size, 4);

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "platform/file_io.h"
 #include "platform/script_os.h"
 #include "script/builtins.h"
 
@@ -99,7 +100,7 @@ Val bi_fopen(BArgs& a) {
         en.lastErrno = EINVAL;
         return intVal(0);
     }
-    FILE* f = std::fopen(name.c_str(), mode.c_str());
+    FILE* f = openStream(name, mode.c_str());
     if (!f) {
         en.lastErrno = errno;
         return intVal(0);
@@ -179,7 +180,7 @@ Val bi_setvbuf(BArgs& a) {
     return intVal(a.i(2) >= 0 && a.i(2) <= 2 ? 0 : -1);
 }
 
-Val bi_rename(BArgs& a) { return zeroOrErrno(a.en, std::rename(a.s(0).c_str(), a.s(1).c_str())); }
+Val bi_rename(BArgs& a) { return zeroOrErrno(a.en, renamePath(a.s(0), a.s(1))); }
 
 Val bi_rewind(BArgs& a) {
     std::rewind(fileOf(a.en, a.p(0)));
@@ -193,7 +194,7 @@ Val bi_fflush(BArgs& a) {
     return intVal(0);
 }
 
-Val bi_remove(BArgs& a) { return zeroOrErrno(a.en, std::remove(a.s(0).c_str())); }
+Val bi_remove(BArgs& a) { return zeroOrErrno(a.en, removePath(a.s(0))); }
 
 Val bi_tmpfile(BArgs& a) {
     FILE* f = std::tmpfile();

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "platform/clock.h"
 #include "script/builtins.h"
 
 namespace zol {
@@ -32,11 +33,11 @@ std::tm getTm(Engine& en, uint32_t p) {
     return t;
 }
 
-std::time_t getTime(Engine& en, uint32_t p) {
+int64_t getTime(Engine& en, uint32_t p) {
     if (p == 0) en.fail(kErrNotAddress);
     int32_t v;
     std::memcpy(&v, en.host(p, 4), 4);
-    return static_cast<std::time_t>(v);
+    return v;
 }
 
 std::string asc(const std::tm& t) {
@@ -58,10 +59,11 @@ Val ascText(Engine& en, const std::tm& t) {
 }
 
 // gmtime and localtime: the broken-down time in the library's one struct tm.
-Val brokenDown(Engine& en, const std::tm* t) {
-    if (!t) return intVal(0);
+Val brokenDown(Engine& en, int64_t time, bool local) {
+    std::tm t {};
+    if (!breakDownTime(time, local, t)) return intVal(0);
     const uint32_t buf = libBuffer(en, en.tmBuf, kTmSize);
-    putTm(en, buf, *t);
+    putTm(en, buf, t);
     return intVal(buf);
 }
 
@@ -75,31 +77,25 @@ constexpr uint32_t kLconvName = 52;    // "C", what setlocale answers
 
 Val bi_asctime(BArgs& a) { return ascText(a.en, getTm(a.en, a.p(0))); }
 
-Val bi_gmtime(BArgs& a) {
-    const std::time_t tt = getTime(a.en, a.p(0));
-    return brokenDown(a.en, std::gmtime(&tt));
-}
+Val bi_gmtime(BArgs& a) { return brokenDown(a.en, getTime(a.en, a.p(0)), false); }
 
-Val bi_localtime(BArgs& a) {
-    const std::time_t tt = getTime(a.en, a.p(0));
-    return brokenDown(a.en, std::localtime(&tt));
-}
+Val bi_localtime(BArgs& a) { return brokenDown(a.en, getTime(a.en, a.p(0)), true); }
 
 Val bi_mktime(BArgs& a) {
     std::tm t = getTm(a.en, a.p(0));
-    const std::time_t r = std::mktime(&t);
-    if (r != static_cast<std::time_t>(-1)) putTm(a.en, a.p(0), t);
+    const int64_t r = makeLocalTime(t);
+    if (r != -1) putTm(a.en, a.p(0), t);
     return intVal(static_cast<int32_t>(r));
 }
 
 Val bi_time(BArgs& a) {
-    const int32_t now = static_cast<int32_t>(std::time(nullptr));
+    const int32_t now = static_cast<int32_t>(wallClockSeconds());
     if (a.p(0)) putBytes(a.en, a.p(0), &now, 4);
     return intVal(now);
 }
 
 Val bi_clock(BArgs&) {
-    return intVal(static_cast<int32_t>(static_cast<double>(std::clock()) * 1000.0 / CLOCKS_PER_SEC));
+    return intVal(static_cast<int32_t>(processorMilliseconds()));
 }
 
 Val bi_difftime(BArgs& a) {
@@ -107,10 +103,9 @@ Val bi_difftime(BArgs& a) {
 }
 
 Val bi_ctime(BArgs& a) {
-    const std::time_t tt = getTime(a.en, a.p(0));
-    const std::tm* lt = std::localtime(&tt);
-    if (!lt) return intVal(0);
-    return ascText(a.en, *lt);
+    std::tm lt {};
+    if (!breakDownTime(getTime(a.en, a.p(0)), true, lt)) return intVal(0);
+    return ascText(a.en, lt);
 }
 
 Val bi_strftime(BArgs& a) {
@@ -119,7 +114,7 @@ Val bi_strftime(BArgs& a) {
     const std::string fmt = a.s(2);
     const std::tm t = getTm(a.en, a.p(3));
     std::string buf(static_cast<size_t>(max) + 1, '\0');
-    const size_t n = max ? std::strftime(buf.data(), static_cast<size_t>(max), fmt.c_str(), &t) : 0;
+    const size_t n = formatTime(buf.data(), static_cast<size_t>(max), fmt.c_str(), t);
     if (n > 0) putBytes(a.en, a.p(0), buf.data(), n + 1);
     return intVal(static_cast<int64_t>(n));
 }

@@ -1,13 +1,12 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <new>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
+#include "platform/file_io.h"
 #include "platform/profile.h"
 #include "platform/profile_doc.h"
 #include "syntax/table.h"
@@ -68,14 +67,8 @@ void setSet(SyntaxHighlight& d, std::string_view items, uint16_t bit) {
 class HglIndex {
 public:
     explicit HglIndex(const std::string& path) {
-        const std::string file = profilePath(path);
-        std::error_code ec;
-        if (!std::filesystem::is_regular_file(file, ec)) return;
-        std::ifstream in(file, std::ios::binary);
         std::string data;
-        char buf[65536];
-        while (in.read(buf, sizeof buf) || in.gcount() > 0) data.append(buf, static_cast<size_t>(in.gcount()));
-        add(parseProfile(data));
+        if (readWholeFile(profilePath(path), data)) add(parseProfile(data));
     }
     explicit HglIndex(const ProfileDoc& doc) { add(doc); }
     // Section names in file order, each once.

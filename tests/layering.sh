@@ -17,6 +17,16 @@ for d in $core; do
   fi
 done
 
+# The C++ library's own doors to the system (files, folders, clocks, randomness) are
+# platform/'s too. std::remove with iterators is the algorithm, not the file call.
+system_calls='std::filesystem|[^_a-zA-Z]fopen *\(|std::rename *\(|[^_a-zA-Z.>]rename *\(|[^_a-zA-Z]::(rename|remove) *\(|std::remove *\([^,;]*;|std::[io]?fstream|[^_a-zA-Z.:>]time *\(|std::time *\(|[^_a-zA-Z]localtime(_r)? *\(|std::clock *\(|[^_a-zA-Z.:>]clock *\(\)|random_device|std::chrono::(system|steady|high_resolution)_clock'
+for d in $core app; do
+  [ -d "$root/$d" ] || continue
+  if grep -rnE --include='*.cpp' --include='*.h' "$system_calls" "$root/$d" | grep -vE '^[^:]*:[0-9]+: *//'; then
+    echo "the C++ library's file, clock or random facilities used outside platform/ (in $d/)"; status=1
+  fi
+done
+
 # The layers of DESIGN.md, bottom up. Of the folders that share a layer, script/ sits
 # on config/: the macros are kept in the key file and the macro menu in the settings,
 # so config/ must never include script/ (the two would include each other).

@@ -2,10 +2,10 @@
 // macro VM_<CommandName>(hDoc) per editor command, with a second argument for the
 // commands that take a parameter, so that the header always matches the table.
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include "engine/command_table.h"
+#include "platform/file_io.h"
 
 namespace {
 
@@ -37,10 +37,7 @@ int main(int argc, char** argv) {
     std::string text = kPrologue;
     for (const zol::CommandRecord& c : zol::commandTable()) text += macroLine(c);
     text += kEpilogue;
-    std::ofstream out(argv[1], std::ios::binary | std::ios::trunc);
-    out << text;
-    out.close();
-    if (!out) {
+    if (!zol::replaceFile(argv[1], text)) {
         std::fprintf(stderr, "make_command_macros: cannot write %s\n", argv[1]);
         return 1;
     }

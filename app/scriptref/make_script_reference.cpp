@@ -2,10 +2,9 @@
 // every shipped script header and the built-in reference in docs/scripts.md. Run by the
 // build target script_reference after the list changed; a test tells when it is due.
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 #include <string>
 
+#include "platform/file_io.h"
 #include "script/builtin_reference.h"
 
 namespace {
@@ -13,21 +12,16 @@ namespace {
 // Puts body into the block of the file at path; false when the file or its markers are
 // missing or it cannot be written.
 bool rewrite(const std::string& path, const zol::GeneratedBlock& block, const std::string& body) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream ss;
-    ss << in.rdbuf();
-    std::string text = ss.str();
+    std::string text;
+    const bool read = zol::readWholeFile(path, text);
     const std::string before = text;
-    if (!in || !zol::replaceGeneratedBlock(text, block, body)) {
+    if (!read || !zol::replaceGeneratedBlock(text, block, body)) {
         std::fprintf(stderr, "make_script_reference: %s lacks the line \"%.*s\"\n", path.c_str(),
                      static_cast<int>(block.begin.size()), block.begin.data());
         return false;
     }
     if (text == before) return true;
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << text;
-    out.close();
-    if (!out) {
+    if (!zol::replaceFile(path, text)) {
         std::fprintf(stderr, "make_script_reference: cannot write %s\n", path.c_str());
         return false;
     }
