@@ -35,6 +35,7 @@
 #include "syntax/commands.h"
 #include "syntax/doc_syntax.h"
 #include "syntax/table.h"
+#include "tools/run_tool.h"
 
 namespace zol {
 namespace {
@@ -122,6 +123,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     initMacros();
     registerOwnedLists();
     installConvertCommand();
+    installTools();
     loadProfile();
     keyMap() = defaultKeyMap();
     macros() = MacroTable{};

@@ -63,12 +63,15 @@ public:
 
 private:
     void emit(std::string_view line);
+    void emitWrapped(std::string_view line);
+    void append(std::string_view bytes);
     void endLine();
     void splitPartial();
     void afterWrite(bool followed);
 
     Document* doc_;
     uint64_t serial_;
+    uint32_t tail_ = 0;       // record of the last line during one write; 0 unknown
     std::string partial_;    // the line begun but not ended yet
     bool pendingCr_ = false;  // a CR ended the last line; an LF right after it belongs to it
     bool placeholder_ = true; // the document still holds only the empty line it began with
