@@ -63,7 +63,10 @@ const Macro kMacros[] = {
     {"$(CurText)", Quoting::None, false, [](const ArgumentFacts& f) { return f.word; }},
 };
 
-bool hasBlank(std::string_view s) { return s.find_first_of(" \t") != std::string_view::npos; }
+// Where Windows passed a path in its short form because a blank would have split it,
+// the path is quoted: for a blank, and for the characters the argument splitter would
+// take as quotes or escapes.
+bool hasBlank(std::string_view s) { return s.find_first_of(" \t'\"\\") != std::string_view::npos; }
 
 std::string quoted(std::string value, Quoting quoting, int mode) {
     if (value.empty()) return value;
