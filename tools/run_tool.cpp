@@ -123,6 +123,16 @@ bool startCaptured(const ToolRequest& r, std::vector<std::string> argv, const st
     return true;
 }
 
+// "&Make" names the output document "Output - Make"; "&&" stands for "&".
+std::string withoutMnemonics(std::string_view text) {
+    std::string out;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '&' && i + 1 < text.size()) ++i;
+        out += text[i];
+    }
+    return out;
+}
+
 int runToolCommand(Document&, const CommandCall& call) {
     for (size_t i = 0; i < std::size(kToolCommands); ++i)
         if (idOf(kToolCommands[i]) == call.id) return runUserTool(i) ? 1 : 0;
@@ -132,8 +142,8 @@ int runToolCommand(Document&, const CommandCall& call) {
 }  // namespace
 
 ToolRequest requestOf(const UserTool& t) {
-    return ToolRequest{t.menuText,      t.pathName, t.arguments,        t.initialDir, t.askArguments,
-                       t.captureOutput, t.saveFile, t.promptBeforeSave, t.quoteMode};
+    return ToolRequest{withoutMnemonics(t.menuText), t.pathName, t.arguments,        t.initialDir, t.askArguments,
+                       t.captureOutput,              t.saveFile, t.promptBeforeSave, t.quoteMode};
 }
 
 bool runTool(const ToolRequest& r, bool wait) {
