@@ -134,9 +134,8 @@ std::string withoutMnemonics(std::string_view text) {
 }
 
 int runToolCommand(Document&, const CommandCall& call) {
-    for (size_t i = 0; i < std::size(kToolCommands); ++i)
-        if (idOf(kToolCommands[i]) == call.id) return runUserTool(i) ? 1 : 0;
-    return 0;
+    const int index = userToolIndex(call.id);
+    return index >= 0 && runUserTool(static_cast<size_t>(index)) ? 1 : 0;
 }
 
 }  // namespace
@@ -164,6 +163,12 @@ bool runTool(const ToolRequest& r, bool wait) {
     const std::string commandLine = args->empty() ? program : program + " " + *args;
     if (r.captureOutput) return startCaptured(r, std::move(argv), *dir, commandLine, wait);
     return reportStart(startDetached(argv, *dir), program);
+}
+
+int userToolIndex(uint16_t command) {
+    for (size_t i = 0; i < std::size(kToolCommands); ++i)
+        if (idOf(kToolCommands[i]) == command) return static_cast<int>(i);
+    return -1;
 }
 
 bool runUserTool(size_t index) {

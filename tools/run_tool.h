@@ -3,6 +3,7 @@
 // fills while the tool runs.
 #pragma once
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "tools/user_tools.h"
@@ -32,6 +33,9 @@ bool runTool(const ToolRequest& request, bool wait);
 // Tool number index (0-based) of the "UserTools" list; a number without a tool is told
 // in the status bar.
 bool runUserTool(size_t index);
+
+// The place in the "UserTools" list of a UserTool command; -1 for any other command.
+int userToolIndex(uint16_t command);
 
 // The handlers of UserTool1 to UserTool16, NextCompilerError and PrevCompilerError,
 // and the owners of the "UserTools" and "UserHelp" sections.
