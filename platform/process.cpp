@@ -305,6 +305,14 @@ bool redirectOutputTo(const std::string& path) {
     return ok;
 }
 
+void usePlainCharacters() {
+    if (const char* all = std::getenv("LC_ALL"); all && *all) {
+        ::setenv("LANG", all, 1);
+        ::unsetenv("LC_ALL");
+    }
+    ::setenv("LC_CTYPE", "C", 1);
+}
+
 void ignoreTerminationRequests() {
     for (int s : {SIGTERM, SIGINT, SIGHUP, SIGQUIT}) ::signal(s, SIG_IGN);
 }

@@ -85,6 +85,9 @@ void stopChild(const ChildProcess& child, bool kill);
 // program it runs (which gets them through the process group, while zolcap stays to
 // see it end), an ending that reports the program's, and one line on standard error.
 bool redirectOutputTo(const std::string& path);
+// Output documents hold 8-bit text: the programs zolcap starts are asked for plain
+// characters (LC_CTYPE=C) rather than UTF-8 quotes, in the language they would use.
+void usePlainCharacters();
 void ignoreTerminationRequests();
 [[noreturn]] void endAs(const ExitStatus& status);
 void writeStandardError(std::string_view text);

@@ -29,7 +29,7 @@ bool arrive(Document& doc, int32_t line, const MessageLocation& where) {
     setMessageIndex(doc, line);
     placeCursor(&doc, 1, line + 1, false, false);
     if (doc.view) doc.view->refreshStatus();
-    return openMessageTarget(doc, where);
+    return openMessageTarget(doc, where, lineText(doc, line));
 }
 
 void bringIntoView(Document& doc) {
@@ -111,7 +111,7 @@ std::string findMessageFile(const Document& output, std::string_view name) {
     return found.empty() ? found : fullPath(found);
 }
 
-bool openMessageTarget(const Document& output, const MessageLocation& where) {
+bool openMessageTarget(const Document& output, const MessageLocation& where, std::string_view message) {
     const std::string path = findMessageFile(output, where.name);
     if (path.empty() || isDirectory(path)) {
         shell().statusMessage(toolmsg::fill(toolmsg::kMessageFileMissing, where.name));
@@ -125,6 +125,7 @@ bool openMessageTarget(const Document& output, const MessageLocation& where) {
     const auto line = static_cast<int32_t>(std::min<uint32_t>(where.line, INT32_MAX));
     placeCursor(target, col, line, false, false);
     bringIntoView(*target);
+    shell().statusMessage(message);
     return true;
 }
 

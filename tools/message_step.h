@@ -25,8 +25,8 @@ bool messageAt(Document& doc, int32_t line);
 // cursor on its line and column (column 0: the line's start). A relative name is
 // looked for in the folder the tool ran in, the folder of the document that ran it
 // and the "IncludeDirs" folders, in that order. A missing file is told in the status
-// bar; false then.
-bool openMessageTarget(const Document& output, const MessageLocation& where);
+// bar; false then. Once there, the message itself shows in the status bar.
+bool openMessageTarget(const Document& output, const MessageLocation& where, std::string_view message);
 // Where the message action finds name; empty when nowhere.
 std::string findMessageFile(const Document& output, std::string_view name);
 

@@ -167,8 +167,13 @@ TEST_F(RunToolTest, ThePlugInInterfaceRunsTools) {
 
 TEST_F(RunToolTest, UserToolCommandsRunTheirTools) {
     open("u.c", "x\n");
-    userTools().tools = {UserTool{"&First", "echo", "one $(CurLine)", "", false, true},
-                         UserTool{"&Second", "echo", "two", "", false, true}};
+    userTools().tools.resize(2);
+    for (UserTool& t : userTools().tools) {
+        t.pathName = "echo";
+        t.captureOutput = true;
+    }
+    userTools().tools[0].menuText = "&First";
+    userTools().tools[1].menuText = "&Second";
     ASSERT_NE(execute(*active(), Cmd::UserTool2), 0);
     EXPECT_EQ(active()->fileName, "Output - Second");
     EXPECT_EQ(execute(*active(), Cmd::UserTool3), 0);

@@ -2,7 +2,8 @@
 // PROGRAM with its standard output and error appended to the file OUTPUT, which the
 // editor reads while it grows, and ends as PROGRAM ended (its exit status, or the
 // signal that ended it). A PROGRAM that cannot be started gets one line in OUTPUT and
-// the status a shell would give: 127 when it is missing, 126 otherwise.
+// the status a shell would give: 127 when it is missing, 126 otherwise. PROGRAM runs
+// with the C locale's characters, which an 8-bit output document shows as they are.
 #include <string>
 #include <vector>
 
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
         return kNotRunStatus;
     }
     ignoreTerminationRequests();
+    usePlainCharacters();
     ChildProcess child;
     const StartResult r = spawnChild(command, SpawnOptions{}, child);
     if (r != StartResult::Started) {
