@@ -210,7 +210,9 @@ void OutputWriter::finish() {
 void OutputWriter::afterWrite(bool followed) {
     doc_->modified = false;
     if (followed) setCursor(*doc_, Pos{0, lastLine(*doc_)});
-    if (doc_->view) doc_->view->redraw();
+    if (!doc_->view) return;
+    doc_->view->redraw();
+    if (followed) doc_->view->refreshStatus();
 }
 
 }  // namespace zol
