@@ -25,10 +25,10 @@ ArgumentFacts argumentFacts(const Document* doc);
 
 // Replaces every macro of line, its name compared without regard to case; a "$" that
 // starts no macro stays as written. Path macros are quoted for the argument splitter
-// (single quotes) as quoteMode says: where a blank makes them several words
-// (kQuoteWithBlanks), never, or always; "$(CurDir)" only where it has a blank, in
-// modes 0 and 2. Nothing when the line, a macro's value or the result is longer than
-// toolmsg::kArgumentLineMax.
+// (single quotes) as quoteMode says: where a blank, quote or backslash would not let
+// them through as one word (kQuoteWithBlanks), never, or always; "$(CurDir)" only
+// where it needs it, in modes 0 and 2. Nothing when the line, a macro's value or the
+// result is longer than toolmsg::kArgumentLineMax.
 std::optional<std::string> expandArguments(std::string_view line, const ArgumentFacts& facts, int quoteMode);
 
 // A folder or program path with "$(ProgDir)" at its start replaced, unquoted.

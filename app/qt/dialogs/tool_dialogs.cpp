@@ -62,6 +62,19 @@ QLineEdit* lineEdit(QWidget* parent, const char* name, size_t size) {
     return edit;
 }
 
+// A list may be kept only when every entry has what it needs; the first that does not
+// is told and shown.
+template <class T, class Complete>
+bool allComplete(QDialog* d, QListWidget* list, const std::vector<T>& items, const char* message, Complete complete) {
+    for (size_t i = 0; i < items.size(); ++i) {
+        if (complete(items[i])) continue;
+        QMessageBox::warning(d, d->windowTitle(), txt(message).arg(i + 1));
+        list->setCurrentRow(static_cast<int>(i));
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 TUserToolsDlg::TUserToolsDlg(QWidget* parent) : QDialog(parent), tools_(userTools().tools) {
@@ -236,12 +249,9 @@ void TUserToolsDlg::browse() {
 
 void TUserToolsDlg::accept() {
     store();
-    for (size_t i = 0; i < tools_.size(); ++i) {
-        if (!tools_[i].menuText.empty() && !tools_[i].pathName.empty()) continue;
-        QMessageBox::warning(this, windowTitle(), txt(msg::kIncomplete).arg(i + 1));
-        list_->setCurrentRow(static_cast<int>(i));
+    if (!allComplete(this, list_, tools_, msg::kIncomplete,
+                     [](const UserTool& t) { return !t.menuText.empty() && !t.pathName.empty(); }))
         return;
-    }
     userTools().tools = tools_;
     saveUserTools("UserTools", kSettingsFile);
     QDialog::accept();
@@ -347,12 +357,9 @@ void THelpOptionsDlg::store() {
 
 void THelpOptionsDlg::accept() {
     store();
-    for (size_t i = 0; i < entries_.size(); ++i) {
-        if (!entries_[i].menuString.empty() && !entries_[i].helpFile.empty()) continue;
-        QMessageBox::warning(this, windowTitle(), txt(msg::kHelpIncomplete).arg(i + 1));
-        list_->setCurrentRow(static_cast<int>(i));
+    if (!allComplete(this, list_, entries_, msg::kHelpIncomplete,
+                     [](const HelpEntry& e) { return !e.menuString.empty() && !e.helpFile.empty(); }))
         return;
-    }
     userHelp().contextHelpFile = local(context_->text());
     userHelp().entries = entries_;
     saveUserHelp("UserHelp", kSettingsFile);
