@@ -34,6 +34,7 @@
 #include "syntax/commands.h"
 #include "syntax/doc_syntax.h"
 #include "syntax/table.h"
+#include "tools/run_tool.h"
 
 namespace zol {
 namespace {
@@ -130,6 +131,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     initMacros();
     registerOwnedLists();
     installConvertCommand();
+    installTools();
     loadProfile();
     keyMap() = defaultKeyMap();
     macros() = MacroTable{};

@@ -85,3 +85,7 @@ echo
 echo "== desktop editor: the command palette narrowing its list, per key"
 "$root/$build/bench/zolder_qt_run" palette "$qhome" - 2>/dev/null
 rm -rf "$qhome"
+
+echo
+echo "== user tool: 200,000 lines captured into an output document beside output to a file"
+"$root/bench/tools_bench.sh" "$root/$build/zolder"

@@ -25,6 +25,34 @@ const StarterMacro kStarterMacros[] = {
      "autoduck"},
 };
 
+// The user tools a new home starts with: the build of the document's folder and a
+// compile of the document alone, both captured so that F4 steps through the messages.
+// Carets under the source line would read as messages of their own, so the compiler
+// is told to leave them out.
+struct StarterTool {
+    const char* menuText;
+    const char* pathName;
+    const char* arguments;
+};
+
+const StarterTool kStarterTools[] = {
+    {"&Make", "make", ""},
+    {"&Compile C file", "cc", "-Wall -fno-diagnostics-show-caret -c $(FileName)"},
+};
+
+void writeStarterTools() {
+    if (!getProfileString("UserTools", "MenuText1", "", kSettingsFile).empty()) return;
+    int n = 1;
+    for (const StarterTool& t : kStarterTools) {
+        const std::string num = std::to_string(n++);
+        writeProfileString("UserTools", "MenuText" + num, t.menuText, kSettingsFile);
+        writeProfileString("UserTools", "PathName" + num, t.pathName, kSettingsFile);
+        writeProfileString("UserTools", "Arguments" + num, t.arguments, kSettingsFile);
+        writeProfileString("UserTools", "InitialDir" + num, "$(FileDir)", kSettingsFile);
+        writeProfileString("UserTools", "CaptureOutput" + num, "1", kSettingsFile);
+    }
+}
+
 constexpr const char* kFamilySection = "VEK Applications";
 constexpr const char* kFamilyKey = "Text Editor";
 constexpr const char* kUninstallKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\zol";
@@ -44,6 +72,7 @@ void firstRunStep() {
     ProfileBatch batch(kSettingsFile);
     writeProfileString("Settings", "AssociateDlgStartUp", "1", kSettingsFile);
     writeProfileString("Tip", "StartUp", "0", kSettingsFile);
+    writeStarterTools();
     if (!getProfileString("MacroMenu", "MenuText1", "", kSettingsFile).empty()) return;
     int n = 1;
     for (const StarterMacro& m : kStarterMacros) {

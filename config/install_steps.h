@@ -12,8 +12,8 @@ constexpr const char* kInstallKey = "Software\\VEK\\Zolder\\Install";
 
 // When the current user's install key holds "Start" = 0 (set by an installer, or by a
 // shipped "registry.ini"), marks it 1 and prepares the first run: clears the install
-// record, asks for the association dialog, turns the tips off and gives an empty
-// macro menu its three starter entries.
+// record, asks for the association dialog, turns the tips off, and gives an empty
+// tool list its two starter tools and an empty macro menu its three starter entries.
 void firstRunStep();
 // Puts the uninstaller's path before an uninstall command that starts with its options.
 void uninstallFixup();

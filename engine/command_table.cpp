@@ -46,6 +46,7 @@ bool installedByLayer(CommandOwner owner) {
         case CommandOwner::Search:
         case CommandOwner::Syntax:
         case CommandOwner::Files:
+        case CommandOwner::Tools:
         case CommandOwner::PlugIn: return true;
         default: return false;
     }

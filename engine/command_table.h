@@ -36,6 +36,7 @@ enum class CommandOwner : uint8_t {
     Search,    // handlers installed at start-up by these layers
     Syntax,
     Files,
+    Tools,
     PlugIn,
     Frame,     // the desktop frame, through the view's pre-command hook; headless, nothing
     Inert,     // nothing in this build

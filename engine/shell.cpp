@@ -53,6 +53,11 @@ BoxButton Shell::messageBox(const MessageBoxRequest& box) {
     }
 }
 
+void Shell::runJob(std::shared_ptr<BackgroundJob> job, bool) {
+    while (job && job->poll(kJobWaitMs)) {
+    }
+}
+
 Shell& shell() { return *current; }
 void setShell(Shell* s) { current = s ? s : &silentShell; }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -59,6 +60,26 @@ const BoxButtonSet& boxButtonSet(BoxButtons set);
 constexpr uint32_t kMainWindowToken = 1;
 // kMainWindowToken while the application has a main window, else 0 (headless).
 uint32_t mainWindowToken();
+
+// Work that goes on outside the editor while the editor stays usable: a running user
+// tool. Whoever runs it calls poll() again and again until it answers false; each call
+// does a bounded slice of the work on the calling (window) thread.
+class BackgroundJob {
+public:
+    virtual ~BackgroundJob() = default;
+    // One slice; waits at most waitMs for something to do when there is nothing yet.
+    // False once the work is over.
+    virtual bool poll(int waitMs) = 0;
+    // Asks the work to end; poll() goes on until it has.
+    virtual void stop() = 0;
+    virtual bool stopping() const = 0;
+    // What the user is shown while it runs: a name, and one line of detail.
+    virtual std::string title() const = 0;
+    virtual std::string detail() const = 0;
+};
+
+// How long a shell without an event loop lets a job wait between slices.
+constexpr int kJobWaitMs = 10;
 
 class Shell {
 public:
@@ -124,6 +145,16 @@ public:
     }
     // Shows a help file (or a URL) in the desktop's viewer; false when it cannot.
     virtual bool openHelp(const std::string& /*path*/) { return false; }
+
+    // Runs a job to its end. A shell with an event loop may return at once and poll
+    // the job there, showing it to the user, who may stop it; with wait it returns
+    // only when the job is over (the user can still stop it). A shell without windows
+    // polls it here until it ends.
+    virtual void runJob(std::shared_ptr<BackgroundJob> job, bool wait);
+    // The "ToolArguments" question: a tool's expanded argument line, for the user to
+    // change before the tool runs; false cancels the run. Without a dialog the line is
+    // taken as it stands.
+    virtual bool toolArguments(std::string& /*arguments*/, std::string_view /*tool*/) { return true; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

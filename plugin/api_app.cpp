@@ -13,6 +13,7 @@
 #include "plugin/api_guard.h"
 #include "plugin/api_version.h"
 #include "script/macros.h"
+#include "tools/run_tool.h"
 
 using namespace zol;
 
@@ -81,11 +82,19 @@ BOOL ZOLAPI Zol_GetTempFileName(char* buffer) {
     });
 }
 
-// User tools are not part of this build; the arguments are still checked.
-BOOL ZOLAPI Zol_ExecuteTool(const char* program, const char* arguments, int /*flags*/, const char* /*directory*/) {
+// Runs as a user tool would. A captured tool is waited for, so that its output
+// document is complete when the caller goes on.
+BOOL ZOLAPI Zol_ExecuteTool(const char* program, const char* arguments, int flags, const char* directory) {
     return guarded<BOOL>(0, [&]() -> BOOL {
         if (!program || !*program || !arguments || !*arguments) return 0;
-        return 0;
+        ToolRequest r;
+        r.title = std::string(fileNamePart(program));
+        r.program = program;
+        r.arguments = arguments;
+        r.initialDir = directory ? directory : "";
+        r.captureOutput = (flags & ZOL_TOOL_CAPTURE) != 0;
+        r.askArguments = (flags & ZOL_TOOL_ASKARGS) != 0;
+        return runTool(r, true) ? 1 : 0;
     });
 }
 

@@ -58,6 +58,10 @@ typedef int BOOL;
 #define ZOL_INFO_SIZE 256       /* buffer given to XPP_GetInformation */
 #define ZOL_PLUGIN_NAME_LEN 31  /* characters kept of a plug-in's name */
 
+/* Flags of Zol_ExecuteTool. */
+#define ZOL_TOOL_CAPTURE 1  /* output into an output document; returns once the tool ended */
+#define ZOL_TOOL_ASKARGS 2  /* the argument line is shown for editing first */
+
 /* Editor events: the first argument of XPP_OnEditorEvent. Parameter 1 is the document
  * where one is involved. */
 #define ZOL_EV_FRAME_GROUP_OPEN 1

@@ -26,6 +26,7 @@
 #include "platform/paths.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
+#include "tools/message_step.h"
 
 #include "app/qt/dialogs/macro_dialogs.h"
 #include "app/qt/dialogs/named_bookmarks.h"
@@ -486,6 +487,7 @@ void TVekWinEditor::typeText(const QString& text) {
 
 void TVekWinEditor::keyPressEvent(QKeyEvent* e) {
     if (!live()) return;
+    if (outputLineChosen(e)) return e->accept();
     const QString text = e->text();
     const Qt::KeyboardModifiers mods = e->modifiers();
     const bool ctrl = mods.testFlag(Qt::ControlModifier), alt = mods.testFlag(Qt::AltModifier);
@@ -514,6 +516,13 @@ void TVekWinEditor::keyPressEvent(QKeyEvent* e) {
     if (pending_) prefixKey_ = word;
     Q_EMIT statusChanged();
     if (cmd) runCommand(cmd);
+}
+
+// Enter on a message line of an output document goes to the place it names.
+bool TVekWinEditor::outputLineChosen(const QKeyEvent* e) {
+    const bool enter = e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter;
+    const bool plain = (e->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    return doc_->outputWindow && enter && plain && pending_ == 0 && messageAt(*doc_, doc_->cursor.line);
 }
 
 void TVekWinEditor::inputMethodEvent(QInputMethodEvent* e) {
@@ -630,6 +639,8 @@ void TVekWinEditor::mouseReleaseEvent(QMouseEvent*) { dragging_ = false; }
 void TVekWinEditor::mouseDoubleClickEvent(QMouseEvent* e) {
     if (!live() || e->button() != Qt::LeftButton) return;
     dragging_ = false;
+    // A message line of an output document goes to the place it names.
+    if (doc_->outputWindow && messageAt(*doc_, doc_->cursor.line)) return;
     runCommand(idOf(Cmd::SelectWord));
 }
 

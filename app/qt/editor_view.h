@@ -118,6 +118,7 @@ private:
     int rulerHeight() const;
     Pos posAt(QPoint p) const;
     void typeText(const QString& text);
+    bool outputLineChosen(const QKeyEvent* e);
     void ensureCursorVisible();
     void updateScrollBars();
     void afterCommand();

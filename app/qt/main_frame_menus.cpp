@@ -12,6 +12,7 @@
 #include "app/qt/dialogs/key_mapping_dialog.h"
 #include "app/qt/dialogs/options_dialog.h"
 #include "app/qt/dialogs/syntax_dialog.h"
+#include "app/qt/dialogs/tool_dialogs.h"
 #include "app/qt/main_frame.h"
 #include "app/qt/main_frame_util.h"
 #include "app/qt/menus.h"
@@ -24,6 +25,7 @@
 #include "engine/options.h"
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
+#include "tools/run_tool.h"
 
 namespace zol {
 namespace {
@@ -58,6 +60,13 @@ const Toggle* toggleOf(uint16_t id) {
     return nullptr;
 }
 
+// A user tool's row shows the tool's menu text; a row without a tool is hidden.
+void showUserTool(QAction* a, size_t index) {
+    const std::vector<UserTool>& tools = userTools().tools;
+    a->setVisible(index < tools.size());
+    if (index < tools.size()) setMenuLabel(a, QString::fromLocal8Bit(tools[index].menuText.c_str()));
+}
+
 }  // namespace
 
 std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
@@ -70,6 +79,8 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
          [](TMainFrame& f) {
              if (TSyntaxHighlightDlg::run(&f)) f.redrawViews();
          }},
+        {"UserTools", [](TMainFrame& f) { TUserToolsDlg::run(&f); }},
+        {"HelpOptions", [](TMainFrame& f) { THelpOptionsDlg::run(&f); }},
         {"Palette", [](TMainFrame& f) { f.openPalette(); }},
         {"Tabs", [](TMainFrame& f) { f.setTabbed(!f.tabbed()); }},
         {"About", [](TMainFrame& f) { f.about(); }},
@@ -137,6 +148,7 @@ void TMainFrame::refreshMenuState(QMenu* m) {
         const uint16_t id = menuCommand(a);
         const CommandRecord* r = id ? findCommand(id) : nullptr;
         if (!r || r->owner == CommandOwner::Inert) continue;
+        if (const int tool = userToolIndex(id); tool >= 0) showUserTool(a, static_cast<size_t>(tool));
         // Without a document only the frame's commands have something to work on.
         a->setEnabled(doc || handlesCommand(id));
         if (const Toggle* t = toggleOf(id)) a->setChecked(t->on(doc));

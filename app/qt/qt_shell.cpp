@@ -1,6 +1,8 @@
 #include "app/qt/qt_shell.h"
 
 #include <QApplication>
+#include <QEventLoop>
+#include <QPointer>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -16,6 +18,8 @@
 #include "app/qt/dialogs/find_dialog.h"
 #include "app/qt/dialogs/goto_dialog.h"
 #include "app/qt/dialogs/macro_dialogs.h"
+#include "app/qt/dialogs/tool_dialogs.h"
+#include "app/qt/dialogs/tool_running.h"
 #include "platform/fileinfo.h"
 #include "platform/process.h"
 
@@ -249,6 +253,32 @@ uint32_t QtShell::findWindow(std::optional<std::string_view> className, std::opt
 bool QtShell::openHelp(const std::string& path) {
     if (path.find("://") == std::string::npos && !fileExists(path)) return false;
     return openWithDesktop(path) == StartResult::Started;
+}
+
+void QtShell::runJob(std::shared_ptr<BackgroundJob> job, bool wait) {
+    if (!job) return;
+    // The output document the job fills gets its window before the first output.
+    frame_->syncViews();
+    QPointer<TRunningToolDlg> dlg = new TRunningToolDlg(frame_, std::move(job));
+    QObject::connect(dlg, &TRunningToolDlg::finished, frame_, [f = frame_] { f->syncViews(); });
+    if (!wait) {
+        // Out of the way of the text, and without taking the keyboard from it.
+        dlg->setAttribute(Qt::WA_ShowWithoutActivating);
+        dlg->adjustSize();
+        dlg->move(frame_->mapToGlobal(QPoint(frame_->width() - dlg->width() - 32, frame_->height() - dlg->height() - 64)));
+        dlg->show();
+        return;
+    }
+    dlg->setWindowModality(Qt::ApplicationModal);
+    QEventLoop loop;
+    QObject::connect(dlg, &TRunningToolDlg::finished, &loop, &QEventLoop::quit);
+    QObject::connect(dlg, &QObject::destroyed, &loop, &QEventLoop::quit);
+    dlg->show();
+    if (dlg && dlg->running()) loop.exec();
+}
+
+bool QtShell::toolArguments(std::string& arguments, std::string_view tool) {
+    return TToolArgumentsDlg::run(frame_, std::string(tool), arguments);
 }
 
 }  // namespace zol

@@ -46,6 +46,9 @@ public:
     void busyCursor(bool on) override;
     uint32_t findWindow(std::optional<std::string_view> className, std::optional<std::string_view> title) override;
     bool openHelp(const std::string& path) override;
+    // A "RunningTool" window works the job on a timer; waiting, it is modal.
+    void runJob(std::shared_ptr<BackgroundJob> job, bool wait) override;
+    bool toolArguments(std::string& arguments, std::string_view tool) override;
 
 private:
     TMainFrame* frame_;

@@ -12,6 +12,7 @@ namespace zol {
 #define ZOL_HANDLER_OF_Search(handler)
 #define ZOL_HANDLER_OF_Syntax(handler)
 #define ZOL_HANDLER_OF_Files(handler)
+#define ZOL_HANDLER_OF_Tools(handler)
 #define ZOL_HANDLER_OF_PlugIn(handler)
 #define ZOL_HANDLER_OF_Frame(handler)
 #define ZOL_HANDLER_OF_Inert(handler)
@@ -21,6 +22,7 @@ namespace zol {
 #undef ZOL_HANDLER_OF_Search
 #undef ZOL_HANDLER_OF_Syntax
 #undef ZOL_HANDLER_OF_Files
+#undef ZOL_HANDLER_OF_Tools
 #undef ZOL_HANDLER_OF_PlugIn
 #undef ZOL_HANDLER_OF_Frame
 #undef ZOL_HANDLER_OF_Inert

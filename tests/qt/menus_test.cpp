@@ -69,7 +69,8 @@ void checkMenu(QMenu* m, int& commandItems) {
                 EXPECT_EQ(a->statusTip(), QString::fromLatin1(qtmsg::kNotAvailableTip));
                 continue;
             }
-            EXPECT_TRUE(a->isEnabled() && carriedOut(*r)) << r->name;
+            // A hidden item (a user tool's row without a tool) counts as disabled.
+            EXPECT_TRUE((a->isEnabled() || !a->isVisible()) && carriedOut(*r)) << r->name;
             const std::vector<std::string> keys = commandKeyNames(keyMap(), id);
             if (!keys.empty()) {
                 EXPECT_TRUE(a->text().endsWith(QString::fromStdString("\t" + keys[0]))) << r->name;

@@ -1,12 +1,12 @@
 /* Without windows every dialog is cancelled: each answers 0 and leaves the script's
    buffers and flags as they were. The application's folders end in a separator; there
-   is no main window; a new temporary file is there to remove. */
+   is no main window; a new temporary file is there to remove; a tool runs. */
 #include <stdio.h>
 #include <string.h>
 #include <editor/dlg.h>
 #include <editor/app.h>
 // out: dialogs 0 0 0 0 0 0 0 0 0 0 [abc] [keep] 1 0 5 3 [one]
-// out: home 1 / program 1 / window 0 temp 1 removed 0 tool 0
+// out: home 1 / program 1 / window 0 temp 1 removed 0 tool 1
 int main(void)
 {
     char text[256], other[256], path[32], items[16], temp[260];

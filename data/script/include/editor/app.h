@@ -2,6 +2,9 @@
 #ifndef __EDITOR_APP_H
 #define __EDITOR_APP_H
 #include <windows.h>
+/* Flags of Zol_ExecuteTool. */
+#define ZOL_TOOL_CAPTURE 1  /* output into an output document; returns once the tool ended */
+#define ZOL_TOOL_ASKARGS 2  /* the argument line is shown for editing first */
 /* Built-in functions: generated from script/builtins.def */
 long Zol_CallDLLFunc(const char *library, const char *function, ...);
 int Zol_GetVersion(void);
