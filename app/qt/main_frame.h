@@ -112,6 +112,9 @@ public:
     // The user's macro menu after the Macros menu's own items, and running one of them.
     void rebuildMacroMenu();
     void runMacroMenuItem(size_t index);
+    // The items of the user's macro menu carry their place under this property; their
+    // texts are the user's, mnemonics or not.
+    static constexpr char kMacroMenuItemProperty[] = "macroMenuItem";
     void customizeMacroMenu();
     void scriptWizard();
 

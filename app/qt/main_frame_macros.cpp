@@ -18,12 +18,6 @@
 #include "script/script_messages.h"
 
 namespace zol {
-namespace {
-
-// Marks the items made from the macro menu, which are the user's, with their place.
-constexpr char kMacroMenuItemProperty[] = "macroMenuItem";
-
-}  // namespace
 
 void TMainFrame::runExecScript() {
     TScriptDialog::Choice choice;

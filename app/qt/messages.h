@@ -206,7 +206,7 @@ inline constexpr MenuRow kMenuBar[] = {
     {MenuItem::Action, "CustomizeMacroMenu", "Customize &Macro Menu..."},
     kSeparator,
     {MenuItem::Command, "ExecScript", "Run S&cript..."},
-    {MenuItem::Action, "ScriptWizard", "Script &Wizard..."},
+    {MenuItem::Action, "ScriptWizard", "Script Wi&zard..."},
 
     {MenuItem::Menu, "Tools", "&Tools"},
     {MenuItem::Command, "WordCount", "&Word Count"},
