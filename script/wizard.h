@@ -37,7 +37,7 @@ inline constexpr SavedSetting kSavedSettings[] = {
     {"BOOL", "bCursorBeyondEOL", "Zol_IsCursorBeyondEOL", "Zol_SetCursorBeyondEOL", false, "Cursor &beyond end of line"},
     {"BOOL", "bCursorThroughtTabs", "Zol_IsCursorThroughtTabs", "Zol_SetCursorThroughtTabs", false,
      "Cursor &through tabs"},
-    {"BOOL", "bUseTabChar", "Zol_IsUseTabChar", "Zol_SetUseTabChar", false, "Use ta&b character"},
+    {"BOOL", "bUseTabChar", "Zol_IsUseTabChar", "Zol_SetUseTabChar", false, "Use tab c&haracter"},
     {"BOOL", "bKeepTrailingBlanks", "Zol_IsKeepTrailingBlanks", "Zol_SetKeepTrailingBlanks", false,
      "&Keep trailing blanks"},
 };

@@ -20,6 +20,7 @@
 #include "tests/support/documents.h"
 #include "tests/support/fake_shell.h"
 #include "tests/support/temp_dir.h"
+#include "tests/support/temp_home.h"
 
 namespace zol {
 namespace {
@@ -126,6 +127,30 @@ TEST(ScriptWizard, StepsWithoutAScriptFormAreMarkedWhereTheyStood) {
                   std::string::npos)
             << body;
     }
+}
+
+class WizardWriting : public test::TempHome {};
+
+// Whatever stands in the way, the user's files stay as they were.
+TEST_F(WizardWriting, WritesOnlyWhereItMayAndReplacesOnlyWhenTold) {
+    const std::string path = wizardScriptPath("mine");
+    EXPECT_EQ(path, dir + "script/mine.c");
+    EXPECT_EQ(wizardScriptPath("mine.c"), path);
+
+    put("script/keep", "");
+    EXPECT_EQ(writeWizardScript(path, "new\n", false), WizardWrite::Written);
+    EXPECT_EQ(get("script/mine.c"), "new\n");
+    EXPECT_EQ(writeWizardScript(path, "other\n", false), WizardWrite::Exists);
+    EXPECT_EQ(get("script/mine.c"), "new\n");
+    EXPECT_EQ(writeWizardScript(path, "other\n", true), WizardWrite::Written);
+    EXPECT_EQ(get("script/mine.c"), "other\n");
+
+    put("script/dir.c/inside", "x");
+    EXPECT_EQ(writeWizardScript(dir + "script/dir.c", "t", true), WizardWrite::Failed);
+    EXPECT_EQ(get("script/dir.c/inside"), "x");
+    // A place no file can be made in, for root as for anyone: below a plain file.
+    EXPECT_EQ(writeWizardScript(dir + "script/keep/x.c", "t", false), WizardWrite::Failed);
+    EXPECT_EQ(get("script/keep"), "");
 }
 
 // A home with the shipped headers and a document; runs scripts as the dialog does.

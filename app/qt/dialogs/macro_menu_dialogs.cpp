@@ -68,7 +68,7 @@ TMacroListDlg::TMacroListDlg(QWidget* parent) : QDialog(parent) {
     list_->setCurrentRow(0);
     QDialogButtonBox* buttons = okCancel(this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(list_, &QListWidget::itemActivated, this, &QDialog::accept);
+    connect(list_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(list_);
     layout->addWidget(buttons);
@@ -207,7 +207,8 @@ TMacroMenuDlg::TMacroMenuDlg(QWidget* parent) : QDialog(parent), menu_(macroMenu
     layout->addWidget(buttons);
     connect(add_, &QPushButton::clicked, this, &TMacroMenuDlg::add);
     connect(change_, &QPushButton::clicked, this, &TMacroMenuDlg::change);
-    connect(list_, &QListWidget::itemActivated, this, &TMacroMenuDlg::change);
+    // Enter closes the dialog as in any other list dialog; a double click changes the item.
+    connect(list_, &QListWidget::itemDoubleClicked, this, &TMacroMenuDlg::change);
     connect(remove_, &QPushButton::clicked, this, &TMacroMenuDlg::remove);
     connect(up_, &QPushButton::clicked, this, [this] { move(-1); });
     connect(down_, &QPushButton::clicked, this, [this] { move(1); });

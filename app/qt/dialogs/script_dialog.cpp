@@ -75,7 +75,7 @@ TScriptDialog::TScriptDialog(QWidget* parent) : QDialog(parent) {
     connect(scripts_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (item && item->data(0, kRelativePathRole).isValid()) script_->setEditText(item->data(0, kRelativePathRole).toString());
     });
-    connect(scripts_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+    connect(scripts_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
         if (item->data(0, kRelativePathRole).isValid()) tryRun();
     });
     fillScripts();

@@ -6,7 +6,6 @@
 #include <QFontDatabase>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -88,7 +87,7 @@ QWizardPage* TScriptWizard::makeMacroPage() {
     }
     macros_->setCurrentRow(0);
     convert_->setEnabled(macros_->count() > 0);
-    connect(macros_, &QListWidget::itemActivated, this, [this] { next(); });
+    connect(macros_, &QListWidget::itemDoubleClicked, this, [this] { next(); });
     auto* layout = new QVBoxLayout(p);
     layout->addWidget(macros_);
     return p;
@@ -134,16 +133,13 @@ QWizardPage* TScriptWizard::makeOptionsPage() {
 }
 
 QWizardPage* TScriptWizard::makeGeneratePage() {
-    QWizardPage* p = newPage("ScrWiz_Generate", dlgmsg::kWizardGenerateTitle, QString());
-    target_ = named(new QLabel(p), "target");
-    target_->setWordWrap(true);
+    QWizardPage* p = newPage("ScrWiz_Generate", dlgmsg::kWizardGenerateTitle, QStringLiteral(" "));
     preview_ = named(new QPlainTextEdit(p), "preview");
     preview_->setReadOnly(true);
     preview_->setLineWrapMode(QPlainTextEdit::NoWrap);
     preview_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     preview_->setMinimumSize(520, 260);
     auto* layout = new QVBoxLayout(p);
-    layout->addWidget(target_);
     layout->addWidget(preview_, 1);
     return p;
 }
@@ -163,7 +159,7 @@ void TScriptWizard::initializePage(int id) {
     if (id == NamePage) suggestName();
     if (id == OptionsPage) updateOptions();
     if (id == GeneratePage) {
-        target_->setText(QString(dlgmsg::kWizardGenerateText).arg(qs(targetPath())));
+        page(GeneratePage)->setSubTitle(QString(dlgmsg::kWizardGenerateText).arg(qs(targetPath())));
         preview_->setPlainText(fromCp1252(generateScript(choices())));
     }
 }

@@ -9,7 +9,6 @@
 
 class QCheckBox;
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
@@ -62,7 +61,6 @@ private:
     QCheckBox* endModes_ = nullptr;
     QCheckBox* saveOptions_ = nullptr;
     std::array<QComboBox*, kSavedSettingCount> fixed_{};
-    QLabel* target_ = nullptr;
     QPlainTextEdit* preview_ = nullptr;
     std::string written_;
 };
