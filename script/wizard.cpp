@@ -76,7 +76,9 @@ bool usesCommandMacros(const WizardChoices& c) {
     return c.commandMacros || c.endModes || c.kind == ScriptKind::ConvertMacro;
 }
 
-std::string includeLine(const char* header, bool on) { return (on ? "" : "//") + std::string("#include <") + header + ">\n"; }
+std::string includeLine(const char* header, bool on) {
+    return (on ? "" : "//") + std::string("#include <") + header + ">\n";
+}
 
 std::string includes(const WizardChoices& c) {
     return includeLine("windows.h", true) + includeLine("stdio.h", false) + includeLine("stdlib.h", false) +
@@ -161,9 +163,8 @@ const char* bannerTextProblem(std::string_view text) {
 
 std::string wizardScriptPath(std::string_view name) {
     std::string file(name);
-    const bool hasExtension =
-        file.size() > kScriptExtension.size() && file.compare(file.size() - kScriptExtension.size(), kScriptExtension.size(), kScriptExtension) == 0;
-    if (!hasExtension) file += kScriptExtension;
+    // ".c" alone is a name, not an extension.
+    if (file.size() <= kScriptExtension.size() || !file.ends_with(kScriptExtension)) file += kScriptExtension;
     return homeDir() + kScriptFolder + file;
 }
 

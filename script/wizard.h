@@ -49,7 +49,7 @@ struct WizardChoices {
     std::string description;
     std::string syntax;
     // Editor scripts and converted macros:
-    bool commandMacros = false;  // include editor/macros.h (taken as asked for by the next and by conversion)
+    bool commandMacros = false;  // include editor/macros.h; ending the modes and conversion need it anyway
     bool endModes = false;       // end line drawing and selecting before the script's work
     bool refuseReadOnly = false;
     bool saveOptions = false;

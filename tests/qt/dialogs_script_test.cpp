@@ -93,7 +93,9 @@ TEST_F(ScriptDesktopTest, TheDialogRunsAScriptAndOffersItFirstAtTheNextStart) {
         EXPECT_EQ(script->count(), 0) << "nothing run yet";
         auto* tree = child<QTreeWidget>(d, "scripts");
         EXPECT_EQ(tree->topLevelItemCount(), 1) << "only folders that hold scripts";
-        if (tree->topLevelItemCount()) EXPECT_EQ(tree->topLevelItem(0)->text(0), "mark.c");
+        if (tree->topLevelItemCount()) {
+            EXPECT_EQ(tree->topLevelItem(0)->text(0), "mark.c");
+        }
         // A folder and a missing file are refused; the dialog keeps what was typed.
         for (const char* bad : {"include", "nosuch"}) {
             script->setEditText(bad);
