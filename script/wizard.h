@@ -34,7 +34,7 @@ inline constexpr SavedSetting kSavedSettings[] = {
     {"BOOL", "bAutoIndentMode", "Zol_IsAutoIndentMode", "Zol_SetAutoIndentMode", false, "&Auto indent"},
     {"BOOL", "bAutoUnindentMode", "Zol_IsAutoUnindentMode", "Zol_SetAutoUnindentMode", false, "Auto &unindent"},
     {"BOOL", "bOverwriteMode", "Zol_IsOverwriteMode", "Zol_SetOverwriteMode", false, "&Overwrite mode"},
-    {"BOOL", "bCursorBeyondEOL", "Zol_IsCursorBeyondEOL", "Zol_SetCursorBeyondEOL", false, "Cursor &beyond end of line"},
+    {"BOOL", "bCursorBeyondEOL", "Zol_IsCursorBeyondEOL", "Zol_SetCursorBeyondEOL", false, "Cursor beyond end of &line"},
     {"BOOL", "bCursorThroughtTabs", "Zol_IsCursorThroughtTabs", "Zol_SetCursorThroughtTabs", false,
      "Cursor &through tabs"},
     {"BOOL", "bUseTabChar", "Zol_IsUseTabChar", "Zol_SetUseTabChar", false, "Use tab c&haracter"},
