@@ -6,6 +6,8 @@
 
 namespace zol {
 
+constexpr const char* kMacroMenuSection = "MacroMenu";
+
 struct MacroMenuItem {
     std::string menuText;     // at most 39 characters; never empty once loaded
     std::string description;  // at most 79 characters

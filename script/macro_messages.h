@@ -38,11 +38,20 @@ inline constexpr char kBadEscape[] = "unknown escape sequence in the string";
 inline constexpr char kTrailingText[] = "unexpected text after the command";
 inline constexpr char kTooManySteps[] = "the macro would hold more than 65535 steps";
 
-// The macro menu.
+// The macro menu. Its items are kept under numbered keys that loading reads up to
+// this count, so more could not come back.
 inline constexpr int kMaxMenuItems = 15;
+inline constexpr char kMenuFull[] = "The macro menu holds at most 15 items. Remove one to add another.";
 inline constexpr size_t kMenuTextSize = 40;     // 39 characters
 inline constexpr size_t kMenuDescSize = 80;     // 79 characters
 inline constexpr size_t kMenuCmdLineSize = 1024;  // 1023 characters
 inline constexpr char kUnnamedMenuItem[] = "Macro %d";
+// The suggested menu text of a new item, numbered by its place.
+inline constexpr char kNumberedMenuText[] = "Macro&%d";
+// An empty menu text would end the list when it is next loaded.
+inline constexpr char kMenuTextNeeded[] = "A menu item needs a menu text.";
+inline constexpr char kMenuMacroNeeded[] = "Choose the keystroke macro the item runs.";
+inline constexpr char kMenuScriptNeeded[] = "Choose the script the item runs.";
+inline constexpr char kNoSuchMacro[] = "There is no keystroke macro named \"%s\".";
 
 }  // namespace zol::macromsg

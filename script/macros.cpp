@@ -187,7 +187,7 @@ void initMacros() {
     setMacroStore(&executorMacros);
     setKeyFileMacros({[] { return macroSectionBytes(macros()); },
                       [](std::string_view section) { return readMacroSection(section, macros()); }});
-    registerProfileOwner("MacroMenu", loadMacroMenu, saveMacroMenu);
+    registerProfileOwner(kMacroMenuSection, loadMacroMenu, saveMacroMenu);
 }
 
 }  // namespace zol

@@ -34,7 +34,6 @@
 #include "files/textfile.h"
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
-#include "script/run_script.h"
 
 namespace zol {
 namespace {
@@ -267,16 +266,6 @@ bool TMainFrame::readBlock(Document& doc) {
         text += lineText(scratch, i);
     }
     return insertText(doc, text);
-}
-
-void TMainFrame::runExecScript() {
-    const QString file = QFileDialog::getOpenFileName(this, QString::fromLatin1(qtmsg::kOpenTitle),
-                                                      qs(homeDir() + "script"));
-    if (file.isEmpty()) return;
-    const std::string path = local(file);
-    runScript(path, {}, fileNamePart(path), ScriptStarter::User);
-    syncViews();
-    redrawViews();
 }
 
 void TMainFrame::saveFile(TVekWinEditor* view) {

@@ -106,6 +106,18 @@ public:
     // Offers to reload documents whose files changed on disk (when the window gets focus).
     void checkExternalChanges();
 
+    // Runs a script the user chose (the script dialog, the macro menu); a missing
+    // file or a folder is reported and nothing runs.
+    void runUserScript(const std::string& path, const std::vector<std::string>& args);
+    // The user's macro menu after the Macros menu's own items, and running one of them.
+    void rebuildMacroMenu();
+    void runMacroMenuItem(size_t index);
+    // The items of the user's macro menu carry their place under this property; their
+    // texts are the user's, mnemonics or not.
+    static constexpr char kMacroMenuItemProperty[] = "macroMenuItem";
+    void customizeMacroMenu();
+    void scriptWizard();
+
 protected:
     void closeEvent(QCloseEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
@@ -150,6 +162,7 @@ private:
     QAction* tabsAction_ = nullptr;
     QAction* paletteAction_ = nullptr;
     QList<QAction*> windowItems_;
+    QList<QAction*> macroMenuItems_;
     QToolBar* toolBar_ = nullptr;
     QToolBar* documentBar_ = nullptr;
     QActionGroup* documentGroup_ = nullptr;

@@ -84,6 +84,8 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
         {"Palette", [](TMainFrame& f) { f.openPalette(); }},
         {"Tabs", [](TMainFrame& f) { f.setTabbed(!f.tabbed()); }},
         {"About", [](TMainFrame& f) { f.about(); }},
+        {"CustomizeMacroMenu", [](TMainFrame& f) { f.customizeMacroMenu(); }},
+        {"ScriptWizard", [](TMainFrame& f) { f.scriptWizard(); }},
     };
     return table;
 }
@@ -137,6 +139,7 @@ void TMainFrame::buildMenus() {
     recentMenu_ = menu("RecentFiles");
     plugInMenu_ = menu("PlugIns");
     if (QMenu* window = menu("Window")) connect(window, &QMenu::aboutToShow, this, &TMainFrame::refreshWindowMenu);
+    if (QMenu* macros = menu("Macros")) connect(macros, &QMenu::aboutToShow, this, &TMainFrame::rebuildMacroMenu);
     rebuildPlugInMenu();
 }
 

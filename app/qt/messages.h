@@ -203,8 +203,10 @@ inline constexpr MenuRow kMenuBar[] = {
     {MenuItem::Command, "RecordMacro", "&Record"},
     {MenuItem::Command, "MacroStopRecorder", "&Stop Recording"},
     {MenuItem::Command, "Macro", "&Play..."},
+    {MenuItem::Action, "CustomizeMacroMenu", "Customize &Macro Menu..."},
     kSeparator,
     {MenuItem::Command, "ExecScript", "Run S&cript..."},
+    {MenuItem::Action, "ScriptWizard", "Script Wi&zard..."},
 
     {MenuItem::Menu, "Tools", "&Tools"},
     {MenuItem::Command, "WordCount", "&Word Count"},

@@ -74,6 +74,59 @@ inline constexpr char kAskDeleteMacro[] = "Delete the macro \"%1\"?";
 inline constexpr char kEmptyMacroName[] = "A macro needs a name.";
 inline constexpr char kMacroNameTaken[] = "There is already a macro named \"%1\".";
 
+// The macro menu
+inline constexpr char kMacroMenuTitle[] = "Customize Macro Menu";
+inline constexpr char kMacroMenuAdd[] = "&Add...";
+inline constexpr char kMacroMenuChange[] = "&Change...";
+inline constexpr char kMacroMenuRemove[] = "&Remove";
+inline constexpr char kMacroMenuUp[] = "Move &Up";
+inline constexpr char kMacroMenuDown[] = "Move &Down";
+inline constexpr char kMacroMenuAddTitle[] = "Add Macro";
+inline constexpr char kMacroMenuChangeTitle[] = "Change Macro Menu Item";
+inline constexpr char kAddKeyMacro[] = "Add &Macro";
+inline constexpr char kAddScript[] = "Add VEK C &Script";
+inline constexpr char kMenuText[] = "Menu &text:";
+inline constexpr char kMenuDescription[] = "&Description:";
+inline constexpr char kMenuMacro[] = "Macro &name:";
+inline constexpr char kMenuScript[] = "Script and ar&guments:";
+inline constexpr char kChoose[] = "C&hoose...";
+inline constexpr char kMacroListTitle[] = "Keystroke Macros";
+inline constexpr char kScriptFilter[] = "VEK C scripts (*.c);;All files (*)";
+
+// Running a script
+inline constexpr char kScriptTitle[] = "VEK C Script";
+inline constexpr char kScriptFile[] = "&Script:";
+inline constexpr char kScriptArguments[] = "&Arguments:";
+inline constexpr char kScriptsBelow[] = "Scripts in %1";
+inline constexpr char kScriptBrowse[] = "&Browse...";
+inline constexpr char kScriptRun[] = "&Run";
+inline constexpr char kScriptWizardButton[] = "&Wizard...";
+
+// The script wizard
+inline constexpr char kWizardTitle[] = "VEK C Script Wizard";
+inline constexpr char kWizardTypeTitle[] = "Kind of script";
+inline constexpr char kWizardTypeText[] = "What is the new script to be?";
+inline constexpr char kWizardConsole[] = "&Console program: reads and writes its console";
+inline constexpr char kWizardEditor[] = "&Editor script: works on the active document";
+inline constexpr char kWizardConvert[] = "Con&vert keystroke macro to VEK C Script";
+inline constexpr char kWizardMacroTitle[] = "Keystroke macro";
+inline constexpr char kWizardMacroText[] = "Which macro is the script to replay?";
+inline constexpr char kWizardNameTitle[] = "Name";
+inline constexpr char kWizardNameText[] = "The script is written to %1 under this name, with \".c\".";
+inline constexpr char kWizardName[] = "Script na&me:";
+inline constexpr char kWizardDescription[] = "&Description:";
+inline constexpr char kWizardSyntax[] = "S&yntax:";
+inline constexpr char kWizardOptionsTitle[] = "Options";
+inline constexpr char kWizardOptionsText[] = "What main() does before and after the script's own work.";
+inline constexpr char kWizardCommandMacros[] = "Use editor &command macros (editor/macros.h)";
+inline constexpr char kWizardReadOnly[] = "&Refuse a read-only document";
+inline constexpr char kWizardEndModes[] = "&End line drawing and selecting first";
+inline constexpr char kWizardSaveOptions[] = "&Save the editor options and restore them afterwards";
+inline constexpr char kWizardFixedGroup[] = "While the script runs";
+inline constexpr const char* kWizardFixChoices[] = {"As the user set it", "Off", "On"};  // by OptionFix
+inline constexpr char kWizardGenerateTitle[] = "Generate";
+inline constexpr char kWizardGenerateText[] = "Finish writes %1 and opens it.";
+
 // Key mapping. Group titles are indexed by the command groups 1..13.
 inline constexpr char kKeyMappingTitle[] = "Key Mapping";
 inline constexpr char kSecondKeyTitle[] = "Second Key";
