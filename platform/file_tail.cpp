@@ -32,6 +32,4 @@ void closeTail(FileTail& tail) {
     tail.fd = -1;
 }
 
-bool removeFile(const std::string& path) { return ::unlink(path.c_str()) == 0; }
-
 }  // namespace zol

@@ -19,7 +19,4 @@ bool openTail(FileTail& tail, const std::string& path);
 long readTail(FileTail& tail, std::string& out, size_t max);
 void closeTail(FileTail& tail);
 
-// Removes a file; false when it could not be removed (a missing file included).
-bool removeFile(const std::string& path);
-
 }  // namespace zol

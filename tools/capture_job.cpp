@@ -1,6 +1,7 @@
 #include "tools/capture_job.h"
 
 #include "platform/clock.h"
+#include "platform/file_io.h"
 #include "tools/messages.h"
 
 namespace zol {

@@ -11,6 +11,7 @@
 #include "engine/document_list.h"
 #include "engine/shell.h"
 #include "files/save.h"
+#include "platform/file_io.h"
 #include "platform/paths.h"
 #include "platform/process.h"
 #include "platform/tempfile.h"

@@ -162,13 +162,17 @@ TEST_P(SaveFaults, AFailedCallLeavesTheOldBytes) {
         reachedTheEnd = fileCallsCounted() < n;
         failFileCall(0, 0);
         if (out.saved) {
-            if (!expected.empty()) EXPECT_EQ(get(p.target), expected);
+            if (!expected.empty()) {
+                EXPECT_EQ(get(p.target), expected);
+            }
             EXPECT_FALSE(doc_ && doc_->modified && p.keepsOldOnFailure);
             continue;
         }
         EXPECT_FALSE(reachedTheEnd) << "failed without a fault";
         EXPECT_TRUE(out.stillModified);
-        if (p.tellsUser) EXPECT_FALSE(shell_.messages.empty());
+        if (p.tellsUser) {
+            EXPECT_FALSE(shell_.messages.empty());
+        }
         if (p.keepsOldOnFailure) {
             EXPECT_EQ(contents(), before);
         } else {
