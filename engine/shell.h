@@ -11,6 +11,8 @@
 
 namespace zol {
 
+struct Document;
+
 enum class Answer { Yes, No, Cancel };
 
 // Clipboard contents in the two formats the editor uses. A column block is the
@@ -31,8 +33,12 @@ struct FindDialogData {
     bool matchCase = false;
     bool regex = false;
     bool forward = true;
+    bool inSelection = false;  // Replace All covers the selection only
+    bool prompt = false;       // Replace All asks before each hit
 };
 enum class FindDialogResult { Cancel, Find, ReplaceOne, ReplaceAll };
+// The answers of the question asked before each replacement.
+enum class ReplacePromptAnswer { Yes, No, All, Cancel };
 
 // A message box as scripts ask for one: its buttons, its icon, and the button that
 // Enter presses.
@@ -124,6 +130,9 @@ public:
     }
     // Shows a help file (or a URL) in the desktop's viewer; false when it cannot.
     virtual bool openHelp(const std::string& /*path*/) { return false; }
+    // "ReplacePrompt": whether to replace the hit selected in doc. Without a dialog
+    // nothing is replaced.
+    virtual ReplacePromptAnswer replacePrompt(Document& /*doc*/) { return ReplacePromptAnswer::Cancel; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

@@ -85,7 +85,17 @@ using OutputFn = std::function<void(std::vector<std::string>& lines)>;
 FileSearchTotals findInFiles(const FileSearchQuery& q, const OpenTexts& open, const std::atomic<bool>& stop,
                              const OutputFn& output);
 
-// The output lines of a search.
+// An output line shows this much of a hit's line: enough to recognise it, and short
+// enough that the output document takes it as one line (kMaxColumns).
+constexpr size_t kMaxHitText = 1000;
+// Hits go to the window thread in batches of this many lines, or sooner when the
+// oldest waiting line is this old: a batch per hit would swamp the window thread on a
+// common word, and the user watches the output grow.
+constexpr size_t kOutputBatchLines = 512;
+constexpr uint64_t kOutputBatchMs = 50;
+
+// The output lines of a search. A hit line, "rel(line): text", is a message line that
+// names its file and line, so the message stepping walks the hits.
 std::string hitLine(std::string_view rel, int64_t line, std::string_view text);
 std::string unreadableLine(std::string_view rel, Unreadable why);
 // The summary that ends the output, one count a line.
