@@ -114,13 +114,13 @@ size_t nextCandidate(const Searcher& s, std::string_view hay, size_t from) {
     return from;
 }
 
+}  // namespace
+
 std::string countLine(const searchmsg::CountText& t, uint64_t n) {
     std::string s = n == 1 ? t.one : t.many;
     s.replace(s.find("%d"), 2, std::to_string(n));
     return s;
 }
-
-}  // namespace
 
 std::string fileSearchProblem(const FileSearchQuery& q) {
     if (q.pattern.empty()) return searchmsg::kEmptyPattern;

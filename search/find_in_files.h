@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "search/find.h"
+#include "search/messages.h"
 
 namespace zol {
 
@@ -100,5 +101,7 @@ std::string hitLine(std::string_view rel, int64_t line, std::string_view text);
 std::string unreadableLine(std::string_view rel, Unreadable why);
 // The summary that ends the output, one count a line.
 std::vector<std::string> summaryLines(const FileSearchTotals& t);
+// One count of a summary, in the singular or the plural as n asks.
+std::string countLine(const searchmsg::CountText& t, uint64_t n);
 
 }  // namespace zol

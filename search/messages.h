@@ -57,7 +57,6 @@ inline constexpr char kReasonTooLong[] = "the regular expression takes too long;
 inline constexpr char kReadOnlyFile[] = ": read-only, left as it was";
 inline constexpr char kReadOnlyDocument[] = ": the open document is read-only, left as it was";
 inline constexpr char kNotWritten[] = ": could not be written, left as it was";
-inline constexpr char kChangedOnDisk[] = ": binary now, left as it was";
 inline constexpr char kLinesTooLong[] =
     ": some lines left as they were: the replacement would make them too long for the editor";
 
