@@ -30,7 +30,7 @@ inline constexpr char kNoFolder[] = "The folder %s does not exist.";
 inline constexpr char kFindInFilesTitle[] = "Find in Files";
 inline constexpr char kReplaceInFilesTitle[] = "Replace in Files";
 inline constexpr char kSearching[] = "Searching for \"%s\"...";
-inline constexpr char kSearchRunning[] = "A search in files is still running.";
+inline constexpr char kSearchRunning[] = "A search in files is still running. Stop it?";
 inline constexpr char kSearchStopped[] = "Stopped: the search did not finish.";
 // A count and what it counts, singular and plural.
 struct CountText {

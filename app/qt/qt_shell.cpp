@@ -9,6 +9,7 @@
 #include <QtEndian>
 
 #include "app/qt/key_words.h"
+#include "app/qt/editor_view.h"
 #include "app/qt/main_frame.h"
 #include "app/qt/messages.h"
 
@@ -249,6 +250,14 @@ uint32_t QtShell::findWindow(std::optional<std::string_view> className, std::opt
 bool QtShell::openHelp(const std::string& path) {
     if (path.find("://") == std::string::npos && !fileExists(path)) return false;
     return openWithDesktop(path) == StartResult::Started;
+}
+
+ReplacePromptAnswer QtShell::replacePrompt(Document& doc) {
+    if (TVekWinEditor* view = frame_->viewOf(&doc)) {
+        view->redraw();
+        view->showCursorNow();
+    }
+    return TReplacePromptDlg::run(frame_);
 }
 
 }  // namespace zol

@@ -46,6 +46,7 @@ public:
     void busyCursor(bool on) override;
     uint32_t findWindow(std::optional<std::string_view> className, std::optional<std::string_view> title) override;
     bool openHelp(const std::string& path) override;
+    ReplacePromptAnswer replacePrompt(Document& doc) override;
 
 private:
     TMainFrame* frame_;

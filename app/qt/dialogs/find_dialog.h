@@ -46,11 +46,25 @@ private:
     QCheckBox* wholeWord_;
     QCheckBox* matchCase_;
     QCheckBox* regex_;
+    QCheckBox* inSelection_ = nullptr;
+    QCheckBox* confirm_ = nullptr;
     QRadioButton* up_;
     QRadioButton* down_;
     QPushButton* findButton_;
     QPushButton* replaceButton_ = nullptr;
     QPushButton* replaceAllButton_ = nullptr;
+};
+
+// "ReplacePrompt": Yes, No, All or Cancel for the hit that is selected in the editor.
+class TReplacePromptDlg : public QDialog {
+    Q_OBJECT
+public:
+    explicit TReplacePromptDlg(QWidget* parent);
+    // Escape and closing the window answer Cancel.
+    static ReplacePromptAnswer run(QWidget* parent);
+
+private:
+    ReplacePromptAnswer answer_ = ReplacePromptAnswer::Cancel;
 };
 
 }  // namespace zol
