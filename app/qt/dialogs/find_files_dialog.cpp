@@ -106,6 +106,9 @@ TFindFilesDialog::TFindFilesDialog(QWidget* parent, const FindFilesChoice& start
     findText_ = historyBox(this, "findText", findHistory(), q.pattern);
     QPushButton* pattern = button(this, dlgmsg::kPatternButton, "patternButton");
     pattern->setToolTip(dlgmsg::kPatternTip);
+    // Its key reaches it; Tab goes from the text to find on to the next field.
+    pattern->setFocusPolicy(Qt::NoFocus);
+    pattern->setFixedWidth(pattern->fontMetrics().horizontalAdvance(QStringLiteral("W>W")) + 8);
     addRow(dlgmsg::kFindWhat, findText_, pattern);
     if (replace) {
         replaceText_ = historyBox(this, "replaceText", replaceHistory(), start.query.replacement);
