@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "app/qt/dialogs/find_dialog.h"
 #include "app/qt/dialogs/find_files_dialog.h"
 #include "app/qt/dialogs/find_files_run.h"
 #include "config/settings.h"
@@ -102,6 +103,19 @@ TEST_F(FindFilesDesktop, ReplaceInFilesAsksFileByFile) {
     EXPECT_EQ(tmp_.get("tree/b.txt"), "new");
     EXPECT_EQ(text(TFindFilesRun::of(*frame_).output()),
               "b.txt(1): new\n1 replacement\n1 file changed\n2 files searched");
+}
+
+TEST_F(FindFilesDesktop, ReplacePromptShowsTheHitAndTakesEachAnswer) {
+    open("a.txt", "one\ntwo x\nthree");
+    const char* names[] = {"yesButton", "noButton", "allButton", "cancelButton"};
+    const ReplacePromptAnswer answers[] = {ReplacePromptAnswer::Yes, ReplacePromptAnswer::No,
+                                           ReplacePromptAnswer::All, ReplacePromptAnswer::Cancel};
+    for (int i = 0; i < 4; ++i) {
+        whenModal<TReplacePromptDlg>([&](TReplacePromptDlg* d) { child<QPushButton>(d, names[i])->click(); });
+        EXPECT_EQ(frame_->qtShell().replacePrompt(doc()), answers[i]) << names[i];
+    }
+    whenModal<TReplacePromptDlg>([](TReplacePromptDlg* d) { d->reject(); });  // Escape
+    EXPECT_EQ(frame_->qtShell().replacePrompt(doc()), ReplacePromptAnswer::Cancel);
 }
 
 }  // namespace

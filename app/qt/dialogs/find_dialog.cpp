@@ -221,26 +221,12 @@ TReplacePromptDlg::TReplacePromptDlg(QWidget* parent) : QDialog(parent) {
     setWindowTitle(dlgmsg::kReplaceTitle);
     auto* top = new QVBoxLayout(this);
     top->addWidget(new QLabel(dlgmsg::kReplacePromptText, this));
-    auto* row = new QHBoxLayout;
-    struct Choice {
-        const char* text;
-        const char* name;
-        ReplacePromptAnswer answer;
-    };
-    const Choice choices[] = {{dlgmsg::kYes, "yesButton", ReplacePromptAnswer::Yes},
-                              {dlgmsg::kNo, "noButton", ReplacePromptAnswer::No},
-                              {dlgmsg::kAll, "allButton", ReplacePromptAnswer::All},
-                              {dlgmsg::kCancel, "cancelButton", ReplacePromptAnswer::Cancel}};
-    for (const Choice& c : choices) {
-        QPushButton* b = actionButton(this, c.text, c.name);
-        b->setDefault(c.answer == ReplacePromptAnswer::Yes);
-        row->addWidget(b);
-        connect(b, &QPushButton::clicked, this, [this, a = c.answer] {
-            answer_ = a;
-            accept();
-        });
-    }
-    top->addLayout(row);
+    using B = AnswerButton<ReplacePromptAnswer>;
+    static constexpr B kButtons[] = {{dlgmsg::kYes, "yesButton", ReplacePromptAnswer::Yes},
+                                     {dlgmsg::kNo, "noButton", ReplacePromptAnswer::No},
+                                     {dlgmsg::kAll, "allButton", ReplacePromptAnswer::All},
+                                     {dlgmsg::kCancel, "cancelButton", ReplacePromptAnswer::Cancel}};
+    top->addLayout(answerRow(this, kButtons, answer_));
 }
 
 ReplacePromptAnswer TReplacePromptDlg::run(QWidget* parent) {

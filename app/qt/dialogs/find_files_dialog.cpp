@@ -221,26 +221,12 @@ TReplaceInFilesPromptDlg::TReplaceInFilesPromptDlg(QWidget* parent, const FileRe
     }
     lines->setPlainText(shown);
     top->addWidget(lines);
-    auto* row = new QHBoxLayout;
-    struct Choice {
-        const char* text;
-        const char* name;
-        FilePromptAnswer answer;
-    };
-    const Choice choices[] = {{dlgmsg::kReplaceFile, "replaceButton", FilePromptAnswer::Replace},
-                              {dlgmsg::kSkipFile, "skipButton", FilePromptAnswer::Skip},
-                              {dlgmsg::kReplaceAllFiles, "allButton", FilePromptAnswer::All},
-                              {dlgmsg::kCancel, "cancelButton", FilePromptAnswer::Cancel}};
-    for (const Choice& c : choices) {
-        QPushButton* b = button(this, c.text, c.name);
-        b->setDefault(c.answer == FilePromptAnswer::Replace);
-        row->addWidget(b);
-        connect(b, &QPushButton::clicked, this, [this, a = c.answer] {
-            answer_ = a;
-            accept();
-        });
-    }
-    top->addLayout(row);
+    using B = AnswerButton<FilePromptAnswer>;
+    static constexpr B kButtons[] = {{dlgmsg::kReplaceFile, "replaceButton", FilePromptAnswer::Replace},
+                                     {dlgmsg::kSkipFile, "skipButton", FilePromptAnswer::Skip},
+                                     {dlgmsg::kReplaceAllFiles, "allButton", FilePromptAnswer::All},
+                                     {dlgmsg::kCancel, "cancelButton", FilePromptAnswer::Cancel}};
+    top->addLayout(answerRow(this, kButtons, answer_));
     resize(640, 360);
 }
 

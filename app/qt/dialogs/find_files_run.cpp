@@ -19,7 +19,7 @@ namespace {
 
 // A line of the output stays one line of the document: what passes the capacity is cut.
 std::string fitted(const std::string& line) {
-    if (line.size() <= static_cast<size_t>(kMaxColumns) / 8 || lineWidth(line) <= kMaxColumns) return line;
+    if (lineWidth(line) <= kMaxColumns) return line;
     std::string cut = line.substr(0, std::min(line.size(), static_cast<size_t>(kMaxLineBytes)));
     while (lineWidth(cut) > kMaxColumns) cut.resize(locateColumn(cut, kMaxColumns).offset);
     return cut;
