@@ -59,6 +59,26 @@ for pair in "count int|$zc|grep -c int|$gc" "count x[0-9]+y|$zx|grep -cE x[0-9]+
     printf "time ratio: %.2f\n", (b[1] > 0 ? a[1]/b[1] : 0);
   }'
 done
+echo "== whole process: find in files over the generated tree beside grep -rn and rg -n"
+tree=${ZOLDER_BENCH_TREE:-$root/$build/tree}
+if [ ! -d "$tree/src" ]; then
+  echo "Generating the tree in $tree"
+  python3 "$root/../shared/bench/gen_tree.py" "$tree" >/dev/null
+fi
+grep -rn value "$tree" > /dev/null 2>&1 || true  # the same warm cache for every peer
+for pat in "value|" "x[0-9]+y|-E"; do
+  IFS='|' read -r p flag <<<"$pat"
+  zf=$(measure sh -c "'$root/$build/bench/zolder_files_run' $flag '$p' '$tree' > '$home/files.out'")
+  gf=$(measure sh -c "grep -rn $flag '$p' '$tree' > '$home/files.out'")
+  rf=$(measure sh -c "rg -n '$p' '$tree' > '$home/files.out'")
+  first=$("$root/$build/bench/zolder_files_run" $flag "$p" "$tree" 2>&1 >/dev/null)
+  awk -v p="$p" -v z="$zf" -v g="$gf" -v r="$rf" -v f="$first" 'BEGIN{
+    split(z, a, " "); split(g, b, " "); split(r, c, " ");
+    printf "find in files %-10s zolder %.2f s, grep -rn %.2f s, rg -n %.2f s; %s\n", p, a[1], b[1], c[1], f;
+    printf "time ratio zolder/grep: %.2f (asked: at most 1.5)\n", (b[1] > 0 ? a[1]/b[1] : 0);
+  }'
+done
+
 echo "== scripts"
 "$root/bench/script_bench.sh" "$root/$build/zolder"
 

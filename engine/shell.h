@@ -12,6 +12,8 @@
 
 namespace zol {
 
+struct Document;
+
 enum class Answer { Yes, No, Cancel };
 
 // Clipboard contents in the two formats the editor uses. A column block is the
@@ -32,8 +34,12 @@ struct FindDialogData {
     bool matchCase = false;
     bool regex = false;
     bool forward = true;
+    bool inSelection = false;  // Replace All covers the selection only
+    bool prompt = false;       // Replace All asks before each hit
 };
 enum class FindDialogResult { Cancel, Find, ReplaceOne, ReplaceAll };
+// The answers of the question asked before each replacement.
+enum class ReplacePromptAnswer { Yes, No, All, Cancel };
 
 // A message box as scripts ask for one: its buttons, its icon, and the button that
 // Enter presses.
@@ -155,6 +161,9 @@ public:
     // change before the tool runs; false cancels the run. Without a dialog the line is
     // taken as it stands.
     virtual bool toolArguments(std::string& /*arguments*/, std::string_view /*tool*/) { return true; }
+    // "ReplacePrompt": whether to replace the hit selected in doc. Without a dialog
+    // nothing is replaced.
+    virtual ReplacePromptAnswer replacePrompt(Document& /*doc*/) { return ReplacePromptAnswer::Cancel; }
 };
 
 // One document window. Every hook has a harmless default so that documents can

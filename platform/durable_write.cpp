@@ -4,6 +4,7 @@
 #include <climits>
 #include <cstdio>
 #include <ctime>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -219,13 +220,36 @@ ReplaceResult finishInPlace(DurableReplace& r, const std::string& backupPath) {
     return result;
 }
 
+// A save that was killed between taking a second name for the old bytes and dropping
+// it leaves that name behind as a hard link to the file, which would make every later
+// save of the file go in place. Such names are ours (".zol<hex>.old") and are removed.
+void removeStrayLinks(const std::string& target, const struct stat& st) {
+    const std::string folder = folderOf(target);
+    DIR* dir = ::opendir(folder.c_str());
+    if (!dir) return;
+    while (const dirent* e = ::readdir(dir)) {
+        const std::string_view name = e->d_name;
+        if (name.size() != 16 || name.substr(0, 4) != ".zol" || name.substr(12) != ".old") continue;
+        const std::string path = folder + std::string(name);
+        struct stat other {};
+        if (::lstat(path.c_str(), &other) == 0 && other.st_dev == st.st_dev && other.st_ino == st.st_ino)
+            ::unlink(path.c_str());
+    }
+    ::closedir(dir);
+}
+
 }  // namespace
 
 ReplaceResult beginReplace(DurableReplace& r, const std::string& path) {
     r = DurableReplace{};
     r.target = resolveTarget(path);
     struct stat st {};
-    if (::stat(r.target.c_str(), &st) == 0) {
+    int found = ::stat(r.target.c_str(), &st);
+    if (found == 0 && st.st_nlink > 1) {
+        removeStrayLinks(r.target, st);
+        found = ::stat(r.target.c_str(), &st);
+    }
+    if (found == 0) {
         // A file without any write bit stays as it is even for a user who could write it.
         const bool writable = ::access(r.target.c_str(), W_OK) == 0 && (st.st_mode & 0222) != 0;
         if (!S_ISREG(st.st_mode) || !writable) return ReplaceResult::CannotOpen;

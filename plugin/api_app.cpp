@@ -135,6 +135,7 @@ int ZOLAPI Zol_ReplaceDlg(char* findText, char* replaceText, BOOL* wholeWord, BO
         d.matchCase = *matchCase;
         d.regex = *regExp;
         d.forward = *forward;
+        d.inSelection = *inSelection;
         const FindDialogResult r = shell().findDialog(d, true);
         if (r == FindDialogResult::Cancel) return 0;
         copyOut(findText, kFindTextSize, d.findText);
@@ -143,6 +144,7 @@ int ZOLAPI Zol_ReplaceDlg(char* findText, char* replaceText, BOOL* wholeWord, BO
         *matchCase = d.matchCase;
         *regExp = d.regex;
         *forward = d.forward;
+        *inSelection = d.inSelection;
         return r == FindDialogResult::ReplaceAll ? 2 : 1;
     });
 }

@@ -122,14 +122,44 @@ void remember(const FindDialogData& d, bool replace) {
 FindDialogData dialogStart(const Document& doc) {
     FindDialogData d = last.data;
     Pos b, e;
+    d.inSelection = false;
     if (selectionRange(doc, b, e)) {
-        if (b.line == e.line) d.findText = rangeText(doc, b, e);
+        // A selection of one line is what to find; a bigger one is where to replace.
+        if (b.line == e.line && !isColumnSelection(doc)) d.findText = rangeText(doc, b, e);
+        else d.inSelection = true;
         return d;
     }
     const std::string_view text = lineText(doc, doc.cursor.line);
     size_t wb, we;
     if (wordAt(text, locateColumn(text, doc.cursor.col).offset, wb, we)) d.findText = text.substr(wb, we - wb);
     return d;
+}
+
+// Replace All of the Replace dialog: over the selection when asked and there is one,
+// else the whole document; with the prompt, hit by hit.
+int replaceEvery(Document& doc, const FindDialogData& d) {
+    Searcher s;
+    if (prepareSearch(s, d.findText.c_str(), optionsOf(d)) != kSearchFound) {
+        reportFailure(s, 0, d.findText, false);
+        return 0;
+    }
+    ReplaceScope scope = wholeDocumentScope(doc);
+    const bool inSelection = d.inSelection && selectionScope(doc, scope);
+    ReplaceAllResult result;
+    int res;
+    if (d.prompt) {
+        res = replacePrompted(doc, s, d.replaceText.c_str(), scope,
+                              [](Document& target) { return shell().replacePrompt(target); }, result);
+    } else {
+        res = replaceAll(doc, s, d.replaceText.c_str(), result, inSelection ? &scope : nullptr);
+    }
+    if (res == kSearchError) {
+        reportFailure(s, result.stoppedAt, d.findText, false);
+        return 0;
+    }
+    shell().message(fill(searchmsg::kReplacedCount, std::to_string(result.replaced)));
+    if (result.skippedLines) shell().message(fill(searchmsg::kLinesSkipped, std::to_string(result.skippedLines)));
+    return result.replaced > 0 ? 1 : 0;
 }
 
 int cmdFind(Document& doc, const CommandCall&) {
@@ -152,20 +182,7 @@ int cmdReplace(Document& doc, const CommandCall&) {
     }
     remember(d, true);
     if (answer == FindDialogResult::ReplaceOne) return runSearch(doc, d, true, false, true);
-    Searcher s;
-    ReplaceAllResult result;
-    if (prepareSearch(s, d.findText.c_str(), optionsOf(d)) != kSearchFound) {
-        reportFailure(s, 0, d.findText, false);
-        return 0;
-    }
-    const int res = replaceAll(doc, s, d.replaceText.c_str(), result);
-    if (res == kSearchError) {
-        reportFailure(s, result.stoppedAt, d.findText, false);
-        return 0;
-    }
-    shell().message(fill(searchmsg::kReplacedCount, std::to_string(result.replaced)));
-    if (result.skippedLines) shell().message(fill(searchmsg::kLinesSkipped, std::to_string(result.skippedLines)));
-    return result.replaced > 0 ? 1 : 0;
+    return replaceEvery(doc, d);
 }
 
 int cmdFindNext(Document& doc, const CommandCall& call) {

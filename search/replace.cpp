@@ -29,6 +29,43 @@ bool fitsLines(std::string_view s) {
     }
 }
 
+// Where a scope ends, counted from the end of the text: edits inside the scope leave
+// these distances as they are.
+struct ScopeEnd {
+    int32_t linesBelow = 0;  // lines after the scope's last line
+    size_t bytesAfter = 0;   // bytes of that line after the scope's end (character scope)
+};
+
+ScopeEnd scopeEnd(const Document& doc, const ReplaceScope& sc) {
+    const int32_t last = std::clamp(sc.to.line, 0, lastLine(doc));
+    const std::string_view text = lineText(doc, last);
+    return {lastLine(doc) - last, text.size() - locateColumn(text, sc.to.col).offset};
+}
+
+Pos endOf(const Document& doc, const ReplaceScope& sc, const ScopeEnd& end) {
+    const int32_t line = std::max(lastLine(doc) - end.linesBelow, 0);
+    if (sc.column) return makePos(sc.right, line);
+    const std::string_view text = lineText(doc, line);
+    return makePos(columnOfOffset(text, text.size() - std::min(end.bytesAfter, text.size())), line);
+}
+
+// The bytes [lo, hi) of line i that the scope covers.
+void spanOf(const ReplaceScope& sc, int32_t i, std::string_view line, size_t& lo, size_t& hi) {
+    lo = sc.column ? locateColumn(line, sc.left).offset : 0;
+    hi = sc.column ? locateColumn(line, sc.right).offset : line.size();
+    if (i == sc.from.line) lo = std::max(lo, locateColumn(line, sc.from.col).offset);
+    if (!sc.column && i == sc.to.line) hi = locateColumn(line, sc.to.col).offset;
+    hi = std::max(lo, hi);
+}
+
+// After a replacement in the selection: the same stretch of text selected again.
+void reselect(Document& doc, const ReplaceScope& sc, const ScopeEnd& end) {
+    const Pos to = endOf(doc, sc, end);
+    doc.selMode = sc.column ? SelMode::Column : SelMode::Char;
+    setSelection(doc, sc.from, to);
+    setCursor(doc, to);
+}
+
 bool validPosition(const Document* doc, int col, int32_t line) {
     return doc && col >= 1 && line >= 1 && line <= doc->lines.lastIndex + 1;
 }
@@ -86,9 +123,67 @@ int replaceHit(Document& doc, const Searcher& s, const DocumentHit& hit, const c
     return kSearchFound;
 }
 
-int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllResult& result) {
+ReplaceScope wholeDocumentScope(const Document& doc) {
+    ReplaceScope scope;
+    scope.to = makePos(lineWidthAt(doc, lastLine(doc)), lastLine(doc));
+    return scope;
+}
+
+bool selectionScope(const Document& doc, ReplaceScope& scope) {
+    if (!hasSelection(doc)) return false;
+    scope = {};
+    scope.selection = true;
+    selectionRange(doc, scope.from, scope.to);
+    if (isColumnSelection(doc)) {
+        scope.column = true;
+        scope.left = selLeftCol(doc);
+        scope.right = selRightCol(doc);
+        scope.from.col = scope.left;
+        scope.to.col = scope.right;
+    }
+    return true;
+}
+
+int replaceInSpan(Searcher& s, std::string_view line, size_t lo, size_t hi, const char* replacement,
+                  std::string& out) {
+    hi = std::min(hi, line.size());
+    lo = std::min(lo, hi);
+    // The search must not see past hi: it gets a copy that ends there.
+    std::string cut;
+    std::string_view view = line;
+    if (hi < line.size()) {
+        cut.assign(line.substr(0, hi));
+        view = cut;
+    }
+    out.assign(line.substr(0, lo));
+    const std::string fixed = s.prog ? std::string() : replacementFor(s, replacement);
+    size_t pos = lo;
+    int hits = 0;
+    for (LineHit h; pos <= view.size();) {
+        const int res = searchLine(s, view, pos, h);
+        if (res == kSearchError) return kSearchError;
+        if (res != kSearchFound) break;
+        out.append(view.substr(pos, h.offset - pos));
+        out += s.prog ? replacementFor(s, replacement) : fixed;
+        ++hits;
+        pos = h.offset + h.length;
+        if (h.length == 0) {
+            if (pos >= view.size()) break;
+            out += view[pos++];
+        }
+    }
+    out.append(view.substr(std::min(pos, view.size())));
+    out.append(line.substr(hi));
+    return hits;
+}
+
+int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllResult& result,
+               const ReplaceScope* scope) {
     result = {};
     if (doc.readOnly || (!s.prog && s.pattern.empty())) return kSearchError;
+    const ReplaceScope whole = wholeDocumentScope(doc);
+    const ReplaceScope& sc = scope ? *scope : whole;
+    const ScopeEnd end = scopeEnd(doc, sc);
     LineList& ll = doc.lines;
     struct Change {
         LineRef ref;
@@ -97,31 +192,18 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
     std::vector<Change> changes;
     int32_t first = -1, last = -1;
     bool breaksLines = false;  // some new text holds a line end
-    const std::string fixed = s.prog ? std::string() : replacementFor(s, replacement);
-    LineRef r = ll.first;
-    for (int32_t i = 0; i <= ll.lastIndex; ++i, r = ll.next(r)) {
+    LineRef r = ll.find(std::max(sc.from.line, 0));
+    for (int32_t i = std::max(sc.from.line, 0); i <= std::min(sc.to.line, ll.lastIndex); ++i, r = ll.next(r)) {
         const std::string_view line = ll.text(r);
-        size_t pos = 0;
-        int hits = 0;
+        size_t lo, hi;
+        spanOf(sc, i, line, lo, hi);
         std::string current;
-        for (LineHit h; pos <= line.size();) {
-            const int res = searchLine(s, line, pos, h);
-            if (res == kSearchError) {
-                result.stoppedAt = i;
-                return kSearchError;
-            }
-            if (res != kSearchFound) break;
-            current.append(line.substr(pos, h.offset - pos));
-            current += s.prog ? replacementFor(s, replacement) : fixed;
-            ++hits;
-            pos = h.offset + h.length;
-            if (h.length == 0) {
-                if (pos >= line.size()) break;
-                current += line[pos++];
-            }
+        const int hits = replaceInSpan(s, line, lo, hi, replacement, current);
+        if (hits == kSearchError) {
+            result.stoppedAt = i;
+            return kSearchError;
         }
         if (hits == 0) continue;
-        current.append(line.substr(std::min(pos, line.size())));
         if (!fitsLines(current)) {
             ++result.skippedLines;
             continue;
@@ -173,7 +255,66 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
     recordEdit(doc, std::move(rec));
     clearSelection(doc);
     setCursor(doc, normalize(doc, cursor));
+    if (sc.selection) reselect(doc, sc, end);
     return kSearchFound;
+}
+
+int replacePrompted(Document& doc, Searcher& s, const char* replacement, const ReplaceScope& scope,
+                    const ReplaceAskFn& ask, ReplaceAllResult& result) {
+    result = {};
+    if (doc.readOnly || (!s.prog && s.pattern.empty())) return kSearchError;
+    const ScopeEnd end = scopeEnd(doc, scope);
+    ReplaceScope sc = scope;
+    int32_t line = sc.from.line;
+    size_t offset = 0;
+    while (line <= lastLine(doc) - end.linesBelow) {
+        sc.to = endOf(doc, sc, end);
+        const std::string_view text = lineText(doc, line);
+        size_t lo, hi;
+        spanOf(sc, line, text, lo, hi);
+        const std::string cut(text.substr(0, hi));
+        LineHit h;
+        const int res = offset > hi ? kSearchNotFound : searchLine(s, cut, std::max(lo, offset), h);
+        if (res == kSearchError) {
+            result.stoppedAt = line;
+            return kSearchError;
+        }
+        if (res != kSearchFound) {
+            ++line;
+            offset = 0;
+            continue;
+        }
+        DocumentHit hit{line, h.offset, h.length, makePos(columnOfOffset(text, h.offset), line),
+                        makePos(columnOfOffset(text, h.offset + h.length), line)};
+        selectHit(doc, hit);
+        const ReplacePromptAnswer answer = ask(doc);
+        if (answer == ReplacePromptAnswer::Cancel) break;
+        if (answer == ReplacePromptAnswer::All) {
+            ReplaceScope rest = sc;
+            rest.from = hit.start;
+            ReplaceAllResult more;
+            const int done = replaceAll(doc, s, replacement, more, &rest);
+            result.replaced += more.replaced;
+            result.skippedLines += more.skippedLines;
+            if (done == kSearchError) {
+                result.stoppedAt = more.stoppedAt;
+                return kSearchError;
+            }
+            break;
+        }
+        offset = h.offset + std::max<size_t>(h.length, 1);
+        if (answer == ReplacePromptAnswer::No) continue;
+        // The groups of the hit point into `cut`, which still holds the line.
+        if (replaceHit(doc, s, hit, replacement) != kSearchFound) {
+            ++result.skippedLines;
+            continue;
+        }
+        ++result.replaced;
+        line = doc.cursor.line;
+        offset = locateColumn(lineText(doc, line), doc.cursor.col).offset + (h.length == 0 ? 1 : 0);
+    }
+    if (scope.selection) reselect(doc, scope, end);
+    return result.replaced > 0 ? kSearchFound : kSearchNotFound;
 }
 
 int findText(Document* doc, const char* text, int col, int32_t line, bool wholeWord, bool matchCase, bool regex,

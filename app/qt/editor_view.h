@@ -43,6 +43,8 @@ public:
 
     // Runs one command on the document and brings the window up to date.
     void runCommand(uint16_t id, uint32_t param = 0);
+    // Brings the window up to date in the middle of a command, the cursor in sight.
+    void showCursorNow() { afterCommand(); }
     // The key word of the pending prefix key, 0 when none is pending.
     uint16_t pendingPrefixKey() const { return pending_ ? prefixKey_ : 0; }
     void setEditorFont(const QFont& font);

@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <QToolBar>
 
+#include "app/qt/dialogs/find_files_run.h"
 #include "app/qt/dialogs/key_mapping_dialog.h"
 #include "app/qt/dialogs/options_dialog.h"
 #include "app/qt/dialogs/syntax_dialog.h"
@@ -82,6 +83,8 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
         {"UserTools", [](TMainFrame& f) { TUserToolsDlg::run(&f); }},
         {"HelpOptions", [](TMainFrame& f) { THelpOptionsDlg::run(&f); }},
         {"Palette", [](TMainFrame& f) { f.openPalette(); }},
+        {"FindInFiles", [](TMainFrame& f) { TFindFilesRun::of(f).findInFiles(); }},
+        {"ReplaceInFiles", [](TMainFrame& f) { TFindFilesRun::of(f).replaceInFiles(); }},
         {"Tabs", [](TMainFrame& f) { f.setTabbed(!f.tabbed()); }},
         {"About", [](TMainFrame& f) { f.about(); }},
         {"CustomizeMacroMenu", [](TMainFrame& f) { f.customizeMacroMenu(); }},

@@ -11,6 +11,7 @@
 #include <QtEndian>
 
 #include "app/qt/key_words.h"
+#include "app/qt/editor_view.h"
 #include "app/qt/main_frame.h"
 #include "app/qt/messages.h"
 
@@ -279,6 +280,14 @@ void QtShell::runJob(std::shared_ptr<BackgroundJob> job, bool wait) {
 
 bool QtShell::toolArguments(std::string& arguments, std::string_view tool) {
     return TToolArgumentsDlg::run(frame_, std::string(tool), arguments);
+}
+
+ReplacePromptAnswer QtShell::replacePrompt(Document& doc) {
+    if (TVekWinEditor* view = frame_->viewOf(&doc)) {
+        view->redraw();
+        view->showCursorNow();
+    }
+    return TReplacePromptDlg::run(frame_);
 }
 
 }  // namespace zol

@@ -49,6 +49,7 @@ public:
     // A "RunningTool" window works the job on a timer; waiting, it is modal.
     void runJob(std::shared_ptr<BackgroundJob> job, bool wait) override;
     bool toolArguments(std::string& arguments, std::string_view tool) override;
+    ReplacePromptAnswer replacePrompt(Document& doc) override;
 
 private:
     TMainFrame* frame_;

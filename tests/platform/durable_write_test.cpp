@@ -63,6 +63,20 @@ TEST_F(DurableWrite, LinksAndPermissionsSurvive) {
               std::vector<std::string>{});
 }
 
+TEST_F(DurableWrite, ASecondNameLeftByAKilledSaveIsDropped) {
+    // Killed after naming the old bytes a second time: the next save must not mistake
+    // that name for a user's hard link and write in place.
+    put("doc.txt", "old");
+    fs::create_hard_link(path("doc.txt"), path(".zol0123ABCD.old"));
+    DurableReplace r;
+    ASSERT_EQ(beginReplace(r, path("doc.txt")), ReplaceResult::Replaced);
+    EXPECT_EQ(r.inPlace, InPlaceReason::None);
+    putBytes(r, "new");
+    ASSERT_EQ(finishReplace(r), ReplaceResult::Replaced);
+    EXPECT_EQ(get("doc.txt"), "new");
+    EXPECT_EQ(strays({"doc.txt"}), std::vector<std::string>{});
+}
+
 TEST_F(DurableWrite, BackupTakesTheOldBytesAndReplacesAnOlderBackup) {
     put("a.txt", "one");
     put("a.bak", "older");

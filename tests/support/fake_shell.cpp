@@ -1,5 +1,7 @@
 #include "tests/support/fake_shell.h"
 
+#include "engine/selection.h"
+
 namespace zol::test {
 
 void FakeShell::message(std::string_view text) { messages.emplace_back(text); }
@@ -39,6 +41,14 @@ bool FakeShell::askNumber(std::string_view, int& value) {
 bool FakeShell::openFile(const std::string& path) {
     opened.push_back(path);
     return true;
+}
+
+ReplacePromptAnswer FakeShell::replacePrompt(Document& doc) {
+    prompted.push_back(selectedText(doc));
+    if (promptAnswers.empty()) return ReplacePromptAnswer::Cancel;
+    const ReplacePromptAnswer a = promptAnswers.front();
+    promptAnswers.pop_front();
+    return a;
 }
 
 }  // namespace zol::test

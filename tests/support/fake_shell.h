@@ -23,6 +23,7 @@ public:
     bool askNumber(std::string_view prompt, int& value) override;
     int chooseCharacter(std::string_view) override { return character.value_or(-1); }
     bool openFile(const std::string& path) override;
+    ReplacePromptAnswer replacePrompt(Document& doc) override;
 
     // Message boxes, questions, status-bar texts and files opened, in order.
     std::vector<std::string> messages, questions, status, opened;
@@ -44,6 +45,10 @@ public:
     // The go-to dialogs and the symbol table: what the user typed or chose; without it
     // they are cancelled.
     std::optional<int> number, character;
+    // The question before each replacement: the text selected when it was asked, and
+    // the answers to give in order (then Cancel).
+    std::vector<std::string> prompted;
+    std::deque<ReplacePromptAnswer> promptAnswers;
 };
 
 }  // namespace zol::test

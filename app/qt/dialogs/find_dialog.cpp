@@ -117,6 +117,16 @@ TFindDialog::TFindDialog(QWidget* parent, const FindDialogData& data, bool repla
     checks->addWidget(wholeWord_);
     checks->addWidget(matchCase_);
     checks->addWidget(regex_);
+    if (replace) {
+        inSelection_ = new QCheckBox(dlgmsg::kInSelection, this);
+        inSelection_->setObjectName("inSelection");
+        inSelection_->setChecked(data.inSelection);
+        confirm_ = new QCheckBox(dlgmsg::kConfirmEach, this);
+        confirm_->setObjectName("confirm");
+        confirm_->setChecked(data.prompt);
+        checks->addWidget(inSelection_);
+        checks->addWidget(confirm_);
+    }
     checks->addStretch();
 
     auto* direction = new QGroupBox(dlgmsg::kDirection, this);
@@ -191,6 +201,8 @@ void TFindDialog::finish(FindDialogResult result) {
     data_.matchCase = matchCase_->isChecked();
     data_.regex = regex_->isChecked();
     data_.forward = down_->isChecked();
+    if (inSelection_) data_.inSelection = inSelection_->isChecked();
+    if (confirm_) data_.prompt = confirm_->isChecked();
     result_ = result;
     accept();
 }
@@ -202,6 +214,26 @@ FindDialogResult TFindDialog::run(QWidget* parent, FindDialogData& data, bool re
     rememberFind(data.findText);
     if (replace) rememberReplace(data.replaceText);
     return dlg.result_;
+}
+
+TReplacePromptDlg::TReplacePromptDlg(QWidget* parent) : QDialog(parent) {
+    setObjectName("ReplacePrompt");
+    setWindowTitle(dlgmsg::kReplaceTitle);
+    auto* top = new QVBoxLayout(this);
+    top->addWidget(new QLabel(dlgmsg::kReplacePromptText, this));
+    using B = AnswerButton<ReplacePromptAnswer>;
+    static constexpr B kButtons[] = {{dlgmsg::kYes, "yesButton", ReplacePromptAnswer::Yes},
+                                     {dlgmsg::kNo, "noButton", ReplacePromptAnswer::No},
+                                     {dlgmsg::kAll, "allButton", ReplacePromptAnswer::All},
+                                     {dlgmsg::kCancel, "cancelButton", ReplacePromptAnswer::Cancel}};
+    top->addLayout(answerRow(this, kButtons, answer_));
+}
+
+ReplacePromptAnswer TReplacePromptDlg::run(QWidget* parent) {
+    TReplacePromptDlg dlg(parent);
+    // Off the editor's middle, so that the selected hit stays in sight.
+    if (parent) dlg.move(parent->mapToGlobal(QPoint(parent->width() - dlg.sizeHint().width() - 40, 60)));
+    return dlg.exec() == QDialog::Accepted ? dlg.answer_ : ReplacePromptAnswer::Cancel;
 }
 
 }  // namespace zol

@@ -1,6 +1,9 @@
 // The Find and Replace dialogs and the pattern builder they open.
 #pragma once
 #include <QDialog>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <cstddef>
 
 #include "engine/shell.h"
 
@@ -46,11 +49,49 @@ private:
     QCheckBox* wholeWord_;
     QCheckBox* matchCase_;
     QCheckBox* regex_;
+    QCheckBox* inSelection_ = nullptr;
+    QCheckBox* confirm_ = nullptr;
     QRadioButton* up_;
     QRadioButton* down_;
     QPushButton* findButton_;
     QPushButton* replaceButton_ = nullptr;
     QPushButton* replaceAllButton_ = nullptr;
+};
+
+// The buttons of a question dialog: each closes it with its answer.
+template <class A>
+struct AnswerButton {
+    const char* text;
+    const char* name;
+    A answer;
+};
+// A row of answer buttons, the first the default; a click stores its answer in chosen.
+template <class A, size_t N>
+QHBoxLayout* answerRow(QDialog* dlg, const AnswerButton<A> (&buttons)[N], A& chosen) {
+    auto* row = new QHBoxLayout;
+    for (const AnswerButton<A>& b : buttons) {
+        auto* button = new QPushButton(b.text, dlg);
+        button->setObjectName(b.name);
+        button->setDefault(&b == &buttons[0]);
+        row->addWidget(button);
+        QObject::connect(button, &QPushButton::clicked, dlg, [dlg, &chosen, a = b.answer] {
+            chosen = a;
+            dlg->accept();
+        });
+    }
+    return row;
+}
+
+// "ReplacePrompt": Yes, No, All or Cancel for the hit that is selected in the editor.
+class TReplacePromptDlg : public QDialog {
+    Q_OBJECT
+public:
+    explicit TReplacePromptDlg(QWidget* parent);
+    // Escape and closing the window answer Cancel.
+    static ReplacePromptAnswer run(QWidget* parent);
+
+private:
+    ReplacePromptAnswer answer_ = ReplacePromptAnswer::Cancel;
 };
 
 }  // namespace zol

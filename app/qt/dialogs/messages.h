@@ -23,6 +23,30 @@ inline constexpr char kReplaceOne[] = "&Replace";
 inline constexpr char kReplaceAll[] = "Replace &All";
 inline constexpr char kNotInCodePage[] =
     "The text holds characters that the Windows-1252 code page cannot show. Remove them and try again.";
+inline constexpr char kInSelection[] = "In &selection";
+inline constexpr char kConfirmEach[] = "Confir&m each replacement";
+
+// "ReplacePrompt": asked before each replacement, with the hit selected.
+inline constexpr char kReplacePromptText[] = "Replace this occurrence?";
+inline constexpr char kYes[] = "&Yes";
+inline constexpr char kNo[] = "&No";
+inline constexpr char kAll[] = "&All";
+inline constexpr char kCancel[] = "Cancel";
+
+// Find in Files and Replace in Files
+inline constexpr char kInFiles[] = "In f&iles:";
+inline constexpr char kInFolder[] = "In f&older:";
+inline constexpr char kBrowse[] = "&Browse...";
+inline constexpr char kSubfolders[] = "Look in s&ubfolders";
+inline constexpr char kConfirmEachFile[] = "Confir&m each file";
+inline constexpr char kFindButton[] = "&Find";
+inline constexpr char kChooseFolder[] = "Choose a Folder";
+// "ReplaceInFilesPrompt": asked before each file that has hits.
+inline constexpr char kFilePromptText[] = "Replace %1 occurrence(s) in %2?";
+inline constexpr char kFilePromptOpen[] = "The file is open: its document changes, and is saved when you save it.";
+inline constexpr char kSkipFile[] = "&Skip";
+inline constexpr char kReplaceFile[] = "&Replace";
+inline constexpr char kReplaceAllFiles[] = "Replace in &All";
 
 // The pattern builder: the pieces in button order, with where the caret lands inside
 // the inserted text.
