@@ -18,12 +18,16 @@ namespace {
 std::atomic<bool> gRunning{false};
 std::atomic<int> gStop{0};
 
-// Holds the running slot for one run: taken here, or handed over by the caller.
+// Holds the running slot for one run, unless the caller holds it for the run and
+// gives it back itself.
 struct RunningFlag {
-    bool held;
-    explicit RunningFlag(bool handedOver) : held(handedOver || takeScriptSlot()) {}
+    bool mayRun;
+    bool taken = false;
+    explicit RunningFlag(bool callerHolds) : mayRun(callerHolds) {
+        if (!mayRun) mayRun = taken = takeScriptSlot();
+    }
     ~RunningFlag() {
-        if (held) gRunning = false;
+        if (taken) releaseScriptSlot();
     }
 };
 
@@ -148,9 +152,7 @@ ScriptRunResult runHeld(const std::string& path, const std::string& text, const 
 // The report goes out while the run still holds the flag: a message box that waits
 // for the user is part of the run.
 void report(const ScriptRunResult& r, const ScriptRunOptions& opts) {
-    if (!r.error || !opts.reportError) return;
-    if (opts.editorGate) opts.editorGate([&] { opts.reportError(r.message); });
-    else opts.reportError(r.message);
+    if (r.error && opts.reportError) opts.reportError(r.message);
 }
 
 }  // namespace
@@ -164,6 +166,8 @@ bool takeScriptSlot() {
     return true;
 }
 
+void releaseScriptSlot() { gRunning = false; }
+
 void requestScriptStop() { gStop = 1; }
 
 bool scriptStopRequested() { return gStop != 0; }
@@ -171,7 +175,7 @@ bool scriptStopRequested() { return gStop != 0; }
 ScriptRunResult runScriptText(const std::string& path, const std::string& text, const std::vector<std::string>& args,
                               const ScriptRunOptions& opts) {
     RunningFlag running(opts.slotHeld);
-    if (!running.held) return refusal();
+    if (!running.mayRun) return refusal();
     const ScriptRunResult r = runHeld(path, text, args, opts);
     report(r, opts);
     return r;
@@ -179,7 +183,7 @@ ScriptRunResult runScriptText(const std::string& path, const std::string& text, 
 
 ScriptRunResult runScriptFile(const std::string& path, const std::vector<std::string>& args, const ScriptRunOptions& opts) {
     RunningFlag running(opts.slotHeld);
-    if (!running.held) return refusal();
+    if (!running.mayRun) return refusal();
     std::string text;
     ScriptRunResult r;
     if (readWholeFile(path, text)) {

@@ -17,6 +17,7 @@
 #include "app/qt/menus.h"
 #include "app/qt/messages.h"
 #include "app/qt/qt_shell.h"
+#include "app/qt/script_host.h"
 #include "app/version.h"
 #include "config/keymap.h"
 #include "config/recent_files.h"
@@ -73,6 +74,7 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
         {"Palette", [](TMainFrame& f) { f.openPalette(); }},
         {"Tabs", [](TMainFrame& f) { f.setTabbed(!f.tabbed()); }},
         {"About", [](TMainFrame& f) { f.about(); }},
+        {"StopScript", [](TMainFrame& f) { f.scriptHost().stop(); }},
     };
     return table;
 }
@@ -134,6 +136,7 @@ void TMainFrame::refreshMenuState(QMenu* m) {
     const TVekWinEditor* v = activeView();
     const Document* doc = v ? v->document() : nullptr;
     for (QAction* a : m->actions()) {
+        if (menuAction(a) == "StopScript") a->setEnabled(scriptHost_->running());
         const uint16_t id = menuCommand(a);
         const CommandRecord* r = id ? findCommand(id) : nullptr;
         if (!r || r->owner == CommandOwner::Inert) continue;
@@ -258,6 +261,10 @@ void TMainFrame::buildStatusBar() {
     add(format_);
     add(modified_);
     add(readOnly_);
+    add(scriptRunning_);
+    scriptRunning_->setText(QString::fromLatin1(qtmsg::kScriptRunning));
+    scriptRunning_->setToolTip(QString::fromLatin1(qtmsg::kScriptRunningTip));
+    scriptRunning_->setVisible(false);
 }
 
 void TMainFrame::refreshStatus() {
