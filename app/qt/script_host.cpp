@@ -1,7 +1,9 @@
 #include "app/qt/script_host.h"
 
+#include <QScreen>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 #include <chrono>
 
 #include "app/qt/qt_shell.h"
@@ -19,6 +21,18 @@ constexpr auto kStopPoll = std::chrono::milliseconds(50);
 struct EditorCall {
     enum State { Waiting, Running, Done, Dropped } state = Waiting;
 };
+
+// Over the middle of the main window, and wholly on its screen where it fits.
+void placeOver(QWidget* w, const QWidget* frame) {
+    QRect r(QPoint(), w->size());
+    r.moveCenter(frame->geometry().center());
+    if (const QScreen* screen = frame->screen()) {
+        const QRect a = screen->availableGeometry();
+        r.moveLeft(std::max(a.left(), std::min(r.left(), a.right() - r.width())));
+        r.moveTop(std::max(a.top(), std::min(r.top(), a.bottom() - r.height())));
+    }
+    w->move(r.topLeft());
+}
 
 }  // namespace
 
@@ -93,6 +107,7 @@ void TScriptHost::openConsole() {
     auto* w = new TScriptConsole(run_->shared, fromAnsi(run_->launch.options.title), frame_);
     w->stopRequested = [this] { stop(); };
     run_->window = w;
+    placeOver(w, frame_);
     w->show();
     w->raise();
     w->activateWindow();
