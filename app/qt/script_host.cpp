@@ -1,6 +1,7 @@
 #include "app/qt/script_host.h"
 
 #include <QScreen>
+#include <QThread>
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include "app/qt/qt_shell.h"
 #include "app/qt/script_console.h"
 #include "engine/shell.h"
+#include "script/errors.h"
 
 namespace zol {
 namespace {
@@ -16,6 +18,10 @@ namespace {
 // How often a run waiting for an editor call looks at the stop flag, which an
 // interrupt from the terminal sets without waking anyone.
 constexpr auto kStopPoll = std::chrono::milliseconds(50);
+
+// The run's thread holds the script calls' machine stack (bounded by kMaxHostStack)
+// and the compiler's nesting besides: a main thread's usual size, twice over.
+constexpr uint kScriptThreadStack = 4 * kMaxHostStack;
 
 // One editor call on its way to the window thread.
 struct EditorCall {
@@ -42,7 +48,7 @@ struct TScriptHost::Run {
     std::unique_ptr<WindowConsole> console;
     QPointer<TScriptConsole> window;
     ScriptRunResult result;
-    std::thread thread;
+    std::unique_ptr<QThread> thread;
 };
 
 TScriptHost::TScriptHost(QWidget* frame) : QObject(frame), frame_(frame) {
@@ -57,7 +63,7 @@ TScriptHost::~TScriptHost() {
     setScriptLauncher({});
     if (!run_) return;
     stop();
-    run_->thread.join();
+    run_->thread->wait();
     if (run_->window) delete run_->window.data();
     releaseScriptSlot();
 }
@@ -95,10 +101,12 @@ void TScriptHost::start(ScriptLaunch&& l) {
     o.editorGate = [this](const std::function<void()>& work) { callEditor(work); };
     o.slotHeld = true;
     o.reportError = nullptr;
-    r.thread = std::thread([this, &r] {
+    r.thread.reset(QThread::create([this, &r] {
         r.result = runScriptFile(r.launch.path, r.launch.argv, r.launch.options);
         QMetaObject::invokeMethod(this, &TScriptHost::finish, Qt::QueuedConnection);
-    });
+    }));
+    r.thread->setStackSize(kScriptThreadStack);
+    r.thread->start();
     Q_EMIT runStarted();
 }
 
@@ -118,7 +126,7 @@ TScriptConsole* TScriptHost::console() const { return run_ ? run_->window.data()
 
 void TScriptHost::finish() {
     if (!run_) return;
-    run_->thread.join();
+    run_->thread->wait();
     // The console goes with the run, before its error is told.
     if (run_->window) delete run_->window.data();
     last_ = run_->result;

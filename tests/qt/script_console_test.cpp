@@ -250,6 +250,13 @@ TEST_F(ScriptRunTest, ClosingTheMainWindowStopsTheScriptFirst) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !frame_->isVisible(); }, 2000));
 }
 
+// The run's own thread must hold as deep a recursion as the interpreter allows.
+TEST_F(ScriptRunTest, DeepRecursionEndsInTheScriptsOwnError) {
+    start("deep.c", "int f(int n) { return n ? -f(n - 1) : 0; }\nint main(void) { return f(1000000); }\n");
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(host().lastResult().error, 92);
+}
+
 TEST_F(ScriptRunTest, StartUpScriptsRunOneAfterTheOtherOnceTheWindowStands) {
     open("log.txt", "");
     for (const char* name : {"a", "b"})
