@@ -1,5 +1,6 @@
 #include "app/qt/script_host.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QThread>
 #include <QTimer>
@@ -23,10 +24,14 @@ constexpr auto kStopPoll = std::chrono::milliseconds(50);
 // and the compiler's nesting besides: a main thread's usual size, twice over.
 constexpr uint kScriptThreadStack = 4 * kMaxHostStack;
 
-// One editor call on its way to the window thread.
-struct EditorCall {
-    enum State { Waiting, Running, Done, Dropped } state = Waiting;
-};
+// How often an editor call that waits for the user's dialog or menu to close looks
+// again.
+constexpr int kUserBusyRetryMs = 20;
+
+// A dialog or a menu of the user's is open: what opened it may hold a document that an
+// editor call could close under it, so the call waits until it is gone. (A script's
+// own dialog opens inside its call, when no other call of the run can come.)
+bool userBusy() { return QApplication::activeModalWidget() || QApplication::activePopupWidget(); }
 
 // Over the middle of the main window, and wholly on its screen where it fits.
 void placeOver(QWidget* w, const QWidget* frame) {
@@ -41,6 +46,12 @@ void placeOver(QWidget* w, const QWidget* frame) {
 }
 
 }  // namespace
+
+// One editor call on its way to the window thread.
+struct EditorCall {
+    enum State { Waiting, Running, Done, Dropped } state = Waiting;
+    const std::function<void()>* work;
+};
 
 struct TScriptHost::Run {
     ScriptLaunch launch;
@@ -157,23 +168,8 @@ void TScriptHost::wake() {
 
 void TScriptHost::callEditor(const std::function<void()>& work) {
     auto call = std::make_shared<EditorCall>();
-    QMetaObject::invokeMethod(
-        this,
-        [this, call, &work] {
-            {
-                std::lock_guard<std::mutex> lock(gateMutex_);
-                if (call->state == EditorCall::Dropped) return;
-                call->state = EditorCall::Running;
-            }
-            work();
-            {
-                std::lock_guard<std::mutex> lock(gateMutex_);
-                call->state = EditorCall::Done;
-            }
-            gateDone_.notify_all();
-            editorCalled();
-        },
-        Qt::QueuedConnection);
+    call->work = &work;
+    QMetaObject::invokeMethod(this, [this, call] { deliver(call); }, Qt::QueuedConnection);
     std::unique_lock<std::mutex> lock(gateMutex_);
     while (call->state != EditorCall::Done) {
         if (call->state == EditorCall::Waiting && scriptStopRequested()) {
@@ -182,6 +178,25 @@ void TScriptHost::callEditor(const std::function<void()>& work) {
         }
         gateDone_.wait_for(lock, kStopPoll);
     }
+}
+
+void TScriptHost::deliver(const std::shared_ptr<EditorCall>& call) {
+    {
+        std::lock_guard<std::mutex> lock(gateMutex_);
+        if (call->state == EditorCall::Dropped) return;
+        if (userBusy()) {
+            QTimer::singleShot(kUserBusyRetryMs, this, [this, call] { deliver(call); });
+            return;
+        }
+        call->state = EditorCall::Running;
+    }
+    (*call->work)();
+    {
+        std::lock_guard<std::mutex> lock(gateMutex_);
+        call->state = EditorCall::Done;
+    }
+    gateDone_.notify_all();
+    editorCalled();
 }
 
 void TScriptHost::editorCalled() {

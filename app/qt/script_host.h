@@ -23,6 +23,7 @@ namespace zol {
 
 class TScriptConsole;
 struct ConsoleShared;
+struct EditorCall;
 class WindowConsole;
 
 class TScriptHost : public QObject {
@@ -63,6 +64,8 @@ private:
     // On the script's thread: runs work on the window thread and waits for it. Work not
     // yet begun is dropped when the run is being stopped.
     void callEditor(const std::function<void()>& work);
+    // On the window thread: runs the call, or looks again later while the user is busy.
+    void deliver(const std::shared_ptr<EditorCall>& call);
     void editorCalled();
     void wake();
 

@@ -181,6 +181,29 @@ TEST_F(ScriptRunTest, EndlessLoopLeavesTheEditorWorkingUntilStopped) {
     EXPECT_FALSE(stopAction()->isEnabled());
 }
 
+// What opened a dialog may hold a document a script's call could close under it.
+TEST_F(ScriptRunTest, EditorCallsWaitWhileTheUserIsInADialog) {
+    open("grow.txt", "");
+    start("grow.c", "#include <editor/doc.h>\nint main(void) {\n  for (;;)\n    Zol_InsertText(Zol_GetActiveDocument(), \"x\");\n}\n");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !line(0).empty(); }, 5000));
+    size_t before = 0, after = 0;
+    dlgtest::whenModal<QDialog>([&](QDialog* d) {
+        before = line(0).size();
+        QTest::qWait(150);
+        after = line(0).size();
+        d->reject();
+    });
+    QDialog dialog(frame_.get());
+    dialog.exec();
+    EXPECT_GT(before, 0u);
+    EXPECT_EQ(after, before);
+    const size_t closed = line(0).size();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return line(0).size() > closed; }, 5000));
+    host().stop();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(host().lastResult().error, 98);
+}
+
 // Notes whether any script console was shown.
 class ConsoleWatch : public QObject {
 public:
