@@ -12,25 +12,40 @@ void ConsoleGrid::newLine() {
     if (lines.size() > kConsoleHistory + kConsoleRows) lines.pop_front();
 }
 
+bool ConsoleGrid::control(char c) {
+    switch (c) {
+    case '\n': newLine(); return true;
+    case '\r': column = 0; return true;
+    case '\b':
+        if (column > 0) --column;
+        return true;
+    case '\a': return true;
+    case '\t': {
+        const int stop = (column / kConsoleTab + 1) * kConsoleTab;
+        while (column < stop && column < kConsoleColumns) screenLine(row)[static_cast<size_t>(column++)] = ' ';
+        if (column == kConsoleColumns) newLine();
+        return true;
+    }
+    default: return false;
+    }
+}
+
 void ConsoleGrid::write(std::string_view text) {
-    for (const char c : text) {
-        switch (c) {
-        case '\n': newLine(); break;
-        case '\r': column = 0; break;
-        case '\b':
-            if (column > 0) --column;
-            break;
-        case '\a': break;
-        case '\t': {
-            const int stop = (column / kConsoleTab + 1) * kConsoleTab;
-            while (column < stop && column < kConsoleColumns) screenLine(row)[static_cast<size_t>(column++)] = ' ';
-            if (column == kConsoleColumns) newLine();
-            break;
+    size_t i = 0;
+    while (i < text.size()) {
+        if (control(text[i])) {
+            ++i;
+            continue;
         }
-        default:
-            screenLine(row)[static_cast<size_t>(column)] = c;
-            if (++column == kConsoleColumns) newLine();
-        }
+        // A run of plain characters goes into the line at once: printing many lines
+        // is mostly this.
+        size_t n = 0;
+        const size_t room = static_cast<size_t>(kConsoleColumns - column);
+        while (n < room && i + n < text.size() && !isControl(text[i + n])) ++n;
+        screenLine(row).replace(static_cast<size_t>(column), n, text.substr(i, n));
+        i += n;
+        column += static_cast<int>(n);
+        if (column == kConsoleColumns) newLine();
     }
 }
 

@@ -47,6 +47,9 @@ struct ConsoleGrid {
     std::string& screenLine(int r) { return lines[lines.size() - kConsoleRows + static_cast<size_t>(r)]; }
 
 private:
+    static bool isControl(char c) { return c == '\n' || c == '\r' || c == '\b' || c == '\a' || c == '\t'; }
+    // Carries out a control character; false for any other.
+    bool control(char c);
     void newLine();
 };
 

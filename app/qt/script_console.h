@@ -31,7 +31,6 @@ struct ConsoleShared {
     std::string editing;  // the line being typed for a line read
     std::string entered;  // lines entered with Enter and not yet read
     bool dirty = false;   // the grid changed since the window last looked
-    bool opened = false;  // the window was asked for
 };
 
 // The run's side: opens the window at its first use (through openWindow, called on

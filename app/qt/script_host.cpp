@@ -24,6 +24,10 @@ constexpr auto kStopPoll = std::chrono::milliseconds(50);
 // and the compiler's nesting besides: a main thread's usual size, twice over.
 constexpr uint kScriptThreadStack = 4 * kMaxHostStack;
 
+// A script may call the editor thousands of times a second; the windows catch up with
+// its changes this often, which the eye takes for at once.
+constexpr int kViewSyncMs = 30;
+
 // How often an editor call that waits for the user's dialog or menu to close looks
 // again.
 constexpr int kUserBusyRetryMs = 20;
@@ -63,6 +67,9 @@ struct TScriptHost::Run {
 };
 
 TScriptHost::TScriptHost(QWidget* frame) : QObject(frame), frame_(frame) {
+    changeTimer_.setSingleShot(true);
+    changeTimer_.setInterval(kViewSyncMs);
+    connect(&changeTimer_, &QTimer::timeout, this, &TScriptHost::editorChanged);
     setScriptLauncher([this](ScriptLaunch&& l) { return launch(std::move(l)); });
     QTimer::singleShot(0, this, [this] {
         ready_ = true;
@@ -200,12 +207,7 @@ void TScriptHost::deliver(const std::shared_ptr<EditorCall>& call) {
 }
 
 void TScriptHost::editorCalled() {
-    if (changePending_) return;
-    changePending_ = true;
-    QTimer::singleShot(0, this, [this] {
-        changePending_ = false;
-        Q_EMIT editorChanged();
-    });
+    if (!changeTimer_.isActive()) changeTimer_.start();
 }
 
 }  // namespace zol

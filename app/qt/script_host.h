@@ -9,6 +9,7 @@
 #pragma once
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -74,7 +75,7 @@ private:
     std::deque<ScriptLaunch> waiting_;
     std::unique_ptr<Run> run_;
     ScriptRunResult last_;
-    bool changePending_ = false;
+    QTimer changeTimer_;
     std::mutex gateMutex_;
     std::condition_variable gateDone_;
 };
