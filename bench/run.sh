@@ -102,6 +102,14 @@ awk -v d="$d" -v h="$h" 'BEGIN{
 }'
 
 echo
+echo "== desktop editor: scripts on their own thread"
+"$root/$build/bench/zolder_qt_run" scriptkey "$qhome" "$home/tenk.c" 2>/dev/null
+"$root/$build/bench/zolder_qt_run" script "$qhome" "$root/bench/scripts/print_lines.c" 2>/dev/null
+"$root/$build/bench/zolder_qt_run" script "$qhome" "$root/bench/scripts/walk.c" "$home/tenk.c" 2>/dev/null
+p=$(measure "$root/$build/zolder" --headless --home "$home" --run "$root/bench/scripts/print_lines.c")
+echo "print_lines.c headless, whole process, output to /dev/null: ${p%% *} s"
+
+echo
 echo "== desktop editor: the command palette narrowing its list, per key"
 "$root/$build/bench/zolder_qt_run" palette "$qhome" - 2>/dev/null
 rm -rf "$qhome"

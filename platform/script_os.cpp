@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -15,7 +16,7 @@ namespace zol {
 namespace {
 
 int gErrno = 0;
-volatile int* gStopFlag = nullptr;
+std::atomic<int>* gStopFlag = nullptr;
 struct sigaction gOldAction;
 bool gInstalled = false;
 
@@ -145,7 +146,7 @@ std::string scriptMktemp(const std::string& templ) {
 
 std::string scriptTempName() { return scriptMktemp(tempDir() + "vekcXXXXXX"); }
 
-void scriptInstallInterrupt(volatile int* flag) {
+void scriptInstallInterrupt(std::atomic<int>* flag) {
     gStopFlag = flag;
     if (gInstalled) return;
     struct sigaction sa;

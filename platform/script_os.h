@@ -3,6 +3,7 @@
 // Each returns what the C library call of the same meaning returns (0 or -1, ...);
 // scriptErrno() gives the reason of the last failure.
 #pragma once
+#include <atomic>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
@@ -43,7 +44,7 @@ std::string scriptTempName();
 
 // While installed, an interrupt from the terminal (Ctrl+C) sets *flag instead of
 // ending the process.
-void scriptInstallInterrupt(volatile int* flag);
+void scriptInstallInterrupt(std::atomic<int>* flag);
 void scriptRemoveInterrupt();
 
 }  // namespace zol

@@ -11,6 +11,11 @@ namespace zol {
 enum BuiltinFlag : unsigned {
     kBuiltinSystem = 1,  // reaches files, folders, the environment or other processes
     kBuiltinEditor = 2,  // implemented by the editor layer, which registers it at start-up
+    // Reaches the editor's windows and shell, its profile files, or what the process
+    // shares with them (environment, locale): where a script runs on a thread of its
+    // own, the call is carried to the thread that owns the editor. kBuiltinEditor
+    // calls always are.
+    kBuiltinWindow = 4,
 };
 
 struct BuiltinEntry {

@@ -4,6 +4,7 @@
 #pragma once
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 #include "script/interp.h"
 
@@ -44,14 +45,19 @@ void putBytes(Engine& en, uint32_t dst, const void* src, size_t n);
 void putString(Engine& en, uint32_t dst, const std::string& s);
 // A buffer of the library (static storage of the C library), placed once per run.
 uint32_t libBuffer(Engine& en, uint32_t& slot, uint32_t size);
-// The host stream behind a script FILE handle; a bad or closed handle is kErrArgMismatch.
+// The host stream behind a script FILE handle; a bad or closed handle, or a standard
+// handle of a console without a C stream behind it, is kErrArgMismatch.
 FILE* fileOf(Engine& en, uint32_t handle);
 uint32_t addFile(Engine& en, FILE* f);   // 0 when the table is full (the file is closed)
 void closeFile(Engine& en, uint32_t handle);
-// Writes s to f; a short write sets the script's errno.
-void writeOut(Engine& en, FILE* f, const std::string& s);
-// Reads up to max characters up to a newline; eof tells that nothing was left to read.
-std::string readLine(FILE* f, size_t max, bool keepNewline, bool* eof);
+inline uint32_t standardHandle(ConsoleStream s) { return kFileHandleBase + kFileHandleStep * static_cast<uint32_t>(s); }
+// Reading and writing through any handle: the standard handles go to the console
+// (standard input reads, output and error write), the others to their C streams.
+// A write that fails sets the script's errno.
+int streamGetc(Engine& en, uint32_t handle);
+bool streamWrite(Engine& en, uint32_t handle, std::string_view s);
+// The next character of standard input; a stop requested while it waits ends the run.
+int consoleGetc(Engine& en);
 
 // printf-style formatting; arguments from index first of the call.
 std::string formatArgs(BArgs& a, const std::string& fmt, size_t first);
@@ -62,11 +68,13 @@ struct ScanSource {
     virtual void unget(int c) = 0;
     virtual ~ScanSource() = default;
 };
-struct FileSource : ScanSource {
-    FILE* f;
-    explicit FileSource(FILE* file) : f(file) {}
-    int get() override { return std::fgetc(f); }
-    void unget(int c) override { std::ungetc(c, f); }
+// Standard input through the console, or a file.
+struct StreamSource : ScanSource {
+    Engine& en;
+    uint32_t handle;
+    StreamSource(Engine& e, uint32_t h) : en(e), handle(h) {}
+    int get() override { return streamGetc(en, handle); }
+    void unget(int c) override;
 };
 int scanArgs(BArgs& a, ScanSource& src, const std::string& fmt, size_t first);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <exception>
 #include <iterator>
 #include <string_view>
 
@@ -35,6 +36,7 @@ struct Slot {
     bool library = false;        // implemented here; registration cannot replace it
     bool system = false;         // kBuiltinSystem: a sealed run refuses the call
     bool pointerResult = false;  // what a refused call answers: NULL, else -1
+    bool window = false;         // kBuiltinWindow or kBuiltinEditor: runs where the editor lives
 };
 
 constexpr size_t slotCount() {
@@ -49,7 +51,8 @@ constexpr std::array<Slot, kSlots> makeSlots() {
     for (const Row& r : kRows) {
         Slot& s = slots[static_cast<size_t>(r.number)];
         const char result = builtinSignature(r.prototype)[0];
-        s = Slot{r.fn, true, r.implemented, (r.flags & kBuiltinSystem) != 0, result == 'c' || result == 'p'};
+        s = Slot{r.fn, true, r.implemented, (r.flags & kBuiltinSystem) != 0, result == 'c' || result == 'p',
+                 (r.flags & (kBuiltinWindow | kBuiltinEditor)) != 0};
     }
     return slots;
 }
@@ -63,6 +66,24 @@ constexpr bool sharedNumbersShareImplementation() {
 static_assert(sharedNumbersShareImplementation(), "names that share a number name different implementations");
 
 constinit std::array<Slot, kSlots> gSlots = makeSlots();
+
+// Runs the call on the editor's thread and waits for it; a script error raised there
+// is raised again here, on the script's own thread.
+Val throughGate(Engine& en, BuiltinFn fn, BArgs& a) {
+    Val result{};
+    std::exception_ptr thrown;
+    (*en.editorGate)([&] {
+        try {
+            result = fn(a);
+        } catch (...) {
+            thrown = std::current_exception();
+        }
+    });
+    if (thrown) std::rethrow_exception(thrown);
+    // The gate lets a call go when the editor closes under the run.
+    en.checkStop();
+    return result;
+}
 
 }  // namespace
 
@@ -87,6 +108,7 @@ Val Engine::callBuiltin(Expr* e) {
     if (sealed && slot.system) return intVal(slot.pointerResult ? 0 : -1);
     if (!slot.fn) fail(kErrCallUndefined);
     BArgs a{*this, e, av, e->args.size(), e->builtin};
+    if (slot.window && editorGate) return throughGate(*this, slot.fn, a);
     return slot.fn(a);
 }
 

@@ -8,6 +8,7 @@ namespace zol {
 namespace {
 
 void flushAll(Engine& en) {
+    en.console->flush();
     for (FILE* f : en.files)
         if (f) std::fflush(f);
 }
@@ -40,10 +41,9 @@ Val bi_system(BArgs& a) {
     std::string cmd = a.s(0);
     for (char& c : cmd) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     if (cmd == "pause") {
-        // Scripts keep their console open this way; headless, the console is stdin.
-        std::fputs(kScriptPausePrompt, en.files[1]);
-        std::fflush(en.files[1]);
-        std::fgetc(en.files[0]);
+        // Scripts keep their console open this way, for the user to read it.
+        en.console->pause(kScriptPausePrompt);
+        en.checkStop();
         return intVal(0);
     }
     return intVal(scriptSystem(a.s(0)));

@@ -3,15 +3,18 @@
 // A declaration scan fills the globals and the function table; a function's body is
 // compiled into a small tree the first time it is called and run from there.
 #pragma once
+#include <atomic>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "script/console.h"
 #include "script/errors.h"
 #include "script/lexer.h"
 
@@ -241,10 +244,15 @@ struct Engine {
     int64_t jmpCounter = 0;
     int setjmpValue = 0;
     uint64_t steps = 0, stepBudget = 0;  // 0: no budget
-    const volatile int* stopFlag = nullptr;
+    const std::atomic<int>* stopFlag = nullptr;
 
     // ---- library ----
-    std::vector<FILE*> files;        // by handle index; [0..2] the standard streams
+    ScriptConsole* console = nullptr;  // the standard streams and the conio calls
+    bool consoleAtEnd = false;         // standard input read to its end (feof without a host stream)
+    // Carries a call of the editor's to the thread that owns the editor and waits for
+    // it; null when the script runs on that thread.
+    const std::function<void(const std::function<void()>&)>* editorGate = nullptr;
+    std::vector<FILE*> files;        // by handle index; [0..2] the console's host streams, or null
     std::vector<bool> ownFile;
     uint32_t strtokNext = 0;
     uint32_t tmBuf = 0, asctimeBuf = 0, tmpnamBuf = 0, strerrorBuf = 0, lconvBuf = 0, envBuf = 0;
@@ -475,8 +483,11 @@ struct Engine {
     Flow execBlock(Stmt* s, size_t from);
     Flow execJumpBlock(Stmt* s, size_t from);
     void tick() {
-        if (stopFlag && *stopFlag) fail(kErrTerminated);
+        checkStop();
         if (stepBudget && ++steps > stepBudget) fail(kErrTerminated);
+    }
+    void checkStop() {
+        if (stopFlag && stopFlag->load(std::memory_order_relaxed)) fail(kErrTerminated);
     }
 
     // library (builtins_dispatch.cpp)

@@ -17,17 +17,23 @@ constexpr const char* kStartUpPattern = "*.c";
 
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
+ScriptLauncher gLauncher;
+
 // Inside double quotes a backslash escapes only these.
 bool escapableInDoubleQuotes(char c) { return c == '"' || c == '\\' || c == '$' || c == '`'; }
 
 }  // namespace
 
+void setScriptLauncher(ScriptLauncher launcher) { gLauncher = std::move(launcher); }
+
 ScriptRunResult runScript(const std::string& path, const std::vector<std::string>& args, std::string_view title,
                           ScriptStarter by) {
-    if (isScriptRunning()) {
-        ScriptRunResult refused;
-        refused.refused = true;
-        return refused;
+    ScriptRunResult result;
+    // A launcher queues start-up scripts behind the run that is going.
+    const bool queues = gLauncher && by == ScriptStarter::StartUp;
+    if (isScriptRunning() && !queues) {
+        result.refused = true;
+        return result;
     }
     if (by == ScriptStarter::User && fileExists(path) && !isDirectory(path)) scriptHistoryAdd(fullPath(path));
     std::vector<std::string> argv{path};
@@ -37,8 +43,13 @@ ScriptRunResult runScript(const std::string& path, const std::vector<std::string
     opts.title = std::string(title);
     // Ctrl+C in the terminal that started the editor ends the script, not the editor.
     opts.catchInterrupt = true;
+    if (gLauncher) {
+        result.refused = !gLauncher(ScriptLaunch{path, std::move(argv), std::move(opts), by});
+        result.detached = !result.refused;
+        return result;
+    }
     opts.reportError = [](const std::string& report) { shell().scriptError(report); };
-    const ScriptRunResult result = runScriptFile(path, argv, opts);
+    result = runScriptFile(path, argv, opts);
     // A script that asked for the busy cursor and ended without giving it back, by an
     // error or by forgetting, must not leave the editor looking busy.
     shell().busyCursor(false);

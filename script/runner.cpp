@@ -1,5 +1,6 @@
 #include "script/runner.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -14,12 +15,20 @@
 namespace zol {
 namespace {
 
-bool gRunning = false;
-volatile int gStop = 0;
+std::atomic<bool> gRunning{false};
+std::atomic<int> gStop{0};
 
+// Holds the running slot for one run, unless the caller holds it for the run and
+// gives it back itself.
 struct RunningFlag {
-    RunningFlag() { gRunning = true; }
-    ~RunningFlag() { gRunning = false; }
+    bool mayRun;
+    bool taken = false;
+    explicit RunningFlag(bool callerHolds) : mayRun(callerHolds) {
+        if (!mayRun) mayRun = taken = takeScriptSlot();
+    }
+    ~RunningFlag() {
+        if (taken) releaseScriptSlot();
+    }
 };
 
 // Places argv in the data space: the strings, then the vector with its null end.
@@ -90,12 +99,20 @@ int callMain(Engine& en, const std::vector<std::string>& args) {
 ScriptRunResult runHeld(const std::string& path, const std::string& text, const std::vector<std::string>& args,
                         const ScriptRunOptions& opts) {
     ScriptRunResult result;
-    gStop = 0;
     if (opts.catchInterrupt) scriptInstallInterrupt(&gStop);
+    std::unique_ptr<ScriptConsole> streams;
+    ScriptConsole* console = opts.console;
+    if (!console) {
+        streams = makeStreamConsole(opts.in, opts.out, opts.err);
+        console = streams.get();
+    }
     PreprocessOutput pp;
     auto en = std::make_unique<Engine>();
-    en->files = {opts.in, opts.out, opts.err};
+    en->console = console;
+    en->files = {console->hostFile(ConsoleStream::In), console->hostFile(ConsoleStream::Out),
+                 console->hostFile(ConsoleStream::Err)};
     en->ownFile = {false, false, false};
+    en->editorGate = opts.editorGate ? &opts.editorGate : nullptr;
     en->stepBudget = opts.stepBudget;
     en->sealed = opts.sealed;
     en->heapLimit = opts.heapLimit;
@@ -123,9 +140,11 @@ ScriptRunResult runHeld(const std::string& path, const std::string& text, const 
     } catch (const std::bad_alloc&) {
         result = failure(kErrOutOfMemory, mainName(), en->curLine);
     }
+    console->flush();
     for (FILE* f : en->files)
         if (f) std::fflush(f);
     en.reset();
+    console->release();
     if (opts.catchInterrupt) scriptRemoveInterrupt();
     return result;
 }
@@ -140,18 +159,31 @@ void report(const ScriptRunResult& r, const ScriptRunOptions& opts) {
 
 bool isScriptRunning() { return gRunning; }
 
+bool takeScriptSlot() {
+    bool idle = false;
+    if (!gRunning.compare_exchange_strong(idle, true)) return false;
+    gStop = 0;
+    return true;
+}
+
+void releaseScriptSlot() { gRunning = false; }
+
+void requestScriptStop() { gStop = 1; }
+
+bool scriptStopRequested() { return gStop != 0; }
+
 ScriptRunResult runScriptText(const std::string& path, const std::string& text, const std::vector<std::string>& args,
                               const ScriptRunOptions& opts) {
-    if (gRunning) return refusal();
-    RunningFlag running;
+    RunningFlag running(opts.slotHeld);
+    if (!running.mayRun) return refusal();
     const ScriptRunResult r = runHeld(path, text, args, opts);
     report(r, opts);
     return r;
 }
 
 ScriptRunResult runScriptFile(const std::string& path, const std::vector<std::string>& args, const ScriptRunOptions& opts) {
-    if (gRunning) return refusal();
-    RunningFlag running;
+    RunningFlag running(opts.slotHeld);
+    if (!running.mayRun) return refusal();
     std::string text;
     ScriptRunResult r;
     if (readWholeFile(path, text)) {

@@ -21,6 +21,7 @@
 #include "app/qt/main_frame_util.h"
 #include "app/qt/messages.h"
 #include "app/qt/qt_shell.h"
+#include "app/qt/script_host.h"
 #include "config/recent_files.h"
 #include "config/recent_views.h"
 #include "config/settings.h"
@@ -74,9 +75,15 @@ TMainFrame::TMainFrame(Application& app) : app_(app), shell_(std::make_unique<Qt
     });
     app_.mainWindow = reinterpret_cast<intptr_t>(this);
     installConvertChooser(this);
+    scriptHost_ = new TScriptHost(this);
+    connect(scriptHost_, &TScriptHost::editorChanged, this, &TMainFrame::syncViews);
+    connect(scriptHost_, &TScriptHost::runStarted, this, [this] { scriptRunning_->setVisible(true); });
+    connect(scriptHost_, &TScriptHost::runEnded, this, &TMainFrame::scriptRunEnded);
 }
 
 TMainFrame::~TMainFrame() {
+    // A script still running stops before the frame it works on goes.
+    delete scriptHost_;
     // Children go after this part of the object: none of their signals may reach it.
     QObject::disconnect(mdi_, nullptr, this, nullptr);
     QObject::disconnect(qApp, nullptr, this, nullptr);
@@ -268,6 +275,12 @@ bool TMainFrame::readBlock(Document& doc) {
     return insertText(doc, text);
 }
 
+void TMainFrame::scriptRunEnded() {
+    scriptRunning_->setVisible(false);
+    redrawViews();
+    if (closeAfterScript_ && !scriptHost_->running()) close();
+}
+
 void TMainFrame::saveFile(TVekWinEditor* view) {
     Document* doc = view ? view->document() : nullptr;
     if (!doc) return;
@@ -328,6 +341,15 @@ void TMainFrame::runOnActive(uint16_t id, uint32_t param) {
 }
 
 void TMainFrame::closeEvent(QCloseEvent* e) {
+    // The script works on the documents about to be closed: it stops first, and the
+    // window closes when its run has ended.
+    if (scriptHost_->running()) {
+        closeAfterScript_ = true;
+        scriptHost_->stop();
+        e->ignore();
+        return;
+    }
+    closeAfterScript_ = false;
     saveDesktop();
     while (!app_.documents.empty()) {
         if (!closeDocumentWindow(app_.documents.back().get())) {

@@ -28,6 +28,7 @@ class QActionGroup;
 namespace zol {
 
 class TVekWinEditor;
+class TScriptHost;
 class QtShell;
 struct PaletteEntry;
 
@@ -40,6 +41,8 @@ public:
 
     Application& application() { return app_; }
     QtShell& qtShell() { return *shell_; }
+    // Runs the scripts (runScript hands them over to it while the frame lives).
+    TScriptHost& scriptHost() { return *scriptHost_; }
     QMdiArea* mdiArea() const { return mdi_; }
     TVekWinEditor* activeView() const;
     TVekWinEditor* viewOf(const Document* doc) const;
@@ -149,6 +152,7 @@ private:
     void showOptions();
     bool askParameter(const CommandRecord& r, uint32_t& param);
     void runExecScript();
+    void scriptRunEnded();
     bool writeBlock(Document& doc);
     bool readBlock(Document& doc);
     void openFileDialog();
@@ -174,6 +178,10 @@ private:
     QLabel* readOnly_ = nullptr;
     QLabel* recording_ = nullptr;
     QLabel* prefix_ = nullptr;
+    QLabel* scriptRunning_ = nullptr;
+    TScriptHost* scriptHost_ = nullptr;
+    // The window was asked to close while a script ran: it closes when the run ends.
+    bool closeAfterScript_ = false;
     QTimer autoSaveTimer_;
     QTimer messageTimer_;
     bool checkingFiles_ = false;

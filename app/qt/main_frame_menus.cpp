@@ -19,6 +19,7 @@
 #include "app/qt/menus.h"
 #include "app/qt/messages.h"
 #include "app/qt/qt_shell.h"
+#include "app/qt/script_host.h"
 #include "app/version.h"
 #include "config/keymap.h"
 #include "config/recent_files.h"
@@ -89,6 +90,7 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
         {"About", [](TMainFrame& f) { f.about(); }},
         {"CustomizeMacroMenu", [](TMainFrame& f) { f.customizeMacroMenu(); }},
         {"ScriptWizard", [](TMainFrame& f) { f.scriptWizard(); }},
+        {"StopScript", [](TMainFrame& f) { f.scriptHost().stop(); }},
     };
     return table;
 }
@@ -151,6 +153,7 @@ void TMainFrame::refreshMenuState(QMenu* m) {
     const TVekWinEditor* v = activeView();
     const Document* doc = v ? v->document() : nullptr;
     for (QAction* a : m->actions()) {
+        if (menuAction(a) == "StopScript") a->setEnabled(scriptHost_->running());
         const uint16_t id = menuCommand(a);
         const CommandRecord* r = id ? findCommand(id) : nullptr;
         if (!r || r->owner == CommandOwner::Inert) continue;
@@ -276,6 +279,10 @@ void TMainFrame::buildStatusBar() {
     add(format_);
     add(modified_);
     add(readOnly_);
+    add(scriptRunning_);
+    scriptRunning_->setText(QString::fromLatin1(qtmsg::kScriptRunning));
+    scriptRunning_->setToolTip(QString::fromLatin1(qtmsg::kScriptRunningTip));
+    scriptRunning_->setVisible(false);
 }
 
 void TMainFrame::refreshStatus() {

@@ -14,6 +14,9 @@ inline constexpr char kInsert[] = "INS";
 inline constexpr char kOverwrite[] = "OVR";
 inline constexpr char kModified[] = "Modified";
 inline constexpr char kReadOnly[] = "Read-only";
+// While a script runs.
+inline constexpr char kScriptRunning[] = "SCRIPT";
+inline constexpr char kScriptRunningTip[] = "A script is running: Macros > Stop Script ends it";
 inline constexpr char kLineColumn[] = "Ln %1, Col %2";
 inline constexpr char kNotAvailable[] = "This command is not available in this build.";
 // Beside a menu or palette entry whose command has no implementation in this build.
@@ -209,6 +212,7 @@ inline constexpr MenuRow kMenuBar[] = {
     kSeparator,
     {MenuItem::Command, "ExecScript", "Run S&cript..."},
     {MenuItem::Action, "ScriptWizard", "Script Wi&zard..."},
+    {MenuItem::Action, "StopScript", "S&top Script"},
 
     {MenuItem::Menu, "Tools", "&Tools"},
     {MenuItem::Command, "WordCount", "&Word Count"},

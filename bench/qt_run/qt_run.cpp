@@ -4,7 +4,13 @@
 //                                 each with its repaint: median and worst milliseconds
 //   qt_run palette HOME -         the command palette narrowing its list as words are
 //                                 typed into it, one key at a time
+//   qt_run scriptkey HOME FILE    a key press at the end of FILE until its repaint, while
+//                                 a script loops without end and with no script
+//   qt_run script HOME SCRIPT [FILE]  SCRIPT (with FILE open) run as the desktop runs it,
+//                                 on its thread with its console, and beside that run on
+//                                 the window thread with its output to /dev/null
 #include <QApplication>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <algorithm>
 #include <chrono>
@@ -18,7 +24,10 @@
 #include "app/qt/main_frame.h"
 #include "app/qt/messages.h"
 #include "app/qt/qt_shell.h"
+#include "app/qt/script_host.h"
 #include "engine/command_table.h"
+#include "platform/paths.h"
+#include "script/run_script.h"
 
 namespace {
 
@@ -48,11 +57,92 @@ void report(const char* what, std::vector<double> v) {
                 v[v.size() * 99 / 100], v.back(), v.size());
 }
 
+// A key press posted to the view, until the view has painted it.
+class PaintWait : public QObject {
+public:
+    bool painted = false;
+    bool eventFilter(QObject*, QEvent* e) override {
+        if (e->type() == QEvent::Paint) painted = true;
+        return false;
+    }
+};
+
+std::vector<double> postedKeys(zol::TVekWinEditor* view, int count) {
+    PaintWait wait;
+    view->viewport()->installEventFilter(&wait);
+    std::vector<double> ms;
+    for (int i = 0; i < count; ++i) {
+        QApplication::processEvents();
+        wait.painted = false;
+        const Clock::time_point t = Clock::now();
+        QApplication::postEvent(view, new QKeyEvent(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x")));
+        while (!wait.painted) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        ms.push_back(msSince(t));
+    }
+    view->viewport()->removeEventFilter(&wait);
+    return ms;
+}
+
+void waitForRunEnd(zol::TScriptHost& host) {
+    QEventLoop loop;
+    QObject::connect(&host, &zol::TScriptHost::runEnded, &loop, &QEventLoop::quit);
+    if (host.running()) loop.exec();
+}
+
+int scriptKeys(zol::TMainFrame& frame, const char* file) {
+    if (!frame.openFile(file)) return 1;
+    frame.show();
+    QApplication::processEvents();
+    zol::TVekWinEditor* view = frame.activeView();
+    view->runCommand(zol::findCommand(std::string_view("TextEnd"))->id);
+    const std::string loop = zol::homeDir() + "bench_loop.c";
+    if (FILE* f = std::fopen(loop.c_str(), "w")) {
+        std::fputs("int main(void) { long n = 0; for (;;) n++; }\n", f);
+        std::fclose(f);
+    }
+    zol::runScript(loop, {}, "bench_loop.c", zol::ScriptStarter::User);
+    while (!frame.scriptHost().running()) QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    report("key press while a script loops, posted until painted", postedKeys(view, 100));
+    frame.scriptHost().stop();
+    waitForRunEnd(frame.scriptHost());
+    std::printf("the loop ended: %s\n", frame.scriptHost().lastResult().message.c_str());
+    report("key press with no script, posted until painted", postedKeys(view, 100));
+    return 0;
+}
+
+// Best of five runs each way, taken in turn.
+int scriptRuns(zol::TMainFrame& frame, const char* script, const char* file) {
+    if (file && !frame.openFile(file)) return 1;
+    frame.show();
+    QApplication::processEvents();
+    zol::TScriptHost& host = frame.scriptHost();
+    double directMs = 1e9, desktopMs = 1e9;
+    for (int round = 0; round < 5; ++round) {
+        zol::ScriptRunOptions direct;
+        direct.includeDir = zol::homeDir() + "script/include";
+        direct.out = std::fopen("/dev/null", "w");
+        Clock::time_point t = Clock::now();
+        const zol::ScriptRunResult d = zol::runScriptFile(script, {script}, direct);
+        directMs = std::min(directMs, msSince(t));
+        std::fclose(direct.out);
+        t = Clock::now();
+        zol::runScript(script, {}, "bench", zol::ScriptStarter::PlugIn);
+        waitForRunEnd(host);
+        desktopMs = std::min(desktopMs, msSince(t));
+        if (d.error || host.lastResult().error)
+            std::printf("errors: %s / %s\n", d.message.c_str(), host.lastResult().message.c_str());
+    }
+    std::printf("%s, best of five:\n", script);
+    std::printf("  on the window thread, output to /dev/null: %.1f ms\n", directMs);
+    std::printf("  desktop run, own thread and console:       %.1f ms (ratio %.2f)\n", desktopMs, desktopMs / directMs);
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     const Clock::time_point start = Clock::now();
-    if (argc != 4) {
+    if (argc != 4 && argc != 5) {
         std::fprintf(stderr, "usage: qt_run firstpaint|repaint HOME FILE\n");
         return 2;
     }
@@ -65,6 +155,15 @@ int main(int argc, char** argv) {
     frame.applySettings();
     frame.resize(1000, 720);
 
+    if (std::strcmp(argv[1], "scriptkey") == 0 || std::strcmp(argv[1], "script") == 0) {
+        // The stopped script's error report must not wait for someone to close its box.
+        zol::setShell(nullptr);
+        const int status = argv[1][6] == 'k' ? scriptKeys(frame, argv[3]) : scriptRuns(frame, argv[3], argc == 5 ? argv[4] : nullptr);
+        for (const auto& d : app.documents) d->modified = false;
+        zol::shutDown(app);
+        zol::setShell(nullptr);
+        return status;
+    }
     if (std::strcmp(argv[1], "palette") == 0) {
         zol::TCommandPalette palette(&frame, zol::paletteEntries(zol::qtmsg::kMenuBar));
         palette.show();
