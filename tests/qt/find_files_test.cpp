@@ -72,6 +72,15 @@ TEST_F(FindFilesDesktop, HitsStreamIntoAnOutputDocument) {
                          "3 matching lines\n3 files with hits\n3 files searched");
     EXPECT_EQ(out->undo.undo.size(), 0u);
 
+    // F4 walks the hits: the relative names are found below the searched folder.
+    frame_->syncViews();
+    frame_->runOnActive(idOf(Cmd::NextCompilerError));
+    frame_->runOnActive(idOf(Cmd::NextCompilerError));
+    frame_->runOnActive(idOf(Cmd::NextCompilerError));
+    ASSERT_NE(app_->active, nullptr);
+    EXPECT_EQ(app_->active->fileName, tree() + "/sub/b.c");
+    EXPECT_EQ(app_->active->cursor.line, 0);
+
     // A second search reuses the output; closing it stops a search.
     for (int i = 0; i < 300; ++i) tmp_.put("tree/many/f" + std::to_string(i) + ".c", "needle\n");
     run.startFind({"needle", {}, tree(), "*.c", true});

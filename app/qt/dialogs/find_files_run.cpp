@@ -13,6 +13,7 @@
 #include "engine/shell.h"
 #include "platform/paths.h"
 #include "search/messages.h"
+#include "tools/output_document.h"
 
 namespace zol {
 namespace {
@@ -103,18 +104,11 @@ void TFindFilesRun::replaceInFiles() {
 }
 
 Document* TFindFilesRun::freshOutput(const std::string& folder, const char* title) {
-    Document* doc = output();
-    if (doc) {
-        resetText(*doc);
-        documentList()->activate(doc);
-    } else {
-        doc = frame_.newFile();
-        if (!doc) return nullptr;
-    }
-    doc->outputWindow = true;
-    // A hit names its file below the folder; the output's name says which folder.
-    doc->fileName = folder + "/" + title;
-    doc->hasFile = false;
+    // A hit names its file below the folder, so the folder is where the message action
+    // looks for it; the output's name says which folder.
+    const std::string root = folder.empty() || folder.back() == '/' ? folder : folder + "/";
+    Document* doc = openOutputDocument(root + title, {root, ""});
+    if (!doc) return nullptr;
     output_ = doc;
     outputSerial_ = doc->serial;
     outputEmpty_ = true;
