@@ -64,7 +64,11 @@ void merge(EditRecord& top, EditRecord&& rec, uint16_t cmd) {
     if (rec.text) {
         if (!top.text) {
             top.text = std::move(rec.text);
-            top.at = rec.at;
+            // Undo deletes the joined range first, which pulls everything in it to its
+            // start: the text the new record replaced goes back there. Its own
+            // position would point into text already gone (a line end typed before
+            // an overwritten character would send the character to the next line).
+            top.at = top.hasRange ? top.rangeStart : rec.at;
         } else if (cmd == idOf(Cmd::Backspace)) {
             top.text = *rec.text + *top.text;
             top.at = rec.at;
@@ -88,6 +92,19 @@ EditRecord apply(Document& doc, const EditRecord& rec) {
     EditRecord back;
     std::string removed;
     Pos start = rec.rangeStart;
+    // Text that replaced lines one for one (a block indent, a change of case, a
+    // conversion) goes back line for line, so that the lines keep their bookmarks.
+    if (rec.hasRange && rec.text && rec.at == earlier(rec.rangeStart, rec.rangeEnd)) {
+        Pos end;
+        if (rawReplaceLines(doc, rec.rangeStart, rec.rangeEnd, *rec.text, &removed, &end)) {
+            back.hasRange = true;
+            back.rangeStart = back.at = rec.at;
+            back.rangeEnd = end;
+            back.text = std::move(removed);
+            setCursor(doc, end);
+            return back;
+        }
+    }
     if (rec.hasRange) {
         setCursor(doc, rec.rangeStart);
         if (rawDelete(doc, rec.rangeStart, rec.rangeEnd, &removed)) {
