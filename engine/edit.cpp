@@ -38,6 +38,23 @@ size_t offsetOf(std::string_view line, int col) {
     return hit.offset;
 }
 
+// Would replacing from..to (character boundaries, in order) by text leave lines that
+// fit? Asked before anything is deleted, so that a refusal leaves the lines as they
+// were, bookmarks and all.
+bool replacementFits(const Document& doc, Pos from, Pos to, std::string_view text) {
+    const std::string_view l1 = lineText(doc, from.line), l2 = lineText(doc, to.line);
+    const std::vector<std::string_view> parts = splitLines(text, FinalLineEnd::StartsEmptyRow);
+    std::string head(l1.substr(0, offsetOf(l1, from.col)));
+    head += parts.front();
+    const std::string_view suffix = l2.substr(offsetOf(l2, to.col));
+    if (parts.size() == 1) return fits(head.append(suffix));
+    std::string tail(parts.back());
+    if (!fits(head) || !fits(tail.append(suffix))) return false;
+    for (size_t i = 1; i + 1 < parts.size(); ++i)
+        if (!fits(parts[i])) return false;
+    return true;
+}
+
 }  // namespace
 
 void addChangeListener(ChangeListener fn) { listeners().push_back(fn); }
@@ -232,6 +249,7 @@ bool replaceRange(Document& doc, Pos from, Pos to, std::string_view text) {
     from = normalize(doc, from);
     to = normalize(doc, to);
     if (before(to, from)) std::swap(from, to);
+    if (!replacementFits(doc, from, to, text)) return false;
     std::string removed;
     if (!rawDelete(doc, from, to, &removed)) return false;
     Pos end;
