@@ -48,6 +48,16 @@ bool merges(uint16_t id) {
     }
 }
 
+// Folding a record into the top one gives a record that undoes both only when the
+// new change goes on from the old: deletions after deletions, or a range that starts
+// where the top's range ends (typing, overwriting, pasting on). Anything else (a
+// character deleted after a block was rewritten) would undo the wrong text, so it
+// is pushed on its own.
+bool continues(const EditRecord& top, const EditRecord& rec) {
+    if (!rec.hasRange) return !top.hasRange;
+    return top.hasRange && rec.rangeStart == top.rangeEnd;
+}
+
 int undoLimit() { return std::clamp(options().undoLevels, 1, kMaxUndoRecords); }
 
 void merge(EditRecord& top, EditRecord&& rec, uint16_t cmd) {
@@ -191,7 +201,7 @@ void recordEdit(Document& doc, EditRecord rec) {
     if (cmd != idOf(Cmd::Redo)) s.redo.clear();
     // Redo sets the flag again once its own record is in.
     s.lastWasUndoRedo = false;
-    if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd)) {
+    if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd) && continues(s.undo.back(), rec)) {
         merge(s.undo.back(), std::move(rec), cmd);
         return;
     }
