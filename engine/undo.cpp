@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "engine/columns.h"
 #include "engine/command_table.h"
 #include "engine/document.h"
 #include "engine/edit.h"
 #include "engine/shell.h"
+#include "engine/text_util.h"
 
 namespace zol {
 namespace {
@@ -48,13 +50,25 @@ bool merges(uint16_t id) {
     }
 }
 
+// Where a deleted text ended before it was deleted from `at`.
+Pos endOfText(Pos at, std::string_view text) {
+    const std::vector<std::string_view> rows = splitLines(text, FinalLineEnd::StartsEmptyRow);
+    int col = rows.size() == 1 ? at.col : 0;
+    for (char c : rows.back()) col = advanceColumn(c, col);
+    return makePos(col, at.line + static_cast<int32_t>(rows.size()) - 1);
+}
+
 // Folding a record into the top one gives a record that undoes both only when the
-// new change goes on from the old: deletions after deletions, or a range that starts
-// where the top's range ends (typing, overwriting, pasting on). Anything else (a
-// character deleted after a block was rewritten) would undo the wrong text, so it
-// is pushed on its own.
+// new change goes on from the old: a deletion just before the top's (Backspace) or
+// at the same place (DeleteChar), or a range that starts where the top's range ends
+// (typing, overwriting, pasting on). The same command twice in a row is not enough:
+// the first may have changed nothing, leaving on top the record of a command before
+// it. Anything else would undo the wrong text, so it is pushed on its own.
 bool continues(const EditRecord& top, const EditRecord& rec) {
-    if (!rec.hasRange) return !top.hasRange;
+    if (!rec.hasRange) {
+        if (top.hasRange || !top.text || !rec.text) return false;
+        return rec.at == top.at || endOfText(rec.at, *rec.text) == top.at;
+    }
     return top.hasRange && rec.rangeStart == top.rangeEnd;
 }
 
