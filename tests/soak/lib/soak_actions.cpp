@@ -465,6 +465,11 @@ void shrink(SoakRun& r) {
 std::span<const ActionKind> actionKinds() { return kActions; }
 
 void runOneAction(SoakRun& r) {
+    // Appending copies grows the clipboard without end; another program takes it over.
+    if (r.shell.clip.text.size() > kMaxSoakClipboard) {
+        r.shell.clip = ClipboardData{"x"};
+        r.note("clipboard emptied by another program");
+    }
     if (r.current().doc.lines.lastIndex >= kMaxSoakLines) {
         shrink(r);
         return;

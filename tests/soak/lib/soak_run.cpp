@@ -158,7 +158,10 @@ bool SoakRun::probe(SoakDoc& d) {
     const Pos cursor = doc.cursor, anchor = doc.selAnchor, end = doc.selEnd;
     const bool selExists = doc.selExists, undoRedo = doc.undo.lastWasUndoRedo;
     const uint16_t lastCmd = doc.lastCmd, prevCmd = doc.prevCmd;
+    const int desiredCol = doc.desiredCol;
     const std::vector<EditRecord> undoStack = doc.undo.undo, redoStack = doc.undo.redo;
+    // Named bookmarks follow the lines that undo and redo move.
+    const std::vector<NamedBookmark> named = namedBookmarks().entries;
     checkpointing = true;
     const bool ok = undoAndRedoAll(d);
     checkpointing = false;
@@ -171,6 +174,8 @@ bool SoakRun::probe(SoakDoc& d) {
     doc.selEnd = end;
     doc.lastCmd = lastCmd;
     doc.prevCmd = prevCmd;
+    doc.desiredCol = desiredCol;
+    namedBookmarks().entries = named;
     return ok;
 }
 

@@ -36,6 +36,8 @@ struct SoakDoc {
 // A document may grow to this many lines; past it the generator cuts it back, so that
 // checking every line after a command stays cheap over a million commands.
 constexpr int32_t kMaxSoakLines = 1500;
+// Likewise the clipboard, which appending copies would grow without end.
+constexpr size_t kMaxSoakClipboard = 64 * 1024;
 
 struct SoakRun {
     explicit SoakRun(const SoakConfig& c) : config(c), rng(c.seed) {}
