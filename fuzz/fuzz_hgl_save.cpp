@@ -3,6 +3,7 @@
 // of every language the first one gave.
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -23,17 +24,18 @@ const std::string& folder() {
     return dir;
 }
 
-bool same(const zol::SyntaxEditLanguage& a, const zol::SyntaxEditLanguage& b) {
-    return a.name == b.name && a.pattern == b.pattern && a.caseSensitive == b.caseSensitive &&
-           a.unixTexKeywords == b.unixTexKeywords && a.fortranComment == b.fortranComment &&
-           a.lineNumbers == b.lineNumbers && a.cobol == b.cobol && a.cobolCommentPos == b.cobolCommentPos &&
-           a.maxLineLen == b.maxLineLen && a.cobolCommentChar == b.cobolCommentChar &&
-           a.firstComment == b.firstComment && a.stringDelim == b.stringDelim && a.charDelim == b.charDelim &&
-           a.quoteChar == b.quoteChar && a.preprocess == b.preprocess && a.multiComment == b.multiComment &&
-           a.lineComment1 == b.lineComment1 && a.lineComment2 == b.lineComment2 &&
-           a.openCloseDelim == b.openCloseDelim && a.delimiters == b.delimiters && a.operators == b.operators &&
-           a.words == b.words && a.numbers == b.numbers && a.html == b.html && a.keywords == b.keywords &&
-           a.colour == b.colour;
+// The first field in which two languages differ, or nullptr.
+const char* differingField(const zol::SyntaxEditLanguage& a, const zol::SyntaxEditLanguage& b) {
+#define ZOL_FIELD(f) \
+    if (!(a.f == b.f)) return #f;
+    ZOL_FIELD(name) ZOL_FIELD(pattern) ZOL_FIELD(caseSensitive) ZOL_FIELD(unixTexKeywords) ZOL_FIELD(fortranComment)
+    ZOL_FIELD(lineNumbers) ZOL_FIELD(cobol) ZOL_FIELD(cobolCommentPos) ZOL_FIELD(maxLineLen)
+    ZOL_FIELD(cobolCommentChar) ZOL_FIELD(firstComment) ZOL_FIELD(stringDelim) ZOL_FIELD(charDelim)
+    ZOL_FIELD(quoteChar) ZOL_FIELD(preprocess) ZOL_FIELD(multiComment) ZOL_FIELD(lineComment1)
+    ZOL_FIELD(lineComment2) ZOL_FIELD(openCloseDelim) ZOL_FIELD(delimiters) ZOL_FIELD(operators) ZOL_FIELD(words)
+    ZOL_FIELD(numbers) ZOL_FIELD(html) ZOL_FIELD(keywords) ZOL_FIELD(colour)
+#undef ZOL_FIELD
+    return nullptr;
 }
 
 }  // namespace
@@ -51,6 +53,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     check(zol::saveDefinitions(table, saved, langs));
     const std::vector<zol::SyntaxEditLanguage> again = zol::readEditCopy(saved);
     check(again.size() == langs.size());
-    for (size_t i = 0; i < langs.size(); ++i) check(same(langs[i], again[i]));
+    for (size_t i = 0; i < langs.size(); ++i) {
+        if (const char* field = differingField(langs[i], again[i])) {
+            std::fprintf(stderr, "language %zu reads back with another %s\n", i, field);
+            std::abort();
+        }
+    }
     return 0;
 }

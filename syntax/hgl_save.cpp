@@ -85,7 +85,16 @@ SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path)
     e.charDelim = d.charDelim;
     e.quoteChar = d.quoteChar;
     e.preprocess = d.preprocessChar;
-    if (d.multiOpen[0]) e.multiComment = raw(HglKey::MultiComment);
+    // The pair in force rather than the text in the file: the field holds seven
+    // characters, and a longer value cut there could lose its closer, so that saving
+    // would switch multi-line comments off.
+    if (d.multiOpen[0]) {
+        for (char c : d.multiOpen)
+            if (c) e.multiComment += c;
+        e.multiComment += ' ';
+        for (char c : d.multiClose)
+            if (c) e.multiComment += c;
+    }
     e.lineComment1 = d.lineComment1;
     e.lineComment2 = d.lineComment2;
     e.openCloseDelim = raw(HglKey::OpenCloseDelim);

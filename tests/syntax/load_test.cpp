@@ -153,6 +153,20 @@ TEST(SyntaxSave, LoadSaveLoadKeepsTheShippedTables) {
     }
 }
 
+// The dialog's field holds seven characters: a longer comment pair must not come back
+// from a save without its closer.
+TEST(SyntaxSave, ALongCommentPairSurvivesTheDialogsField) {
+    const std::string path = writeScratch("pair.hgl", "[Long]\nMultiComment=/*-------- --------*/\n");
+    const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
+    ASSERT_EQ(langs.size(), 1u);
+    EXPECT_EQ(langs[0].multiComment, "/* --");
+    SyntaxHighlightTable t;
+    ASSERT_TRUE(saveDefinitions(t, path, langs));
+    ASSERT_NE(definitionAt(t, 1), nullptr);
+    EXPECT_EQ(std::string(definitionAt(t, 1)->multiOpen, 2), "/*");
+    EXPECT_EQ(std::string(definitionAt(t, 1)->multiClose, 2), "--");
+}
+
 TEST(SyntaxSave, WritesTheDialogsForm) {
     const std::string path = writeScratch("save.hgl", "; kept\n[Old]\nFilePattern=*.old\n");
     std::vector<SyntaxEditLanguage> langs;
