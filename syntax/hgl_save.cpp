@@ -68,7 +68,14 @@ bool sameName(std::string_view a, std::string_view b) {
 SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path) {
     // The loaded definition already holds every corrected value; the texts typed as
     // sets and ranges are taken from the file as they stand.
-    auto raw = [&](HglKey k) { return getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer); };
+    // Cut to its field, a value may end in blanks that the file cannot keep (a value
+    // is read without them), so they are dropped here: the copy is what a save gives
+    // back.
+    auto raw = [&](HglKey k) {
+        std::string v = getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer);
+        while (!v.empty() && std::string_view(" \t\r\v\f").find(v.back()) != std::string_view::npos) v.pop_back();
+        return v;
+    };
     SyntaxEditLanguage e;
     e.name = cut(d.name, kEditNameSize);
     e.pattern = d.pattern;

@@ -167,6 +167,17 @@ TEST(SyntaxSave, ALongCommentPairSurvivesTheDialogsField) {
     EXPECT_EQ(std::string(definitionAt(t, 1)->multiClose, 2), "--");
 }
 
+// A value cut to its field loses the blanks it then ends in, as the file would.
+TEST(SyntaxSave, AValueCutToItsFieldReadsBackTheSame) {
+    const std::string path = writeScratch("cut.hgl", "[Cut]\nWords=a" + std::string(30, ' ') + "-z\n");
+    const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
+    ASSERT_EQ(langs.size(), 1u);
+    EXPECT_EQ(langs[0].words, "a");
+    SyntaxHighlightTable t;
+    ASSERT_TRUE(saveDefinitions(t, path, langs));
+    EXPECT_EQ(readEditCopy(path)[0].words, "a");
+}
+
 TEST(SyntaxSave, WritesTheDialogsForm) {
     const std::string path = writeScratch("save.hgl", "; kept\n[Old]\nFilePattern=*.old\n");
     std::vector<SyntaxEditLanguage> langs;
