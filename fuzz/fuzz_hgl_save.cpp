@@ -38,18 +38,19 @@ const char* differingField(const zol::SyntaxEditLanguage& a, const zol::SyntaxEd
     return nullptr;
 }
 
-// A CR inside a line is text to the loader, but the profile writer turns it into a
-// blank, since a written CR would end the line: such files cannot come back unchanged.
-bool strayCarriageReturn(const uint8_t* data, size_t size) {
+// Files that cannot come back unchanged: a CR inside a line is text to the loader,
+// but the profile writer turns it into a blank, since a written CR would end the
+// line; and a NUL ends a value as the dialog holds it.
+bool unwritable(const uint8_t* data, size_t size) {
     for (size_t i = 0; i < size; ++i)
-        if (data[i] == '\r' && (i + 1 == size || data[i + 1] != '\n')) return true;
+        if (data[i] == '\0' || (data[i] == '\r' && (i + 1 == size || data[i + 1] != '\n'))) return true;
     return false;
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    if (strayCarriageReturn(data, size)) return 0;
+    if (unwritable(data, size)) return 0;
     const std::string source = folder() + "in.hgl", saved = folder() + "saved.hgl";
     {
         std::ofstream out(source, std::ios::binary | std::ios::trunc);

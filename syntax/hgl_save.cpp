@@ -71,14 +71,14 @@ SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path)
     // Cut to its field, a value may end in blanks that the file cannot keep (a value
     // is read without them), so they are dropped here: the copy is what a save gives
     // back.
-    auto raw = [&](HglKey k) {
-        std::string v = getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer);
+    auto trimmed = [](std::string v) {
         while (!v.empty() && std::string_view(" \t\r\v\f").find(v.back()) != std::string_view::npos) v.pop_back();
         return v;
     };
+    auto raw = [&](HglKey k) { return trimmed(getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer)); };
     SyntaxEditLanguage e;
     e.name = cut(d.name, kEditNameSize);
-    e.pattern = d.pattern;
+    e.pattern = trimmed(d.pattern);
     e.caseSensitive = !(d.flags & kIgnoreCase);
     e.unixTexKeywords = d.flags & kUnixTexKeywords;
     e.fortranComment = d.flags & kFortranComments;

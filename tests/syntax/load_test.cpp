@@ -169,13 +169,24 @@ TEST(SyntaxSave, ALongCommentPairSurvivesTheDialogsField) {
 
 // A value cut to its field loses the blanks it then ends in, as the file would.
 TEST(SyntaxSave, AValueCutToItsFieldReadsBackTheSame) {
-    const std::string path = writeScratch("cut.hgl", "[Cut]\nWords=a" + std::string(30, ' ') + "-z\n");
-    const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
-    ASSERT_EQ(langs.size(), 1u);
-    EXPECT_EQ(langs[0].words, "a");
-    SyntaxHighlightTable t;
-    ASSERT_TRUE(saveDefinitions(t, path, langs));
-    EXPECT_EQ(readEditCopy(path)[0].words, "a");
+    const struct {
+        const char* key;
+        std::string SyntaxEditLanguage::*field;
+        size_t room;  // characters the field holds
+    } rows[] = {
+        {"Words", &SyntaxEditLanguage::words, 23},
+        {"FilePattern", &SyntaxEditLanguage::pattern, 63},
+    };
+    for (const auto& row : rows) {
+        const std::string value = "*.a" + std::string(row.room - 4, 'b') + "\t*.c";
+        const std::string path = writeScratch("cut.hgl", std::string("[Cut]\n") + row.key + "=" + value + "\n");
+        const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
+        ASSERT_EQ(langs.size(), 1u);
+        EXPECT_EQ(langs[0].*row.field, "*.a" + std::string(row.room - 4, 'b')) << row.key;
+        SyntaxHighlightTable t;
+        ASSERT_TRUE(saveDefinitions(t, path, langs));
+        EXPECT_EQ(readEditCopy(path)[0].*row.field, langs[0].*row.field) << row.key;
+    }
 }
 
 TEST(SyntaxSave, WritesTheDialogsForm) {
