@@ -7,8 +7,15 @@ DEPS       = cmake make g++ libgtest-dev libgmock-dev qt6-base-dev fonts-dejavu-
 DEPS      += desktop-file-utils appstream
 BENCH_DEPS = libbenchmark-dev python3 vim-nox time lua5.4 tcc ripgrep
 FUZZ_DEPS  = clang libclang-rt-14-dev
+# `make soak`: commands of the command soak under the sanitizers, and its seed.
+SOAK_COMMANDS ?= 1000000
+SOAK_SEED     ?= 1
+SOAK_DOCS     ?= 3
+# `make fuzz`: seconds for each target, or instead a number of runs for each.
+FUZZ_SECONDS  ?= 10
+FUZZ_RUNS     ?=
 
-.PHONY: all deps build run test asan bench fuzz clean
+.PHONY: all deps build run test asan soak bench fuzz clean
 
 all: build
 
@@ -41,6 +48,11 @@ test: build
 asan: deps
 	$(MAKE) test BUILD=build-asan CMAKE_ARGS="-DZOLDER_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug"
 
+soak: deps
+	cmake -S . -B build-asan -DZOLDER_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug >/dev/null
+	cmake --build build-asan -j$(JOBS) --target soak
+	build-asan/tests/soak/soak --seed $(SOAK_SEED) --commands $(SOAK_COMMANDS) --docs $(SOAK_DOCS)
+
 bench: deps
 	$(call ensure_pkgs,$(BENCH_DEPS))
 	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DZOLDER_BENCH=ON >/dev/null
@@ -51,7 +63,7 @@ fuzz: deps
 	$(call ensure_pkgs,$(FUZZ_DEPS))
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DZOLDER_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 	cmake --build build-fuzz -j$(JOBS) --target fuzz_targets
-	fuzz/run.sh build-fuzz 60
+	FUZZ_RUNS=$(FUZZ_RUNS) fuzz/run.sh build-fuzz $(FUZZ_SECONDS)
 
 clean:
 	rm -rf build build-asan build-bench build-fuzz

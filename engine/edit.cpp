@@ -38,6 +38,23 @@ size_t offsetOf(std::string_view line, int col) {
     return hit.offset;
 }
 
+// Would replacing from..to (character boundaries, in order) by text leave lines that
+// fit? Asked before anything is deleted, so that a refusal leaves the lines as they
+// were, bookmarks and all.
+bool replacementFits(const Document& doc, Pos from, Pos to, std::string_view text) {
+    const std::string_view l1 = lineText(doc, from.line), l2 = lineText(doc, to.line);
+    const std::vector<std::string_view> parts = splitLines(text, FinalLineEnd::StartsEmptyRow);
+    std::string head(l1.substr(0, offsetOf(l1, from.col)));
+    head += parts.front();
+    const std::string_view suffix = l2.substr(offsetOf(l2, to.col));
+    if (parts.size() == 1) return fits(head.append(suffix));
+    std::string tail(parts.back());
+    if (!fits(head) || !fits(tail.append(suffix))) return false;
+    for (size_t i = 1; i + 1 < parts.size(); ++i)
+        if (!fits(parts[i])) return false;
+    return true;
+}
+
 }  // namespace
 
 void addChangeListener(ChangeListener fn) { listeners().push_back(fn); }
@@ -140,6 +157,36 @@ bool rawDelete(Document& doc, Pos from, Pos to, std::string* removed) {
     return true;
 }
 
+bool rawReplaceLines(Document& doc, Pos from, Pos to, std::string_view text, std::string* removed, Pos* end) {
+    if (before(to, from)) std::swap(from, to);
+    const std::vector<std::string_view> parts = splitLines(text, FinalLineEnd::StartsEmptyRow);
+    if (static_cast<int32_t>(parts.size()) != to.line - from.line + 1) return false;
+    LineList& ll = doc.lines;
+    const LineRef r1 = ll.find(from.line);
+    const std::string_view l1 = ll.text(r1);
+    const ColumnHit start = locateColumn(l1, from.col);
+    if (start.insideTab || start.padding > 0) return false;
+    const std::string_view l2 = ll.text(ll.find(to.line));
+    const size_t off2 = from.line == to.line ? std::max(start.offset, offsetOf(l1, to.col)) : offsetOf(l2, to.col);
+
+    std::vector<std::string> texts(parts.begin(), parts.end());
+    texts.front().insert(0, l1.substr(0, start.offset));
+    const int endCol = lineWidth(texts.back());
+    texts.back().append(l2.substr(off2));
+    for (const std::string& t : texts)
+        if (!fits(t)) return false;
+    if (removed) *removed = rangeText(doc, from, makePos(columnOfOffset(l2, off2), to.line));
+    LineRef r = r1;
+    for (size_t i = 0; i < texts.size(); ++i, r = ll.next(r)) {
+        r = ll.setText(r, texts[i]);
+        lineChanged(doc, from.line + static_cast<int32_t>(i));
+    }
+    setModified(doc, true);
+    if (doc.view) doc.view->redraw();
+    if (end) *end = makePos(endCol, to.line);
+    return true;
+}
+
 bool insertText(Document& doc, std::string_view text) {
     if (doc.readOnly) return false;
     Pos at = doc.cursor;
@@ -202,6 +249,7 @@ bool replaceRange(Document& doc, Pos from, Pos to, std::string_view text) {
     from = normalize(doc, from);
     to = normalize(doc, to);
     if (before(to, from)) std::swap(from, to);
+    if (!replacementFits(doc, from, to, text)) return false;
     std::string removed;
     if (!rawDelete(doc, from, to, &removed)) return false;
     Pos end;

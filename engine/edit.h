@@ -31,6 +31,12 @@ std::string rangeText(const Document& doc, Pos from, Pos to);
 // inserted text ends; `removed` the deleted text.
 bool rawInsert(Document& doc, Pos at, std::string_view text, Pos* end);
 bool rawDelete(Document& doc, Pos from, Pos to, std::string* removed);
+// Replaces the text between two positions by a text of as many lines, line for line,
+// so that every line keeps its record and with it its bookmark and comment state. The
+// same as rawDelete followed by rawInsert at the earlier end, but refused (false,
+// nothing changed) unless that end is a character boundary inside its line, the line
+// counts match and every new line fits; the caller then falls back to those two.
+bool rawReplaceLines(Document& doc, Pos from, Pos to, std::string_view text, std::string* removed, Pos* end);
 // Pulls a position onto a character boundary inside the text.
 Pos normalize(const Document& doc, Pos p);
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "engine/columns.h"
 #include "engine/command_table.h"
 #include "engine/document.h"
 #include "engine/edit.h"
 #include "engine/shell.h"
+#include "engine/text_util.h"
 
 namespace zol {
 namespace {
@@ -48,6 +50,28 @@ bool merges(uint16_t id) {
     }
 }
 
+// Where a deleted text ended before it was deleted from `at`.
+Pos endOfText(Pos at, std::string_view text) {
+    const std::vector<std::string_view> rows = splitLines(text, FinalLineEnd::StartsEmptyRow);
+    int col = rows.size() == 1 ? at.col : 0;
+    for (char c : rows.back()) col = advanceColumn(c, col);
+    return makePos(col, at.line + static_cast<int32_t>(rows.size()) - 1);
+}
+
+// Folding a record into the top one gives a record that undoes both only when the
+// new change goes on from the old: a deletion just before the top's (Backspace) or
+// at the same place (DeleteChar), or a range that starts where the top's range ends
+// (typing, overwriting, pasting on). The same command twice in a row is not enough:
+// the first may have changed nothing, leaving on top the record of a command before
+// it. Anything else would undo the wrong text, so it is pushed on its own.
+bool continues(const EditRecord& top, const EditRecord& rec) {
+    if (!rec.hasRange) {
+        if (top.hasRange || !top.text || !rec.text) return false;
+        return rec.at == top.at || endOfText(rec.at, *rec.text) == top.at;
+    }
+    return top.hasRange && rec.rangeStart == top.rangeEnd;
+}
+
 int undoLimit() { return std::clamp(options().undoLevels, 1, kMaxUndoRecords); }
 
 void merge(EditRecord& top, EditRecord&& rec, uint16_t cmd) {
@@ -64,7 +88,11 @@ void merge(EditRecord& top, EditRecord&& rec, uint16_t cmd) {
     if (rec.text) {
         if (!top.text) {
             top.text = std::move(rec.text);
-            top.at = rec.at;
+            // Undo deletes the joined range first, which pulls everything in it to its
+            // start: the text the new record replaced goes back there. Its own
+            // position would point into text already gone (a line end typed before
+            // an overwritten character would send the character to the next line).
+            top.at = top.hasRange ? top.rangeStart : rec.at;
         } else if (cmd == idOf(Cmd::Backspace)) {
             top.text = *rec.text + *top.text;
             top.at = rec.at;
@@ -88,6 +116,19 @@ EditRecord apply(Document& doc, const EditRecord& rec) {
     EditRecord back;
     std::string removed;
     Pos start = rec.rangeStart;
+    // Text that replaced lines one for one (a block indent, a change of case, a
+    // conversion) goes back line for line, so that the lines keep their bookmarks.
+    if (rec.hasRange && rec.text && rec.at == earlier(rec.rangeStart, rec.rangeEnd)) {
+        Pos end;
+        if (rawReplaceLines(doc, rec.rangeStart, rec.rangeEnd, *rec.text, &removed, &end)) {
+            back.hasRange = true;
+            back.rangeStart = back.at = rec.at;
+            back.rangeEnd = end;
+            back.text = std::move(removed);
+            setCursor(doc, end);
+            return back;
+        }
+    }
     if (rec.hasRange) {
         setCursor(doc, rec.rangeStart);
         if (rawDelete(doc, rec.rangeStart, rec.rangeEnd, &removed)) {
@@ -174,7 +215,7 @@ void recordEdit(Document& doc, EditRecord rec) {
     if (cmd != idOf(Cmd::Redo)) s.redo.clear();
     // Redo sets the flag again once its own record is in.
     s.lastWasUndoRedo = false;
-    if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd)) {
+    if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd) && continues(s.undo.back(), rec)) {
         merge(s.undo.back(), std::move(rec), cmd);
         return;
     }

@@ -75,9 +75,11 @@ bool convertDocument(Document& doc, ConvertTable table, bool selectedOnly) {
         left = selLeftCol(doc);
         right = selRightCol(doc);
     }
-    // A rectangle is undone by giving back its whole lines.
-    const Pos undoFrom = column ? makePos(0, first.line) : first;
-    const Pos undoTo = column ? makePos(lineWidthAt(doc, last.line), last.line) : last;
+    // A rectangle is undone by giving back its whole lines. The range is the text's own:
+    // a selection may end past its line or inside a tab, and undo deletes the range
+    // before it puts the old text back at its start.
+    const Pos undoFrom = normalize(doc, column ? makePos(0, first.line) : first);
+    const Pos undoTo = normalize(doc, column ? makePos(lineWidthAt(doc, last.line), last.line) : last);
     EditRecord rec;
     rec.hasRange = true;
     rec.rangeStart = undoFrom;

@@ -1,16 +1,45 @@
 #!/usr/bin/env bash
-# Runs every fuzz target for the given number of seconds, each with its own corpus.
-set -euo pipefail
+# Runs every fuzz target (built with ASan and UBSan) for the given number of seconds,
+# or for FUZZ_RUNS executions when that is set, each from the seed inputs committed in
+# fuzz/corpus/<target>/ plus what earlier runs found (kept in <build>/corpus/<target>/).
+# Prints, per target, the executions and the coverage libFuzzer reported at its end,
+# and exits non-zero when any target found a crash; the crashing input is kept in
+# <build>/artifacts/.
+set -uo pipefail
 build=${1:-build-fuzz}
-seconds=${2:-60}
+seconds=${2:-10}
+runs=${FUZZ_RUNS:-}
 root=$(cd "$(dirname "$0")/.." && pwd)
+artifacts="$root/$build/artifacts"
+mkdir -p "$artifacts"
 status=0
+summary=()
 for target in "$root/$build"/fuzz/fuzz_*; do
   [ -x "$target" ] || continue
   name=$(basename "$target")
   corpus="$root/$build/corpus/$name"
+  seeds="$root/fuzz/corpus/$name"
   mkdir -p "$corpus"
-  echo "== $name for ${seconds}s"
-  "$target" -max_total_time="$seconds" -max_len=65536 "$corpus" 2>&1 | tail -3 || status=1
+  limit=(-max_total_time="$seconds")
+  [ -n "$runs" ] && limit=(-runs="$runs")
+  echo "== $name (${runs:+$runs runs}${runs:-${seconds}s})"
+  log="$root/$build/$name.log"
+  dirs=("$corpus")
+  [ -d "$seeds" ] && dirs+=("$seeds")
+  "$target" "${limit[@]}" -max_len=65536 -print_final_stats=1 -artifact_prefix="$artifacts/$name-" \
+    "${dirs[@]}" >"$log" 2>&1
+  code=$?
+  execs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" | tail -1)
+  cov=$(grep -o 'cov: [0-9]*' "$log" | tail -1 | cut -d' ' -f2)
+  ft=$(grep -o 'ft: [0-9]*' "$log" | tail -1 | cut -d' ' -f2)
+  if [ "$code" -ne 0 ]; then
+    status=1
+    grep -E 'ERROR|SUMMARY|Test unit written|deadly signal' "$log" | head -8
+    summary+=("$(printf '%-26s FAILED (exit %d), see %s' "$name" "$code" "$log")")
+  else
+    summary+=("$(printf '%-26s %12s executions   cov %6s   ft %6s' "$name" "${execs:-?}" "${cov:-?}" "${ft:-?}")")
+  fi
 done
+echo "== summary"
+printf '%s\n' "${summary[@]}"
 exit $status

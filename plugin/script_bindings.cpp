@@ -35,7 +35,10 @@ constexpr DefRow kDef[] = {
 #undef BUILTIN_DECLARED
 };
 
-consteval const DefRow& editorRow(std::string_view name) {
+// constexpr rather than consteval: clang 14 refuses a consteval call whose argument
+// is a parameter of the consteval bind() below. kBindings is constexpr, so a throw
+// here still stops the build.
+constexpr const DefRow& editorRow(std::string_view name) {
     for (const DefRow& r : kDef)
         if (r.name == name) {
             if (!(r.flags & kBuiltinEditor)) throw "script/builtins.def does not mark this built-in kBuiltinEditor";

@@ -68,10 +68,17 @@ bool sameName(std::string_view a, std::string_view b) {
 SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path) {
     // The loaded definition already holds every corrected value; the texts typed as
     // sets and ranges are taken from the file as they stand.
-    auto raw = [&](HglKey k) { return getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer); };
+    // Cut to its field, a value may end in blanks that the file cannot keep (a value
+    // is read without them), so they are dropped here: the copy is what a save gives
+    // back.
+    auto trimmed = [](std::string v) {
+        while (!v.empty() && std::string_view(" \t\r\v\f").find(v.back()) != std::string_view::npos) v.pop_back();
+        return v;
+    };
+    auto raw = [&](HglKey k) { return trimmed(getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer)); };
     SyntaxEditLanguage e;
     e.name = cut(d.name, kEditNameSize);
-    e.pattern = d.pattern;
+    e.pattern = trimmed(d.pattern);
     e.caseSensitive = !(d.flags & kIgnoreCase);
     e.unixTexKeywords = d.flags & kUnixTexKeywords;
     e.fortranComment = d.flags & kFortranComments;
@@ -85,7 +92,16 @@ SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path)
     e.charDelim = d.charDelim;
     e.quoteChar = d.quoteChar;
     e.preprocess = d.preprocessChar;
-    if (d.multiOpen[0]) e.multiComment = raw(HglKey::MultiComment);
+    // The pair in force rather than the text in the file: the field holds seven
+    // characters, and a longer value cut there could lose its closer, so that saving
+    // would switch multi-line comments off.
+    if (d.multiOpen[0]) {
+        for (char c : d.multiOpen)
+            if (c) e.multiComment += c;
+        e.multiComment += ' ';
+        for (char c : d.multiClose)
+            if (c) e.multiComment += c;
+    }
     e.lineComment1 = d.lineComment1;
     e.lineComment2 = d.lineComment2;
     e.openCloseDelim = raw(HglKey::OpenCloseDelim);

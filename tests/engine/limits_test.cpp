@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/commands/messages.h"
+#include "engine/bookmarks.h"
 #include "engine/marks.h"
 #include "tests/engine/command_fixture.h"
 
@@ -32,6 +33,34 @@ TEST_F(Limits, AFullLineRefusesMoreCharactersButOverwriteStillWorks) {
     moveTo(0, 0);
     type("A");
     EXPECT_EQ(lineText(doc, 0)[0], 'A');
+}
+
+// A paste over a selection that would leave a line too long is refused before
+// anything is deleted: the lines, their bookmarks, the cursor and undo stay.
+TEST_F(Limits, APasteOverASelectionThatWouldOverflowChangesNothing) {
+    const struct {
+        const char* name;
+        Pos from, to;
+        size_t pasted;
+    } rows[] = {
+        {"over a line end, onto the long line", makePos(1, 0), makePos(5, 1), 40},
+        {"over a line end, from the long line", makePos(3189, 1), makePos(1, 2), 12},
+        {"inside a line", makePos(1, 2), makePos(2, 2), 3200},
+    };
+    const std::string original = "ab\n" + std::string(3190, 'x') + "\ncd\nef";
+    for (const auto& row : rows) {
+        fill(doc, original);
+        setBookmark(doc, 2, true);
+        select(row.from, row.to);
+        shell_.clip = ClipboardData{std::string(row.pasted, 'y')};
+        EXPECT_EQ(run("Paste"), 0) << row.name;
+        EXPECT_TRUE(text() == original) << row.name;
+        EXPECT_EQ(here(), str(row.to)) << row.name;
+        EXPECT_EQ(doc.lines.currentIndex, row.to.line) << row.name;
+        EXPECT_TRUE(isBookmarked(doc, 2)) << row.name;
+        EXPECT_FALSE(doc.modified) << row.name;
+        EXPECT_EQ(undoDepth(), 0u) << row.name;
+    }
 }
 
 TEST_F(Limits, TheCursorStopsAtTheLastColumn) {

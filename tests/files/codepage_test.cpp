@@ -101,6 +101,7 @@ TEST_F(Convert, WholeTextIsOneUndoStepAndKeepsBookmarks) {
     EXPECT_STREQ(undoLabel(doc.undo), "&Undo Convert Text");
     undo(doc);
     EXPECT_EQ(textOf(doc), "abba\n\tab\n\ncab");
+    EXPECT_TRUE(isBookmarked(doc, 1));
     EXPECT_TRUE(doc.undo.undo.empty());
 }
 
@@ -115,6 +116,12 @@ TEST_F(Convert, SelectedTextOnly) {
     select(makePos(1, 0), makePos(3, 1), SelMode::Column);
     ASSERT_EQ(convert(), 1);
     EXPECT_EQ(textOf(doc), "\x82t\xE9\n\x82\xE9\xE9\x82");
+    undo(doc);
+    EXPECT_EQ(textOf(doc), "\x82t\x82\n\x82\x82\x82\x82");
+    // A selection that begins past the end of its line is undone from the line's end.
+    select(makePos(6, 0), makePos(2, 1), SelMode::Char);
+    ASSERT_EQ(convert(), 1);
+    EXPECT_EQ(textOf(doc), "\x82t\x82\n\xE9\xE9\x82\x82");
     undo(doc);
     EXPECT_EQ(textOf(doc), "\x82t\x82\n\x82\x82\x82\x82");
 }

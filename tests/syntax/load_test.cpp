@@ -153,6 +153,42 @@ TEST(SyntaxSave, LoadSaveLoadKeepsTheShippedTables) {
     }
 }
 
+// The dialog's field holds seven characters: a longer comment pair must not come back
+// from a save without its closer.
+TEST(SyntaxSave, ALongCommentPairSurvivesTheDialogsField) {
+    const std::string path = writeScratch("pair.hgl", "[Long]\nMultiComment=/*-------- --------*/\n");
+    const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
+    ASSERT_EQ(langs.size(), 1u);
+    EXPECT_EQ(langs[0].multiComment, "/* --");
+    SyntaxHighlightTable t;
+    ASSERT_TRUE(saveDefinitions(t, path, langs));
+    ASSERT_NE(definitionAt(t, 1), nullptr);
+    EXPECT_EQ(std::string(definitionAt(t, 1)->multiOpen, 2), "/*");
+    EXPECT_EQ(std::string(definitionAt(t, 1)->multiClose, 2), "--");
+}
+
+// A value cut to its field loses the blanks it then ends in, as the file would.
+TEST(SyntaxSave, AValueCutToItsFieldReadsBackTheSame) {
+    const struct {
+        const char* key;
+        std::string SyntaxEditLanguage::*field;
+        size_t room;  // characters the field holds
+    } rows[] = {
+        {"Words", &SyntaxEditLanguage::words, 23},
+        {"FilePattern", &SyntaxEditLanguage::pattern, 63},
+    };
+    for (const auto& row : rows) {
+        const std::string value = "*.a" + std::string(row.room - 4, 'b') + "\t*.c";
+        const std::string path = writeScratch("cut.hgl", std::string("[Cut]\n") + row.key + "=" + value + "\n");
+        const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
+        ASSERT_EQ(langs.size(), 1u);
+        EXPECT_EQ(langs[0].*row.field, "*.a" + std::string(row.room - 4, 'b')) << row.key;
+        SyntaxHighlightTable t;
+        ASSERT_TRUE(saveDefinitions(t, path, langs));
+        EXPECT_EQ(readEditCopy(path)[0].*row.field, langs[0].*row.field) << row.key;
+    }
+}
+
 TEST(SyntaxSave, WritesTheDialogsForm) {
     const std::string path = writeScratch("save.hgl", "; kept\n[Old]\nFilePattern=*.old\n");
     std::vector<SyntaxEditLanguage> langs;
