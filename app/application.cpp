@@ -255,6 +255,16 @@ void destroyDocument(Application& app, Document* doc) {
     }
 }
 
+namespace {
+
+void autoSaveAll(Application& app) {
+    std::vector<Document*> docs;
+    for (const auto& doc : app.documents) docs.push_back(doc.get());
+    autoSaveDocuments(docs, homeDir());
+}
+
+}  // namespace
+
 void autoSaveTick(Application& app, int64_t nowMs) {
     if (app.lastAutoSaveMs < 0 || !options().autoSave) {
         app.lastAutoSaveMs = nowMs;
@@ -262,12 +272,10 @@ void autoSaveTick(Application& app, int64_t nowMs) {
     }
     if (nowMs - app.lastAutoSaveMs < options().autoSaveEvery * kMsPerMinute) return;
     app.lastAutoSaveMs = nowMs;
-    for (const auto& doc : app.documents) autoSaveDocument(*doc, homeDir());
+    autoSaveAll(app);
 }
 
-void autoSaveNow(Application& app) {
-    for (const auto& doc : app.documents) autoSaveDocument(*doc, homeDir());
-}
+void autoSaveNow(Application& app) { autoSaveAll(app); }
 
 void guardAgainstAbruptEnd(Application& app) {
     static const bool registered = std::atexit(saveGuardedWork) == 0;

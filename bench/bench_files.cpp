@@ -81,9 +81,10 @@ void BM_AutoSaveTen(benchmark::State& state) {
         for (int n = 0; n < (1 << 20) / 64; ++n) zol::insertText(*docs.back(), line + "\n");
         zol::setModified(*docs.back(), true);
     }
+    std::vector<zol::Document*> all;
+    for (auto& d : docs) all.push_back(d.get());
     for (auto _ : state)
-        for (auto& d : docs)
-            if (!zol::autoSaveDocument(*d, dir)) state.SkipWithError("auto-save failed");
+        if (zol::autoSaveDocuments(all, dir) != kDocs) state.SkipWithError("auto-save failed");
     for (auto& d : docs) zol::removeAutoSaveFile(*d);
     std::error_code ec;
     std::filesystem::remove_all(dir, ec);

@@ -6,6 +6,7 @@
 #include "files/messages.h"
 #include "files/textfile.h"
 #include "platform/dirsearch.h"
+#include "platform/durable_write.h"
 #include "platform/file_io.h"
 #include "platform/clock.h"
 #include "platform/fileinfo.h"
@@ -44,23 +45,35 @@ std::string documentBytes(const Document& doc) {
 
 }  // namespace
 
-bool autoSaveDocument(Document& doc, const std::string& folder) {
-    if (!doc.modified) return false;
-    const bool fresh = doc.autoSaveFile.empty();
-    if (fresh) {
-        doc.autoSaveFile = chooseName(folder);
-        if (doc.autoSaveFile.empty()) return false;
+int autoSaveDocuments(const std::vector<Document*>& docs, const std::string& folder) {
+    std::vector<Document*> saving;
+    std::vector<std::string> bytes;
+    std::vector<FileToWrite> files;
+    for (Document* doc : docs) {
+        if (!doc->modified) continue;
+        // A fresh name is taken only if nobody took it since it was drawn.
+        const bool fresh = doc->autoSaveFile.empty();
+        if (fresh) doc->autoSaveFile = chooseName(folder);
+        if (doc->autoSaveFile.empty()) continue;
+        saving.push_back(doc);
+        bytes.push_back(documentBytes(*doc));
+        files.push_back({doc->autoSaveFile, {}, fresh, kSideFileMode});
     }
-    const std::string bytes = documentBytes(doc);
-    // A fresh name is taken only if nobody took it since it was drawn.
-    const bool ok = fresh ? createFileNoReplace(doc.autoSaveFile, bytes, kSideFileMode)
-                          : replaceFile(doc.autoSaveFile, bytes);
-    if (!ok) {
-        if (!fresh) removeFile(doc.autoSaveFile);
-        doc.autoSaveFile.clear();
+    for (size_t i = 0; i < files.size(); ++i) files[i].data = bytes[i];
+    writeFilesTogether(files);
+    int written = 0;
+    for (size_t i = 0; i < files.size(); ++i) {
+        if (files[i].written) {
+            ++written;
+            continue;
+        }
+        if (!files[i].createOnly) removeFile(files[i].path);
+        saving[i]->autoSaveFile.clear();
     }
-    return ok;
+    return written;
 }
+
+bool autoSaveDocument(Document& doc, const std::string& folder) { return autoSaveDocuments({&doc}, folder) == 1; }
 
 void removeAutoSaveFile(Document& doc) {
     if (doc.autoSaveFile.empty()) return;

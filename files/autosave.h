@@ -5,6 +5,7 @@
 #pragma once
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "engine/document.h"
 
@@ -18,6 +19,9 @@ constexpr int kAutoSaveNameDraws = 1000;
 // first time. Never changes the modified flag or the text. Fails silently: the name is
 // then forgotten (and a half-written file removed), so the next try starts afresh.
 bool autoSaveDocument(Document& doc, const std::string& folder);
+// The same for several documents at once, written together so that the disk flushes
+// them in one go; returns how many side files were written.
+int autoSaveDocuments(const std::vector<Document*>& docs, const std::string& folder);
 // Deletes the document's side file, if it has one, and forgets its name.
 void removeAutoSaveFile(Document& doc);
 

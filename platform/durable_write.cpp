@@ -1,10 +1,13 @@
 #include "platform/durable_write.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <ctime>
 #include <dirent.h>
+#include <system_error>
+#include <thread>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -319,6 +322,67 @@ ReplaceResult replaceFileWith(const std::string& path, std::string_view data, co
     if (begun != ReplaceResult::Replaced) return begun;
     putBytes(r, data);
     return finishReplace(r, backupPath);
+}
+
+namespace {
+
+// fileSync of every open descriptor (-1 skipped), the results in the same order. The
+// flushes wait on the disk, not on the processor: made at once, they overlap.
+std::vector<int> flushTogether(const std::vector<int>& fds) {
+    std::vector<int> synced(fds.size(), -1);
+    std::vector<std::thread> flushers;
+    for (size_t i = 0; i < fds.size(); ++i) {
+        if (fds[i] < 0) continue;
+        try {
+            flushers.emplace_back([&synced, &fds, i] { synced[i] = fileSync(fds[i]); });
+        } catch (const std::system_error&) {
+            synced[i] = fileSync(fds[i]);  // no thread to spare: flush it here
+        }
+    }
+    for (std::thread& t : flushers) t.join();
+    return synced;
+}
+
+}  // namespace
+
+void writeFilesTogether(std::vector<FileToWrite>& files) {
+    std::vector<std::string> temps(files.size());
+    std::vector<int> fds(files.size(), -1);
+    for (size_t i = 0; i < files.size(); ++i) {
+        FileToWrite& f = files[i];
+        f.written = false;
+        struct stat st {};
+        if (f.createOnly && ::lstat(f.path.c_str(), &st) == 0) continue;
+        const unsigned mode = !f.createOnly && ::stat(f.path.c_str(), &st) == 0 ? st.st_mode & 07777 : f.mode;
+        fds[i] = createTemp(folderOf(f.path), temps[i]);
+        if (fds[i] < 0) continue;
+        if (writeAll(fds[i], f.data) && ::fchmod(fds[i], mode) == 0) {
+            // Start the disk on this file while the next one is written.
+            ::sync_file_range(fds[i], 0, 0, SYNC_FILE_RANGE_WRITE);
+            continue;
+        }
+        fileClose(fds[i]);
+        fds[i] = -1;
+        removeQuietly(temps[i]);
+    }
+    const std::vector<int> synced = flushTogether(fds);
+    std::vector<std::string> folders;
+    for (size_t i = 0; i < files.size(); ++i) {
+        if (fds[i] < 0) continue;
+        bool ok = synced[i] == 0;
+        ok = fileClose(fds[i]) == 0 && ok;
+        if (ok && files[i].createOnly) ok = fileLink(temps[i].c_str(), files[i].path.c_str()) == 0;
+        else if (ok) ok = fileRename(temps[i].c_str(), files[i].path.c_str()) == 0;
+        if (files[i].createOnly || !ok) removeQuietly(temps[i]);
+        files[i].written = ok;
+        const std::string folder = folderOf(files[i].path);
+        if (ok && std::find(folders.begin(), folders.end(), folder) == folders.end()) folders.push_back(folder);
+    }
+    for (const std::string& folder : folders) {
+        if (syncFolder(folder)) continue;
+        for (FileToWrite& f : files)
+            if (f.written && folderOf(f.path) == folder) f.written = false;
+    }
 }
 
 bool createFileDurably(const std::string& path, std::string_view data, unsigned mode) {

@@ -16,6 +16,7 @@
 #pragma once
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zol {
 
@@ -58,5 +59,18 @@ ReplaceResult replaceFileWith(const std::string& path, std::string_view data, co
 // Creates path with data and the given permission bits only when nothing is there yet;
 // the file appears complete and on disk, or not at all.
 bool createFileDurably(const std::string& path, std::string_view data, unsigned mode);
+
+// Several small files written together, as auto-save writes its side files: all of them
+// are written before the first is flushed, so the disk works on them at once, and each
+// folder is flushed once for all. Each file appears whole under its name or not at all;
+// there is no second name to put old bytes back, as these files can be written again.
+struct FileToWrite {
+    std::string path;
+    std::string_view data;
+    bool createOnly = false;  // as createFileDurably: never replaces what is there
+    unsigned mode = 0600;     // permission bits of a new file
+    bool written = false;     // the result: whole and on disk under path
+};
+void writeFilesTogether(std::vector<FileToWrite>& files);
 
 }  // namespace zol

@@ -1,5 +1,6 @@
 #include "platform/file_calls.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -8,17 +9,17 @@
 namespace zol {
 namespace {
 
-// Saving runs on the window thread, but a tool's capture or a test's child may save
-// too; the counters are per thread so that one never trips another's fault.
-thread_local int failAt = 0;
-thread_local int failErrno = 0;
-thread_local int counted = 0;
+// Shared by all threads, as a save may flush its files from several at once; only
+// tests set a fault.
+std::atomic<int> failAt = 0;
+std::atomic<int> failErrno = 0;
+std::atomic<int> counted = 0;
 
 // True when this call is the one chosen to fail; errno is then set.
 bool faultDue() {
-    ++counted;
-    if (failAt == 0 || counted != failAt) return false;
-    failAt = 0;
+    const int n = ++counted;
+    int due = n;
+    if (failAt.load() == 0 || !failAt.compare_exchange_strong(due, 0)) return false;
     errno = failErrno;
     return true;
 }
