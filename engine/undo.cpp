@@ -63,11 +63,15 @@ Pos endOfText(Pos at, std::string_view text) {
 // at the same place (DeleteChar), or a range that starts where the top's range ends
 // (typing, overwriting, pasting on). The same command twice in a row is not enough:
 // the first may have changed nothing, leaving on top the record of a command before
-// it. Anything else would undo the wrong text, so it is pushed on its own.
-bool continues(const EditRecord& top, const EditRecord& rec) {
+// it. Anything else would undo the wrong text, so it is pushed on its own. The side
+// is the command's, as merge() puts Backspace's text in front and any other after:
+// a Backspace deleting at the very place where the top's text goes back took text
+// that came after that text, not before it.
+bool continues(const EditRecord& top, const EditRecord& rec, uint16_t cmd) {
     if (!rec.hasRange) {
         if (top.hasRange || !top.text || !rec.text) return false;
-        return rec.at == top.at || endOfText(rec.at, *rec.text) == top.at;
+        if (cmd == idOf(Cmd::Backspace)) return endOfText(rec.at, *rec.text) == top.at;
+        return rec.at == top.at;
     }
     return top.hasRange && rec.rangeStart == top.rangeEnd;
 }
@@ -215,7 +219,7 @@ void recordEdit(Document& doc, EditRecord rec) {
     if (cmd != idOf(Cmd::Redo)) s.redo.clear();
     // Redo sets the flag again once its own record is in.
     s.lastWasUndoRedo = false;
-    if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd) && continues(s.undo.back(), rec)) {
+    if (!s.undo.empty() && cmd == doc.prevCmd && merges(cmd) && continues(s.undo.back(), rec, cmd)) {
         merge(s.undo.back(), std::move(rec), cmd);
         return;
     }

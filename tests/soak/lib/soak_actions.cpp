@@ -195,7 +195,9 @@ void letterCase(SoakRun& r) {
 
 void comments(SoakRun& r) {
     if (r.rng.percent(30)) {
-        r.exec(r.rng.pick({Cmd::CommentBlock, Cmd::UncommentBlock}), byte(from(r.rng, "#!'>-")));
+        // Two draws in one argument list would come in the compiler's order of the day.
+        const Cmd c = r.rng.pick({Cmd::CommentBlock, Cmd::UncommentBlock});
+        r.exec(c, byte(from(r.rng, "#!'>-")));
         return;
     }
     one(r, {Cmd::CommentBlockCpp, Cmd::UncommentBlockCpp, Cmd::CommentBlockAsm, Cmd::UncommentBlockAsm,
