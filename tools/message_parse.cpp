@@ -1,5 +1,6 @@
 #include "tools/message_parse.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "engine/text_util.h"
@@ -51,7 +52,7 @@ uint32_t takeNumber(std::string_view& r, size_t maxDigits) {
 std::string takeName(std::string_view& r, size_t capacity) {
     std::string name;
     if (r.size() >= 3 && isLetter(r[0]) && r[1] == ':' && (r[2] == '\\' || r[2] == '/')) {
-        name.assign(r.substr(0, 3));
+        name.assign(r.substr(0, std::min<size_t>(3, capacity ? capacity - 1 : 0)));
         r.remove_prefix(3);
     }
     size_t i = 0;

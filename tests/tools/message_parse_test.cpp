@@ -64,6 +64,11 @@ TEST(ParseMessageLine, NameBufferCapacity) {
     EXPECT_TRUE(parseMessageLine("abcdef.c(9): x", m, 4));
     EXPECT_EQ(m.name, "abc");
     EXPECT_EQ(m.line, 9u);
+    // A drive prefix is cut to the buffer like the rest of the name.
+    EXPECT_TRUE(parseMessageLine("Z:/a.c(8): x", m, 3));
+    EXPECT_EQ(m.name, "Z:");
+    EXPECT_FALSE(parseMessageLine("Z:/a.c(8): x", m, 1));
+    EXPECT_EQ(m.name, "");
 }
 
 // Output captured from the real programs (LC_ALL=C), with every line that parses as a
