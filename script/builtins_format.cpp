@@ -10,7 +10,7 @@ namespace zol {
 namespace {
 
 // What lies between a printf conversion's "%" and its letter.
-struct Spec {
+struct Conversion {
     std::string flags;
     long width = -1, prec = -1;
     int len = 0;  // 1 h, 2 l, 3 ll, 4 L
@@ -26,11 +26,11 @@ struct Spec {
 };
 
 template <typename T>
-std::string hostFormat(Engine& en, const std::string& spec, T value) {
-    const int need = std::snprintf(nullptr, 0, spec.c_str(), value);
+std::string hostFormat(Engine& en, const std::string& directive, T value) {
+    const int need = std::snprintf(nullptr, 0, directive.c_str(), value);
     if (need < 0) en.fail(kErrArgMismatch);
     std::string piece(static_cast<size_t>(need) + 1, '\0');
-    std::snprintf(piece.data(), piece.size(), spec.c_str(), value);
+    std::snprintf(piece.data(), piece.size(), directive.c_str(), value);
     piece.resize(static_cast<size_t>(need));
     return piece;
 }
@@ -59,8 +59,8 @@ struct Formatter {
     }
 
     // Reads flags, width, precision and length from fmt[i] on; "*" takes an argument.
-    Spec spec(const std::string& fmt, size_t& i) {
-        Spec sp;
+    Conversion conversion(const std::string& fmt, size_t& i) {
+        Conversion sp;
         while (i < fmt.size() && std::strchr("-+ #0", fmt[i])) sp.flags += fmt[i++];
         if (i < fmt.size() && fmt[i] == '*') {
             sp.width = static_cast<long>(static_cast<int32_t>(a.v[next()].i));
@@ -89,21 +89,21 @@ struct Formatter {
         return sp;
     }
 
-    std::string signedInt(const Spec& sp) {
+    std::string signedInt(const Conversion& sp) {
         int64_t v = integerArg(next());
         if (sp.len == 1) v = static_cast<int16_t>(v);
         else if (sp.len != 3) v = static_cast<int32_t>(v);
         return hostFormat(a.en, sp.head(true) + "lld", static_cast<long long>(v));
     }
 
-    std::string unsignedInt(char conv, const Spec& sp) {
+    std::string unsignedInt(char conv, const Conversion& sp) {
         uint64_t v = static_cast<uint64_t>(integerArg(next()));
         if (sp.len == 1) v = static_cast<uint16_t>(v);
         else if (sp.len != 3) v = static_cast<uint32_t>(v);
         return hostFormat(a.en, sp.head(true) + "ll" + conv, static_cast<unsigned long long>(v));
     }
 
-    std::string character(const Spec& sp) {
+    std::string character(const Conversion& sp) {
         std::string piece(1, static_cast<char>(a.v[next()].i));
         if (sp.width <= 1) return piece;
         const std::string pad(static_cast<size_t>(sp.width - 1), ' ');
@@ -111,7 +111,7 @@ struct Formatter {
     }
 
     // A string argument; with a precision it is read only as far as the precision goes.
-    std::string string(const Spec& sp) {
+    std::string string(const Conversion& sp) {
         const uint32_t p = static_cast<uint32_t>(a.v[next()].i);
         std::string s;
         if (p == 0) {
@@ -129,20 +129,20 @@ struct Formatter {
         return hostFormat(a.en, sp.head(false) + "s", s.c_str());
     }
 
-    std::string floating(char conv, const Spec& sp) {
+    std::string floating(char conv, const Conversion& sp) {
         const size_t ix = next();
         const double v = isFloating(a.e->argTypes[ix]) ? a.v[ix].d : static_cast<double>(a.v[ix].i);
         return hostFormat(a.en, sp.head(true) + conv, v);
     }
 
-    std::string pointer(const Spec& sp) {
+    std::string pointer(const Conversion& sp) {
         char buf[16];
         std::snprintf(buf, sizeof buf, "%08X", static_cast<unsigned>(a.v[next()].i));
         return hostFormat(a.en, sp.head(false) + "s", buf);
     }
 
     // %n: the count of characters so far into the argument.
-    void count(const Spec& sp) {
+    void count(const Conversion& sp) {
         const uint32_t p = static_cast<uint32_t>(a.v[next()].i);
         const int32_t n = static_cast<int32_t>(out.size());
         if (sp.len == 1) {
@@ -153,7 +153,7 @@ struct Formatter {
         }
     }
 
-    void convert(char conv, const Spec& sp) {
+    void convert(char conv, const Conversion& sp) {
         switch (conv) {
             case '%': out += '%'; return;
             case 'd': case 'i': out += signedInt(sp); return;
@@ -183,7 +183,7 @@ std::string formatArgs(BArgs& a, const std::string& fmt, size_t first) {
             continue;
         }
         ++i;
-        const Spec sp = f.spec(fmt, i);
+        const Conversion sp = f.conversion(fmt, i);
         if (i >= fmt.size()) {
             f.out += '%';
             break;
