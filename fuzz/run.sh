@@ -20,6 +20,11 @@ for target in "$root/$build"/fuzz/fuzz_*; do
   corpus="$root/$build/corpus/$name"
   seeds="$root/fuzz/corpus/$name"
   mkdir -p "$corpus"
+  # Files the project keeps elsewhere (shipped data, test scripts) seed the targets too,
+  # named in fuzz/seeds.txt rather than copied into fuzz/corpus/.
+  while read -r t path; do
+    [ "$t" = "$name" ] && cp -f "$root/$path" "$corpus/"
+  done < <(grep -v '^#' "$root/fuzz/seeds.txt")
   limit=(-max_total_time="$seconds")
   [ -n "$runs" ] && limit=(-runs="$runs")
   echo "== $name (${runs:+$runs runs}${runs:-${seconds}s})"
