@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include "platform/file_calls.h"
+#include "platform/paths.h"
 
 namespace zol {
 namespace {
@@ -24,9 +25,10 @@ constexpr size_t kWriteChunk = size_t{1} << 20;
 // else is wrong with the folder.
 constexpr int kTempNameTries = 64;
 
+// The folder part of a path, "./" for a bare name, so that a name can be put in front.
 std::string folderOf(const std::string& path) {
-    const size_t slash = path.rfind('/');
-    return slash == std::string::npos ? std::string("./") : path.substr(0, slash + 1);
+    const std::string_view folder = folderPart(path);
+    return folder.empty() ? std::string("./") : std::string(folder);
 }
 
 // Writing through a symbolic link replaces the file it points to, not the link; a

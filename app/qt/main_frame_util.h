@@ -5,12 +5,12 @@
 #include <string>
 
 #include "app/qt/editor_view.h"
+#include "app/qt/local_text.h"
 
 namespace zol::frame {
 
-// File names and other byte strings of the engine, in the locale's encoding.
-inline QString qs(const std::string& s) { return QString::fromLocal8Bit(s.c_str()); }
-inline std::string local(const QString& s) { return s.toLocal8Bit().toStdString(); }
+using zol::local;
+using zol::qs;
 
 inline TVekWinEditor* viewIn(QMdiSubWindow* sub) {
     return sub ? qobject_cast<TVekWinEditor*>(sub->widget()) : nullptr;

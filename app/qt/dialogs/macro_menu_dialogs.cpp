@@ -16,6 +16,7 @@
 
 #include "app/qt/dialogs/cp1252.h"
 #include "app/qt/dialogs/messages.h"
+#include "app/qt/local_text.h"
 #include "config/settings.h"
 #include "engine/command_table.h"
 #include "files/messages.h"
@@ -27,8 +28,6 @@ namespace {
 
 // Script command lines are file names, bytes in the locale's encoding; the other
 // texts are Windows-1252 as the menus show them.
-QString qs(const std::string& s) { return QString::fromLocal8Bit(s.c_str()); }
-std::string local(const QString& s) { return s.toLocal8Bit().toStdString(); }
 
 QDialogButtonBox* okCancel(QDialog* dlg) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, dlg);

@@ -14,6 +14,7 @@
 #include <map>
 
 #include "app/qt/dialogs/messages.h"
+#include "app/qt/local_text.h"
 #include "script/run_script.h"
 #include "script/script_choice.h"
 #include "script/script_history.h"
@@ -22,8 +23,6 @@ namespace zol {
 namespace {
 
 // File names and arguments are bytes in the locale's encoding.
-QString qs(const std::string& s) { return QString::fromLocal8Bit(s.c_str()); }
-std::string local(const QString& s) { return s.toLocal8Bit().toStdString(); }
 
 constexpr int kRelativePathRole = Qt::UserRole;
 

@@ -17,6 +17,7 @@
 #include <algorithm>
 
 #include "app/qt/dialogs/tool_messages.h"
+#include "app/qt/local_text.h"
 #include "config/settings.h"
 #include "tools/messages.h"
 
@@ -25,8 +26,6 @@ namespace {
 
 namespace msg = toolmsg::dlg;
 
-QString qs(const std::string& s) { return QString::fromLocal8Bit(s.c_str()); }
-std::string local(const QString& s) { return s.toLocal8Bit().toStdString(); }
 QString txt(const char* text) { return QString::fromLatin1(text); }
 
 QDialogButtonBox* okCancel(QDialog* d) {

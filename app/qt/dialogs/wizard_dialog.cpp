@@ -15,6 +15,7 @@
 
 #include "app/qt/dialogs/cp1252.h"
 #include "app/qt/dialogs/messages.h"
+#include "app/qt/local_text.h"
 #include "engine/command_table.h"
 #include "files/messages.h"
 #include "script/macros.h"
@@ -24,8 +25,6 @@
 namespace zol {
 namespace {
 
-QString qs(const std::string& s) { return QString::fromLocal8Bit(s.c_str()); }
-std::string local(const QString& s) { return s.toLocal8Bit().toStdString(); }
 
 QWizardPage* newPage(const char* objectName, const char* title, const QString& subTitle) {
     auto* p = new QWizardPage;
