@@ -11,9 +11,12 @@ FUZZ_DEPS  = clang libclang-rt-14-dev
 SOAK_COMMANDS ?= 1000000
 SOAK_SEED     ?= 1
 SOAK_DOCS     ?= 3
-# `make fuzz`: seconds for each target, or instead a number of runs for each.
+# `make fuzz`: seconds for each target, and optionally a number of runs that ends a
+# target sooner; FUZZ_TARGETS picks some targets by name. A campaign is
+# `make fuzz FUZZ_SECONDS=3600 FUZZ_RUNS=10000000`.
 FUZZ_SECONDS  ?= 10
 FUZZ_RUNS     ?=
+FUZZ_TARGETS  ?=
 
 .PHONY: all deps build run test asan soak bench fuzz clean
 
@@ -63,7 +66,7 @@ fuzz: deps
 	$(call ensure_pkgs,$(FUZZ_DEPS))
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz -DZOLDER_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 	cmake --build build-fuzz -j$(JOBS) --target fuzz_targets
-	FUZZ_RUNS=$(FUZZ_RUNS) fuzz/run.sh build-fuzz $(FUZZ_SECONDS)
+	FUZZ_RUNS=$(FUZZ_RUNS) FUZZ_TARGETS="$(FUZZ_TARGETS)" fuzz/run.sh build-fuzz $(FUZZ_SECONDS)
 
 clean:
 	rm -rf build build-asan build-bench build-fuzz

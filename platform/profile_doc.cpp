@@ -1,6 +1,7 @@
 #include "platform/profile_doc.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace zol {
 
@@ -138,13 +139,23 @@ std::optional<std::string> profileValue(const ProfileDoc& doc, std::string_view 
     return std::string(unquoteProfileValue(std::string_view(line.text).substr(line.valueAt)));
 }
 
+namespace {
+
+// Adds name unless a name equal to it without regard to case is already there; the
+// folded names are kept aside so a file of many names is not compared pair by pair.
+void addUnseen(std::vector<std::string>& names, std::unordered_set<std::string>& seen, std::string_view name) {
+    std::string folded(name);
+    for (char& c : folded) c = lower(c);
+    if (seen.insert(std::move(folded)).second) names.emplace_back(name);
+}
+
+}  // namespace
+
 std::vector<std::string> profileSectionNames(const ProfileDoc& doc) {
     std::vector<std::string> names;
-    for (const ProfileLine& line : doc.lines) {
-        if (line.kind != ProfileLineKind::Section) continue;
-        auto same = [&](const std::string& n) { return profileNameEqual(n, line.name()); };
-        if (std::none_of(names.begin(), names.end(), same)) names.emplace_back(line.name());
-    }
+    std::unordered_set<std::string> seen;
+    for (const ProfileLine& line : doc.lines)
+        if (line.kind == ProfileLineKind::Section) addUnseen(names, seen, line.name());
     return names;
 }
 
@@ -153,12 +164,9 @@ std::vector<std::string> profileKeyNames(const ProfileDoc& doc, std::string_view
     size_t header = findSection(doc, section);
     if (header == doc.lines.size()) return names;
     size_t end = sectionEnd(doc, header);
-    for (size_t i = header + 1; i < end; ++i) {
-        const ProfileLine& line = doc.lines[i];
-        if (line.kind != ProfileLineKind::Key) continue;
-        auto same = [&](const std::string& n) { return profileNameEqual(n, line.name()); };
-        if (std::none_of(names.begin(), names.end(), same)) names.emplace_back(line.name());
-    }
+    std::unordered_set<std::string> seen;
+    for (size_t i = header + 1; i < end; ++i)
+        if (doc.lines[i].kind == ProfileLineKind::Key) addUnseen(names, seen, doc.lines[i].name());
     return names;
 }
 
