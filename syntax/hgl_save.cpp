@@ -122,6 +122,9 @@ SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path)
 }  // namespace
 
 std::vector<SyntaxEditLanguage> readEditCopy(const std::string& path) {
+    // One reading of the file for every raw value: a file saved a moment ago would
+    // otherwise be parsed again for each key (its time stamp cannot be trusted yet).
+    ProfileBatch batch(path);
     SyntaxHighlightTable t;
     loadDefinitions(t, path);
     std::vector<SyntaxEditLanguage> out;
