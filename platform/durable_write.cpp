@@ -55,13 +55,49 @@ std::string freshName(const std::string& folder, const char* suffix) {
     return folder + name;
 }
 
+// The new bytes go into a file without a name (O_TMPFILE) where the file system has
+// them: a save killed while writing then leaves nothing beside the target, as the
+// kernel frees the file with its last descriptor. Only a finished file gets a name.
+bool unnamedFilesWork() {
+    static const bool work = ::access("/proc/self/fd", X_OK) == 0;
+    return work;
+}
+
+// An open file to write the new bytes into; name is left empty while it has none.
 int createTemp(const std::string& folder, std::string& name) {
+    name.clear();
+    if (unnamedFilesWork()) {
+        const int fd = fileOpen(folder.c_str(), O_WRONLY | O_TMPFILE, 0600);
+        if (fd >= 0) return fd;
+        // Anything but "this file system cannot" is a real failure of the save.
+        if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) return -1;
+    }
     for (int i = 0; i < kTempNameTries; ++i) {
         name = freshName(folder, ".tmp");
         const int fd = fileOpen(name.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
         if (fd >= 0 || errno != EEXIST) return fd;
     }
     return -1;
+}
+
+// A name beside the target for a finished temporary file, once it must be renamed.
+bool nameTemp(int fd, const std::string& folder, std::string& name) {
+    if (!name.empty()) return true;
+    for (int i = 0; i < kTempNameTries; ++i) {
+        const std::string fresh = freshName(folder, ".tmp");
+        if (fileLinkOpen(fd, fresh.c_str()) == 0) {
+            name = fresh;
+            return true;
+        }
+        if (errno != EEXIST) break;
+    }
+    return false;
+}
+
+// Puts a finished temporary file under path, which must not exist yet: link() and
+// linkat() fail when it does, so a file that appeared meanwhile is never replaced.
+bool linkTempAs(int fd, const std::string& temp, const std::string& path) {
+    return temp.empty() ? fileLinkOpen(fd, path.c_str()) == 0 : fileLink(temp.c_str(), path.c_str()) == 0;
 }
 
 bool writeAll(int fd, std::string_view data) {
@@ -123,7 +159,8 @@ std::string keepOldBytes(const DurableReplace& r, bool needCopy) {
     if (!read) return {};
     const int fd = createTemp(folderOf(r.target), keep);
     if (fd < 0) return {};
-    bool ok = writeAll(fd, old) && ::fchmod(fd, r.mode) == 0 && fileSync(fd) == 0;
+    bool ok = writeAll(fd, old) && ::fchmod(fd, r.mode) == 0 && fileSync(fd) == 0 &&
+              nameTemp(fd, folderOf(r.target), keep);
     ok = fileClose(fd) == 0 && ok;
     if (ok) return keep;
     removeQuietly(keep);
@@ -165,7 +202,8 @@ void undoReplace(const DurableReplace& r, const Undo& u, const std::string& back
 }
 
 ReplaceResult finishAtomic(DurableReplace& r, const std::string& backupPath) {
-    bool ok = flushPending(r) && ::fchmod(r.fd, r.mode) == 0 && fileSync(r.fd) == 0;
+    bool ok = flushPending(r) && ::fchmod(r.fd, r.mode) == 0 && fileSync(r.fd) == 0 &&
+              nameTemp(r.fd, folderOf(r.target), r.temp);
     ok = fileClose(r.fd) == 0 && ok;
     r.fd = -1;
     if (!ok) {
@@ -371,10 +409,13 @@ void writeFilesTogether(std::vector<FileToWrite>& files) {
     std::vector<std::string> folders;
     for (size_t i = 0; i < files.size(); ++i) {
         if (fds[i] < 0) continue;
+        const bool create = files[i].createOnly;
         bool ok = synced[i] == 0;
-        ok = fileClose(fds[i]) == 0 && ok;
-        if (ok && files[i].createOnly) ok = fileLink(temps[i].c_str(), files[i].path.c_str()) == 0;
-        else if (ok) ok = fileRename(temps[i].c_str(), files[i].path.c_str()) == 0;
+        const bool linked = ok && create && linkTempAs(fds[i], temps[i], files[i].path);
+        if (ok && !create) ok = nameTemp(fds[i], folderOf(files[i].path), temps[i]);
+        ok = fileClose(fds[i]) == 0 && ok && (linked || !create);
+        if (linked && !ok) removeQuietly(files[i].path);  // made a moment ago by this call
+        if (ok && !create) ok = fileRename(temps[i].c_str(), files[i].path.c_str()) == 0;
         if (files[i].createOnly || !ok) removeQuietly(temps[i]);
         files[i].written = ok;
         const std::string folder = folderOf(files[i].path);
@@ -393,10 +434,9 @@ bool createFileDurably(const std::string& path, std::string_view data, unsigned 
     std::string temp;
     const int fd = createTemp(folderOf(path), temp);
     if (fd < 0) return false;
-    bool ok = writeAll(fd, data) && ::fchmod(fd, mode) == 0 && fileSync(fd) == 0;
-    ok = fileClose(fd) == 0 && ok;
-    // link() fails when path appeared meanwhile, so a user's file is never replaced.
-    ok = ok && fileLink(temp.c_str(), path.c_str()) == 0;
+    const bool linked = writeAll(fd, data) && ::fchmod(fd, mode) == 0 && fileSync(fd) == 0 && linkTempAs(fd, temp, path);
+    bool ok = fileClose(fd) == 0 && linked;
+    if (linked && !ok) removeQuietly(path);  // made a moment ago by this call
     removeQuietly(temp);
     if (ok && !syncFolder(folderOf(path))) {
         removeQuietly(path);

@@ -46,6 +46,15 @@ int fileSync(int fd) { return faultDue() ? -1 : ::fsync(fd); }
 int fileRename(const char* from, const char* to) { return faultDue() ? -1 : ::rename(from, to); }
 int fileLink(const char* from, const char* to) { return faultDue() ? -1 : ::link(from, to); }
 
+int fileLinkOpen(int fd, const char* to) {
+    if (faultDue()) return -1;
+    // The descriptor's entry under /proc names the file; following it links the file
+    // itself, which linkat allows without privileges (AT_EMPTY_PATH would need them).
+    char self[40];
+    std::snprintf(self, sizeof self, "/proc/self/fd/%d", fd);
+    return ::linkat(AT_FDCWD, self, AT_FDCWD, to, AT_SYMLINK_FOLLOW);
+}
+
 int fileClose(int fd) {
     if (faultDue()) {
         // The descriptor must not leak even when the test says the close failed.

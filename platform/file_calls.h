@@ -11,6 +11,8 @@ ssize_t fileWrite(int fd, const void* data, size_t size);
 int fileSync(int fd);
 int fileRename(const char* from, const char* to);
 int fileLink(const char* from, const char* to);
+// Gives a name to an open file that has none (opened with O_TMPFILE).
+int fileLinkOpen(int fd, const char* to);
 int fileClose(int fd);
 
 // Test seam: the n-th counted call from now on (1 for the next one) fails with err, once;

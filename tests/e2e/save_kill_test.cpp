@@ -1,10 +1,15 @@
 // A save killed at any moment leaves the file whole: its complete old bytes or its
-// complete new ones, never a mixture, a truncated file or nothing.
+// complete new ones, never a mixture, a truncated file or nothing; and it leaves no
+// half-written temporary file beside it where the file system has unnamed files.
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <dirent.h>
+#include <fcntl.h>
 #include <random>
+#include <string_view>
 #include <thread>
+#include <unistd.h>
 
 #include "tests/support/process.h"
 #include "tests/support/temp_dir.h"
@@ -19,6 +24,26 @@ using Clock = std::chrono::steady_clock;
 constexpr int kKills = 50;
 constexpr int kMaxKills = 150;
 constexpr int kLines = 400'000;
+
+// Removes the temporary files a killed save left in dir and tells how many there were.
+int removeStrayTemps(const std::string& dir) {
+    int strays = 0;
+    DIR* d = ::opendir(dir.c_str());
+    while (const dirent* e = d ? ::readdir(d) : nullptr) {
+        const std::string_view name = e->d_name;
+        if (name.size() < 8 || name.substr(0, 4) != ".zol" || name.substr(name.size() - 4) != ".tmp") continue;
+        ::unlink((dir + std::string(name)).c_str());
+        ++strays;
+    }
+    if (d) ::closedir(d);
+    return strays;
+}
+
+bool unnamedFilesIn(const std::string& dir) {
+    const int fd = ::open(dir.c_str(), O_WRONLY | O_TMPFILE, 0600);
+    if (fd >= 0) ::close(fd);
+    return fd >= 0;
+}
 
 std::string lines(const char* word) {
     std::string out;
@@ -46,7 +71,7 @@ TEST(SaveKill, TheFileIsAlwaysWholeOldOrWholeNew) {
 
     std::mt19937 random(20261124);
     std::uniform_int_distribution<long> moment(0, window.count());
-    int whole = 0, interrupted = 0;
+    int whole = 0, interrupted = 0, strays = 0;
     // A loaded machine can stretch a save so that no kill lands before its end, or
     // none after it: runs go on, at the two ends of the window, until both were seen.
     for (int run = 0; run < kKills || ((interrupted == 0 || whole == 0) && run < kMaxKills); ++run) {
@@ -64,10 +89,16 @@ TEST(SaveKill, TheFileIsAlwaysWholeOldOrWholeNew) {
             EXPECT_EQ(tmp.get("doc.txt.bak"), oldText);
         }
         (killed && now == oldText ? interrupted : whole)++;
+        strays += removeStrayTemps(tmp.dir());
     }
     // Some kills must land before the new bytes took the name, or the test proves little.
     EXPECT_GT(interrupted, 0);
     EXPECT_GT(whole, 0);
+    // The new bytes get a name only in the moment before they take the target's, so a
+    // kill can leave one behind only by landing in that moment.
+    if (unnamedFilesIn(tmp.dir())) {
+        EXPECT_LE(strays, 1);
+    }
 }
 
 }  // namespace
