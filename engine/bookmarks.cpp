@@ -156,9 +156,12 @@ void detachDocument(NamedBookmarks& list, const Document& doc) {
 void shiftNamedBookmarks(NamedBookmarks& list, const Document& doc, int32_t line, int32_t removed, int32_t added) {
     for (NamedBookmark& b : list.entries) {
         if (b.doc != &doc || b.pos.line <= line) continue;
-        // An entry on a removed line lands on the line that took its place.
-        b.pos.line -= std::min(removed, b.pos.line - line);
-        b.pos.line += added;
+        // An entry on a removed line stays on the line that replaced it (a replace-all
+        // or a conversion gives each line back one for one), or, when fewer lines came
+        // back, on the last of them: the edited line itself when none did.
+        const int32_t offset = b.pos.line - line;
+        if (offset <= removed) b.pos.line = line + std::min(offset, added);
+        else b.pos.line += added - removed;
     }
 }
 

@@ -98,7 +98,7 @@ bool convertDocument(Document& doc, ConvertTable table, bool selectedOnly) {
         r = ll.setText(r, line);
     }
     recordEdit(doc, std::move(rec));
-    notifyChanged(doc, first.line, 0, 0);
+    notifyChanged(doc, first.line, last.line - first.line, last.line - first.line);
     return true;
 }
 

@@ -48,6 +48,15 @@ TEST(NamedBookmarkList, SettingsSectionLimitsAndEdits) {
     EXPECT_EQ(app.entries[0].pos.line, 6);
     deleteRange(doc, makePos(1, 0), makePos(1, 5));
     EXPECT_EQ(app.entries[0].pos.line, 1);
+    // Lines given back one for one (a replace-all, a conversion) keep their entries;
+    // when fewer come back, an entry past them lands on the last.
+    addNamedBookmark(app, "three", makePos(0, 3), "", &doc);
+    notifyChanged(doc, 0, 4, 4);
+    EXPECT_EQ(app.entries[0].pos.line, 1);
+    EXPECT_EQ(app.entries[1].pos.line, 3);
+    notifyChanged(doc, 0, 4, 2);
+    EXPECT_EQ(app.entries[0].pos.line, 1);
+    EXPECT_EQ(app.entries[1].pos.line, 2);
     detachDocument(app, doc);
     EXPECT_EQ(app.entries[0].file, "/p/doc.c");
     app.entries.clear();
