@@ -1,6 +1,7 @@
 #include "search/find.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 #include <new>
 
@@ -11,7 +12,8 @@
 namespace zol {
 namespace {
 
-int wordMode = 0;
+// Read by the find-in-files workers while the window thread may change it.
+std::atomic<int> wordMode = 0;
 
 bool asciiAlnum(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
