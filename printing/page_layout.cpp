@@ -1,6 +1,7 @@
 #include "printing/page_layout.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -139,11 +140,19 @@ class RowBuilder {
 public:
     RowBuilder(const PrintPlan& plan, std::vector<PrintRow>& rows) : plan_(plan), rows_(rows) {
         const Document& d = *plan.doc;
-        useSyntax_ = plan.options.syntax && definitionAt(syntaxTable(), d.syntaxSlot);
-        if (plan.frame.numberColumns == 0) return;
-        numberColour_ = kBlack;
-        if (useSyntax_ && plan.options.colour)
-            numberColour_ = lineNumberColour(syntaxTable(), d.syntaxSlot).value_or(kBlack);
+        const SyntaxHighlightTable& t = syntaxTable();
+        useSyntax_ = plan.options.syntax && definitionAt(t, d.syntaxSlot);
+        kinds_.fill(RunKind::Text);
+        colourOf_.fill(kBlack);
+        if (useSyntax_) {
+            for (int i = 0; i < 256; ++i) {
+                const auto index = static_cast<uint8_t>(i);
+                if (isKeywordColour(t, d.syntaxSlot, index)) kinds_[index] = RunKind::Keyword;
+                else if (isCommentColour(t, d.syntaxSlot, index)) kinds_[index] = RunKind::Comment;
+                if (plan.options.colour && i != 0) colourOf_[index] = paletteColour(i);
+            }
+            if (plan.options.colour) numberColour_ = lineNumberColour(t, d.syntaxSlot).value_or(kBlack);
+        }
     }
 
     void line(int32_t line, std::string_view text, int inComment, int rowFrom, int rowTo) {
@@ -158,9 +167,10 @@ public:
         if (useSyntax_) scanLine(syntaxTable(), plan_.doc->syntaxSlot, text, colours_.data(), inComment);
         const LineWindow w = windowOf(plan_, line);
         const int cols = std::max(1, plan_.frame.columns - plan_.frame.numberColumns);
+        const int tabSize = options().tabSize;
         int col = 0;
         for (size_t i = 0; i < text.size() && col < w.to; ++i) {
-            const int next = advanceColumn(text[i], col);
+            const int next = advanceColumn(text[i], col, tabSize);
             for (int c = std::max(col, w.from); c < next && c < w.to; ++c) {
                 const int v = c - w.shift;
                 const int row = plan_.options.wrap ? v / cols : 0;
@@ -176,14 +186,8 @@ public:
 
 private:
     void put(PrintRow& row, int column, char ch, uint8_t index) {
-        const Document& d = *plan_.doc;
-        RunKind kind = RunKind::Text;
-        Rgb colour = kBlack;
-        if (useSyntax_) {
-            if (isKeywordColour(syntaxTable(), d.syntaxSlot, index)) kind = RunKind::Keyword;
-            else if (isCommentColour(syntaxTable(), d.syntaxSlot, index)) kind = RunKind::Comment;
-            if (plan_.options.colour && index != 0) colour = paletteColour(index);
-        }
+        const RunKind kind = kinds_[index];
+        const Rgb colour = colourOf_[index];
         if (!row.runs.empty()) {
             PrintRun& last = row.runs.back();
             if (last.kind == kind && last.colour == colour &&
@@ -199,6 +203,8 @@ private:
     std::vector<PrintRow>& rows_;
     std::vector<uint8_t> colours_;
     bool useSyntax_ = false;
+    std::array<RunKind, 256> kinds_;
+    std::array<Rgb, 256> colourOf_;
     Rgb numberColour_ = kBlack;
 };
 

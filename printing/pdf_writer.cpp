@@ -1,5 +1,6 @@
 #include "printing/pdf_writer.h"
 
+#include <cmath>
 #include <cstdio>
 #include <vector>
 
@@ -53,6 +54,18 @@ private:
     std::vector<size_t> offsets_;
 };
 
+// A PDF number with two decimals; snprintf's floating point is most of the writing's
+// time otherwise.
+void pdfNumber(std::string& out, double v) {
+    long long hundredths = std::llround(v * 100);
+    if (hundredths < 0) out += '-', hundredths = -hundredths;
+    out += std::to_string(hundredths / 100);
+    const auto frac = static_cast<int>(hundredths % 100);
+    out += '.';
+    out += static_cast<char>('0' + frac / 10);
+    out += static_cast<char>('0' + frac % 10);
+}
+
 void pdfString(std::string& out, std::string_view text) {
     out += '(';
     for (const char c : text) {
@@ -76,63 +89,116 @@ int fontOf(RunKind kind, const PrintOptions& o) {
     return kind == RunKind::Keyword ? 1 : kind == RunKind::Comment ? 2 : 0;
 }
 
+// A page's content: rows follow each other by the text leading ("'" shows a string on
+// the next row), and the runs of a row are joined into as few strings as their fonts
+// and colours allow, gaps filled with blanks, so a plain line costs a few bytes more
+// than its text.
 class PageWriter {
 public:
     PageWriter(const PrintPlan& plan, double size) : plan_(plan), size_(size) {}
 
     std::string content(const PrintPage& page) {
         s_.clear();
-        font_ = -1;
-        colour_ = {1, 2, 3};
         const PageFrame& f = plan_.frame;
-        const PrintOptions& o = plan_.options;
-        s_ += "BT\n";
+        char buf[64];
+        std::snprintf(buf, sizeof buf, "BT\n%.2f TL\n", plan_.spec.lineHeight);
+        s_ += buf;
+        font_ = -1;
+        colour_ = kBlack;
+        setFont(0);
         if (f.header) pageLine(page.header, f.headerY);
-        for (size_t i = 0; i < page.rows.size(); ++i) {
-            const double y = f.textY + static_cast<double>(i) * plan_.spec.lineHeight;
-            for (const PrintRun& r : page.rows[i].runs) show(r.text, r.column, y, fontOf(r.kind, o), r.colour);
-        }
+        moveTo(0, f.textY);
+        for (size_t i = 0; i < page.rows.size(); ++i) row(page.rows[i].runs, i > 0);
         if (f.footer) pageLine(page.footer, f.footerY);
         s_ += "ET\n";
         return s_;
     }
 
 private:
-    void pageLine(const PageLine& line, double y) {
-        const int cols = plan_.frame.columns;
-        const int centre = (cols - static_cast<int>(line[1].size())) / 2;
-        const int right = cols - static_cast<int>(line[2].size());
-        const int at[3] = {0, centre, right};
-        for (int i = 0; i < 3; ++i)
-            if (!line[i].empty()) show(line[i], std::max(0, at[i]), y, 0, {0, 0, 0});
+    static constexpr Rgb kBlack{0, 0, 0};
+
+    void row(const std::vector<PrintRun>& runs, bool nextRow) {
+        int column = 0;
+        bool first = true;
+        for (size_t i = 0; i < runs.size();) {
+            setFont(fontOf(runs[i].kind, plan_.options));
+            setColour(runs[i].colour);
+            text_.clear();
+            for (; i < runs.size() && fontOf(runs[i].kind, plan_.options) == font_ && runs[i].colour == colour_; ++i) {
+                text_.append(static_cast<size_t>(std::max(0, runs[i].column - column)), ' ');
+                text_ += runs[i].text;
+                column = runs[i].column + static_cast<int>(runs[i].text.size());
+            }
+            if (first) startRow(nextRow);
+            else pdfString(s_, text_), s_ += "Tj\n";
+            first = false;
+        }
+        if (first && nextRow) s_ += "T*\n";
     }
 
-    void show(std::string_view text, int column, double top, int font, Rgb colour) {
-        char buf[96];
-        if (font != font_) {
-            std::snprintf(buf, sizeof buf, "/F%d %.2f Tf\n", font + 1, size_);
-            s_ += buf;
-            font_ = font;
+    // The row's first string: the row starts where its text does, so indentation costs
+    // nothing while it stays as it was.
+    void startRow(bool nextRow) {
+        const size_t lead = std::min(text_.find_first_not_of(' '), text_.size());
+        const int start = static_cast<int>(lead);
+        if (start != lineStart_ || !nextRow) {
+            if (start != lineStart_ || nextRow) {
+                pdfNumber(s_, (start - lineStart_) * plan_.spec.cellWidth);
+                s_ += ' ';
+                pdfNumber(s_, nextRow ? -plan_.spec.lineHeight : 0.0);
+                s_ += " Td\n";
+            }
+            lineStart_ = start;
+            pdfString(s_, std::string_view(text_).substr(lead));
+            s_ += "Tj\n";
+            return;
         }
-        if (!(colour == colour_)) {
-            std::snprintf(buf, sizeof buf, "%.3f %.3f %.3f rg\n", colour.r / 255.0, colour.g / 255.0,
-                          colour.b / 255.0);
-            s_ += buf;
-            colour_ = colour;
+        pdfString(s_, std::string_view(text_).substr(lead));
+        s_ += "'\n";
+    }
+
+    void pageLine(const PageLine& line, double y) {
+        const int cols = plan_.frame.columns;
+        const int at[3] = {0, (cols - static_cast<int>(line[1].size())) / 2, cols - static_cast<int>(line[2].size())};
+        setColour(kBlack);
+        for (int i = 0; i < 3; ++i) {
+            if (line[i].empty()) continue;
+            moveTo(std::max(0, at[i]), y);
+            pdfString(s_, line[i]);
+            s_ += "Tj\n";
         }
-        const double x = plan_.frame.left + column * plan_.spec.cellWidth;
-        const double y = plan_.spec.height - top - kBaseline * size_;
-        std::snprintf(buf, sizeof buf, "1 0 0 1 %.2f %.2f Tm ", x, y);
+    }
+
+    void moveTo(int column, double top) {
+        lineStart_ = 0;
+        char buf[64];
+        std::snprintf(buf, sizeof buf, "1 0 0 1 %.2f %.2f Tm\n", plan_.frame.left + column * plan_.spec.cellWidth,
+                      plan_.spec.height - top - kBaseline * size_);
         s_ += buf;
-        pdfString(s_, text);
-        s_ += " Tj\n";
+    }
+
+    void setFont(int font) {
+        if (font == font_) return;
+        char buf[32];
+        std::snprintf(buf, sizeof buf, "/F%d %.2f Tf\n", font + 1, size_);
+        s_ += buf;
+        font_ = font;
+    }
+
+    void setColour(Rgb c) {
+        if (c == colour_) return;
+        char buf[48];
+        std::snprintf(buf, sizeof buf, "%.3g %.3g %.3g rg\n", c.r / 255.0, c.g / 255.0, c.b / 255.0);
+        s_ += buf;
+        colour_ = c;
     }
 
     const PrintPlan& plan_;
     double size_;
-    std::string s_;
+    std::string s_, text_;
     int font_ = -1;
     Rgb colour_{};
+    int lineStart_ = 0;  // column where the current row's text starts
 };
 
 void writeHead(PdfFile& pdf) {
