@@ -227,8 +227,9 @@ std::string withPath(const char* pattern, const std::string& path) {
 
 }  // namespace
 
-PageSpec pdfPageSpec(double fontSize) {
-    return {kA4Width, kA4Height, kPointsPerTenthMm, kCourierAdvance * fontSize, kLineSpacing * fontSize};
+PageSpec pdfPageSpec(double fontSize, double width, double height) {
+    return {width > 0 ? width : kA4Width, height > 0 ? height : kA4Height, kPointsPerTenthMm,
+            kCourierAdvance * fontSize, kLineSpacing * fontSize};
 }
 
 PrintOutcome writePdf(const PrintPlan& plan, const PageFacts& facts, const std::string& path,

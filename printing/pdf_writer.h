@@ -11,8 +11,9 @@
 
 namespace zol {
 
-// A4, the paper of most of the world, in points; the cell of Courier at fontSize.
-PageSpec pdfPageSpec(double fontSize);
+// A sheet of the given size in points (A4, the paper of most of the world, unless
+// told) with the cell of Courier at fontSize.
+PageSpec pdfPageSpec(double fontSize, double width = 0, double height = 0);
 
 enum class PrintOutcome { Done, Cancelled, Failed };
 // Called after every page with the pages done and the total; false stops the printing.

@@ -20,6 +20,7 @@
 #include "app/qt/editor_view.h"
 #include "app/qt/main_frame_util.h"
 #include "app/qt/messages.h"
+#include "app/qt/print_run.h"
 #include "app/qt/qt_shell.h"
 #include "app/qt/script_host.h"
 #include "config/recent_files.h"
@@ -306,6 +307,9 @@ std::span<const TMainFrame::FrameCommand> TMainFrame::frameCommands() {
              else f.readBlock(*v->document());
          }},
         {Cmd::OpenFile, [](TMainFrame& f, V) { f.openFileDialog(); }},
+        {Cmd::Print, [](TMainFrame& f, V v) {
+             if (v && v->document()) printDocument(&f, *v->document());
+         }},
         {Cmd::NewFile, [](TMainFrame& f, V) { f.newFile(); }},
         {Cmd::ExecScript, [](TMainFrame& f, V) { f.runExecScript(); }},
         {Cmd::WindowMaximize, [](TMainFrame& f, V v) { f.showWindow(v, Qt::WindowMaximized); }},

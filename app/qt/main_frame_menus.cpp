@@ -18,6 +18,8 @@
 #include "app/qt/main_frame_util.h"
 #include "app/qt/menus.h"
 #include "app/qt/messages.h"
+#include "app/qt/print_preview.h"
+#include "app/qt/print_setup.h"
 #include "app/qt/qt_shell.h"
 #include "app/qt/script_host.h"
 #include "app/version.h"
@@ -83,6 +85,11 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
          }},
         {"UserTools", [](TMainFrame& f) { TUserToolsDlg::run(&f); }},
         {"HelpOptions", [](TMainFrame& f) { THelpOptionsDlg::run(&f); }},
+        {"PageSetup", [](TMainFrame& f) { TPageSetupDlg::run(&f); }},
+        {"PrintPreview",
+         [](TMainFrame& f) {
+             if (TVekWinEditor* v = f.activeView(); v && v->document()) TPrintPreviewDlg::run(&f, *v->document());
+         }},
         {"Palette", [](TMainFrame& f) { f.openPalette(); }},
         {"FindInFiles", [](TMainFrame& f) { TFindFilesRun::of(f).findInFiles(); }},
         {"ReplaceInFiles", [](TMainFrame& f) { TFindFilesRun::of(f).replaceInFiles(); }},

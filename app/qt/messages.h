@@ -73,6 +73,8 @@ inline constexpr MenuRow kMenuBar[] = {
     {MenuItem::Command, "ReadBlock", "Insert Fil&e..."},
     {MenuItem::Command, "WriteBlock", "&Write Selection..."},
     kSeparator,
+    {MenuItem::Action, "PageSetup", "Page Set&up..."},
+    {MenuItem::Action, "PrintPreview", "Print Pre&view"},
     {MenuItem::Command, "Print", "&Print..."},
     kSeparator,
     {MenuItem::Submenu, "RecentFiles", "Recent &Files"},
