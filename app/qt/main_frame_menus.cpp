@@ -14,6 +14,7 @@
 #include "app/qt/dialogs/options_dialog.h"
 #include "app/qt/dialogs/syntax_dialog.h"
 #include "app/qt/dialogs/tool_dialogs.h"
+#include "app/qt/help_lookup.h"
 #include "app/qt/main_frame.h"
 #include "app/qt/main_frame_util.h"
 #include "app/qt/menus.h"
@@ -30,6 +31,7 @@
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
 #include "tools/run_tool.h"
+#include "tools/user_tools.h"
 
 namespace zol {
 namespace {
@@ -48,6 +50,7 @@ struct Toggle {
 };
 const Toggle kToggles[] = {
     {Cmd::ToggleLineNumbers, [](const Document*) { return options().lineNumbers; }},
+    {Cmd::ApiAssistanceOn, [](const Document*) { return apiAssistance(); }},
     {Cmd::ToggleRuler, [](const Document*) { return options().ruler; }},
     {Cmd::ToggleVisibleSpaces, [](const Document*) { return options().visibleSpaces; }},
     {Cmd::ToggleWordWrap, [](const Document* d) { return d && d->wordWrap; }},
@@ -69,6 +72,23 @@ void showUserTool(QAction* a, size_t index) {
     const std::vector<UserTool>& tools = userTools().tools;
     a->setVisible(index < tools.size());
     if (index < tools.size()) setMenuLabel(a, QString::fromLocal8Bit(tools[index].menuText.c_str()));
+}
+
+// The "Extern Help" entries of "UserHelp", numbered, before the item that edits them.
+void refreshExternHelp(QMenu* help) {
+    const char* kMark = "externHelp";
+    QAction* before = nullptr;
+    for (QAction* a : help->actions()) {
+        if (a->property(kMark).toBool()) delete a;
+        else if (menuAction(a) == "HelpOptions") before = a;
+    }
+    const std::vector<HelpEntry>& entries = userHelp().entries;
+    for (size_t i = 0; i < entries.size(); ++i) {
+        auto* a = new QAction(QString::fromLatin1(qtmsg::kNumberedItem).arg(i + 1).arg(qs(entries[i].menuString)), help);
+        a->setProperty(kMark, true);
+        QObject::connect(a, &QAction::triggered, help, [i] { openExternHelp(i); });
+        help->insertAction(before, a);
+    }
 }
 
 }  // namespace
@@ -152,6 +172,7 @@ void TMainFrame::buildMenus() {
     plugInMenu_ = menu("PlugIns");
     if (QMenu* window = menu("Window")) connect(window, &QMenu::aboutToShow, this, &TMainFrame::refreshWindowMenu);
     if (QMenu* macros = menu("Macros")) connect(macros, &QMenu::aboutToShow, this, &TMainFrame::rebuildMacroMenu);
+    if (QMenu* help = menu("Help")) connect(help, &QMenu::aboutToShow, this, [help] { refreshExternHelp(help); });
     rebuildPlugInMenu();
 }
 

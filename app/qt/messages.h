@@ -261,6 +261,10 @@ inline constexpr MenuRow kMenuBar[] = {
 
     {MenuItem::Menu, "Help", "&Help"},
     {MenuItem::Command, "HelpContents", "&Contents"},
+    {MenuItem::Command, "HelpKeywordSearch", "&Keyword Search"},
+    {MenuItem::Command, "ApiAssistanceOn", "API A&ssistance"},
+    kSeparator,
+    // The "Extern Help" entries of "UserHelp" follow here, put in by the frame.
     {MenuItem::Action, "HelpOptions", "&External Help..."},
     {MenuItem::Action, "About", "&About Zolder"},
 
