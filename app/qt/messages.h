@@ -73,7 +73,7 @@ inline constexpr MenuRow kMenuBar[] = {
     {MenuItem::Command, "ReadBlock", "Insert Fil&e..."},
     {MenuItem::Command, "WriteBlock", "&Write Selection..."},
     kSeparator,
-    {MenuItem::Action, "PageSetup", "Page Set&up..."},
+    {MenuItem::Action, "PageSetup", "Pa&ge Setup..."},
     {MenuItem::Action, "PrintPreview", "Print Pre&view"},
     {MenuItem::Command, "Print", "&Print..."},
     kSeparator,
