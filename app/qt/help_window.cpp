@@ -90,6 +90,10 @@ THelpWindow::THelpWindow() {
     connect(contents_, &QTreeWidget::itemClicked, this, [open](QTreeWidgetItem* i) { open(i->data(0, kTargetRole)); });
     connect(index_, &QListWidget::itemActivated, this, [open](QListWidgetItem* i) { open(i->data(kTargetRole)); });
     connect(index_, &QListWidget::itemClicked, this, [open](QListWidgetItem* i) { open(i->data(kTargetRole)); });
+    connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (tab == 1) indexFilter_->setFocus();
+        else if (tab == 2) searchText_->setFocus();
+    });
     connect(indexFilter_, &QLineEdit::textChanged, this, &THelpWindow::filterIndex);
     connect(indexFilter_, &QLineEdit::returnPressed, this, [this] {
         if (QListWidgetItem* i = index_->currentItem()) browser_->setSource(QUrl(i->data(kTargetRole).toString()));
