@@ -5,6 +5,7 @@ CMAKE_ARGS ?=
 
 DEPS       = cmake make g++ libgtest-dev libgmock-dev qt6-base-dev fonts-dejavu-core xvfb openbox xdotool
 DEPS      += desktop-file-utils appstream
+DEPS      += poppler-utils
 BENCH_DEPS = libbenchmark-dev python3 vim-nox time lua5.4 tcc ripgrep
 FUZZ_DEPS  = clang libclang-rt-14-dev
 # `make soak`: commands of the command soak under the sanitizers, and its seed.

@@ -7,6 +7,7 @@ namespace zol {
 const char* usageText() {
     return "Usage: zolder [--home DIR] [FILE...]\n"
            "       zolder --headless [--home DIR] [FILE...] [--run SCRIPT [ARG...]]\n"
+           "       zolder [--home DIR] --print-pdf OUT FILE\n"
            "\n"
            "A programmer's text editor.\n"
            "\n"
@@ -15,6 +16,9 @@ const char* usageText() {
            "  --run SCRIPT   run a script on the opened files (the last one active) after\n"
            "                 the start-up scripts; the ARGs after it are passed to it, and\n"
            "                 the exit status is the value its main returns\n"
+           "  --print-pdf OUT FILE\n"
+           "                 print FILE to the PDF file OUT with the \"Printing\" settings\n"
+           "                 of zol.ini (A4, Courier), without windows, and exit\n"
            "  --help         show this help and exit\n"
            "  --version      show the version and exit\n"
            "\n"
@@ -54,6 +58,13 @@ bool parseCommandLine(int argc, const char* const argv[], CommandLine& out, std:
             }
             out.script = argv[++i];
             for (++i; i < argc; ++i) out.scriptArgs.emplace_back(argv[i]);
+        } else if (options && a == "--print-pdf") {
+            if (i + 2 >= argc) {
+                error = "option '--print-pdf' needs an output file and a file to print";
+                return false;
+            }
+            out.printPdf = argv[++i];
+            out.files.emplace_back(argv[++i]);
         } else if (options && a.size() > 1 && a[0] == '-') {
             error = "unknown option '" + std::string(a) + "'";
             return false;
@@ -65,6 +76,11 @@ bool parseCommandLine(int argc, const char* const argv[], CommandLine& out, std:
         error = "option '--run' needs '--headless'";
         return false;
     }
+    if (!out.printPdf.empty() && (out.files.size() != 1 || !out.script.empty())) {
+        error = "option '--print-pdf' prints one file and runs no script";
+        return false;
+    }
+    if (!out.printPdf.empty()) out.headless = true;
     return true;
 }
 

@@ -13,6 +13,7 @@ struct CommandLine {
     std::vector<std::string> files;
     std::string script;                   // --run SCRIPT
     std::vector<std::string> scriptArgs;  // ARGs after SCRIPT
+    std::string printPdf;                 // --print-pdf OUT FILE: OUT; FILE is in files
 };
 
 // Returns false with `error` set for a command line that cannot be used.

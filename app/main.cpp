@@ -7,6 +7,7 @@
 #include "app/version.h"
 #include "platform/dynlib.h"
 #include "platform/paths.h"
+#include "printing/pdf_writer.h"
 #include "script/run_script.h"
 
 namespace {
@@ -15,6 +16,19 @@ constexpr int kExitUsage = 2;
 constexpr const char* kDesktopModule = "libzolderdesktop.so";
 constexpr int kExitScriptError = 255;
 
+// Without a window there is nothing to press Cancel on: interrupting the process stops
+// the printing, and the output file is then as it was.
+int printPdf(const zol::Application& app, const zol::CommandLine& cl) {
+    if (app.failedOpens || !app.active || !app.active->hasFile) {
+        std::fprintf(stderr, "zolder: cannot print '%s': there is no such file\n", cl.files.front().c_str());
+        return 1;
+    }
+    std::string message;
+    if (zol::printDocumentToPdf(*app.active, false, cl.printPdf, {}, message) == zol::PrintOutcome::Done) return 0;
+    std::fprintf(stderr, "zolder: %s\n", message.c_str());
+    return 1;
+}
+
 int runHeadless(const zol::CommandLine& cl) {
     zol::HeadlessShell shell;
     zol::setShell(&shell);
@@ -22,7 +36,9 @@ int runHeadless(const zol::CommandLine& cl) {
     shell.attach(&app);
     zol::startUp(app, zol::StartupOptions{cl.home, cl.files, {}});
     int status = app.failedOpens ? 1 : 0;
-    if (!cl.script.empty()) {
+    if (!cl.printPdf.empty()) {
+        status = printPdf(app, cl);
+    } else if (!cl.script.empty()) {
         const std::string title(zol::fileNamePart(cl.script));
         const zol::ScriptRunResult r = zol::runScript(cl.script, cl.scriptArgs, title, zol::ScriptStarter::User);
         status = r.error ? kExitScriptError : r.value & 0xff;

@@ -117,3 +117,16 @@ rm -rf "$qhome"
 echo
 echo "== user tool: 200,000 lines captured into an output document beside output to a file"
 "$root/bench/tools_bench.sh" "$root/$build/zolder"
+
+echo
+echo "== printing: the preview's first page of a 10,000-line file; big.c to PDF beside cp"
+"$root/$build/bench/zolder_print_run" preview "$qhome" "$home/tenk.c" 2>/dev/null
+zp=$(measure "$root/$build/zolder" --home "$home" --print-pdf "$home/big.pdf" "$data/big.c")
+cp_=$(measure cp "$data/big.c" "$home/big.copy")
+awk -v z="$zp" -v c="$cp_" -v s="$size" -v o="$(stat -c %s "$home/big.pdf")" 'BEGIN{
+  split(z, a, " "); split(c, b, " ");
+  printf "zolder --print-pdf big.c: %.2f s = %.1f MB/s (asked: at least 20), PDF %.0f MB, peak %.0f MiB\n",
+         a[1], s / a[1] / 1e6, o / 1e6, a[2]/1024;
+  printf "cp big.c (the disk alone): %.2f s\n", b[1];
+}'
+rm -f "$home/big.pdf" "$home/big.copy"

@@ -143,12 +143,12 @@ constexpr SettingRow kRows[] = {
 
     // ---- "Printing" ----
     flagRow("Printing", "SplitLongLines", FIELD(options.splitLongLines), true, Write,
-            "Splits a line too long for the editor when a file is read, rather than refusing the file"),
+            "Splits a line too long for the editor when a file is read, rather than refusing the file; printing wraps long lines when on and cuts them when off"),
     flagRow("Printing", "PrintInColor", FIELD(settings.printing.printInColor), true, Write, "Prints in colour"),
     flagRow("Printing", "SyntaxPrint", FIELD(settings.printing.syntaxPrint), false, Write,
             "Prints with syntax highlighting"),
     numberRow("Printing", "LeftMargin", Int, FIELD(settings.printing.leftMargin), 254, kNoMinimum, kNoMaximum, Keep,
-              Write, "Left page margin, in the printing layer's units"),
+              Write, "Left page margin in tenths of a millimetre from the paper's edge (254: one inch)"),
     numberRow("Printing", "RightMargin", Int, FIELD(settings.printing.rightMargin), 254, kNoMinimum, kNoMaximum,
               Keep, Write, "Right page margin"),
     numberRow("Printing", "TopMargin", Int, FIELD(settings.printing.topMargin), 254, kNoMinimum, kNoMaximum, Keep,

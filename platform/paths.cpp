@@ -103,6 +103,8 @@ SeedResult seedHome(std::string_view dataDir, const std::set<std::string>& offer
         if (!it->is_regular_file(st)) continue;
         const std::string relative = fs::relative(it->path(), source, st).generic_string();
         if (st || relative.empty() || offeredBefore.count(relative)) continue;
+        // The manual is read where it ships; a home needs no copy of it.
+        if (relative.starts_with(kUnseededFolder)) continue;
         result.offered.push_back(relative);
         const std::string target = home + relative;
         if (fs::exists(fs::symlink_status(target, st))) continue;

@@ -32,6 +32,9 @@ const std::string& homeDir();
 // letter case resolves to the file that is there.
 std::string resolveBareName(std::string_view name);
 
+// The shipped folder that seeding leaves where it is: the user manual's pages.
+inline constexpr std::string_view kUnseededFolder = "help/";
+
 // Seeding the home from the shipped data folder: each shipped file is offered once.
 struct SeedResult {
     bool ok = true;                    // false when dataDir could not be read or a copy failed

@@ -3,7 +3,7 @@
 # every folder includes only its own layer and the layers below it.
 root=$1
 status=0
-core="engine files syntax search script config tools proofing plugin"
+core="engine files syntax search script config tools proofing printing plugin"
 for d in $core platform; do
   [ -d "$root/$d" ] || continue
   if grep -rnE '#include *<Q' "$root/$d"; then
@@ -36,7 +36,7 @@ if ! (cd "$root" && grep -rnE '^# *include *"[a-z]+/' $dirs) | awk '
   BEGIN {
     rank["platform"] = 0; rank["engine"] = 1
     rank["files"] = rank["syntax"] = rank["search"] = 2
-    rank["script"] = rank["config"] = rank["tools"] = rank["proofing"] = 3
+    rank["script"] = rank["config"] = rank["tools"] = rank["proofing"] = rank["printing"] = 3
     rank["plugin"] = 4; rank["app"] = 5
   }
   {

@@ -20,6 +20,9 @@
 #include "app/qt/editor_view.h"
 #include "app/qt/main_frame_util.h"
 #include "app/qt/messages.h"
+#include "app/qt/help_lookup.h"
+#include "app/qt/help_window.h"
+#include "app/qt/print_run.h"
 #include "app/qt/qt_shell.h"
 #include "app/qt/script_host.h"
 #include "config/recent_files.h"
@@ -159,8 +162,9 @@ void TMainFrame::addView(Document* doc) {
     });
     connect(view, &TVekWinEditor::documentClosed, this, &TMainFrame::syncViews, Qt::QueuedConnection);
     // Modes and options are the same for every window.
-    connect(view, &TVekWinEditor::commandDone, this, [this](uint16_t id) {
+    connect(view, &TVekWinEditor::commandDone, this, [this, view](uint16_t id) {
         if (commandGroup(id) == static_cast<int>(CmdGroup::Modes)) redrawViews();
+        apiAssistAfter(view, id);
     });
     connect(view, &TVekWinEditor::captionChanged, this, [this, view] {
         if (QWidget* sub = view->parentWidget()) {
@@ -306,6 +310,14 @@ std::span<const TMainFrame::FrameCommand> TMainFrame::frameCommands() {
              else f.readBlock(*v->document());
          }},
         {Cmd::OpenFile, [](TMainFrame& f, V) { f.openFileDialog(); }},
+        {Cmd::HelpContents, [](TMainFrame&, V) { THelpWindow::instance()->showContents(); }},
+        {Cmd::HelpKeywordSearch, [](TMainFrame&, V v) {
+             if (v && v->document()) helpKeywordSearch(*v->document());
+         }},
+        {Cmd::ApiAssistanceOn, [](TMainFrame&, V v) { toggleApiAssistance(v); }},
+        {Cmd::Print, [](TMainFrame& f, V v) {
+             if (v && v->document()) printDocument(&f, *v->document());
+         }},
         {Cmd::NewFile, [](TMainFrame& f, V) { f.newFile(); }},
         {Cmd::ExecScript, [](TMainFrame& f, V) { f.runExecScript(); }},
         {Cmd::WindowMaximize, [](TMainFrame& f, V v) { f.showWindow(v, Qt::WindowMaximized); }},

@@ -14,10 +14,13 @@
 #include "app/qt/dialogs/options_dialog.h"
 #include "app/qt/dialogs/syntax_dialog.h"
 #include "app/qt/dialogs/tool_dialogs.h"
+#include "app/qt/help_lookup.h"
 #include "app/qt/main_frame.h"
 #include "app/qt/main_frame_util.h"
 #include "app/qt/menus.h"
 #include "app/qt/messages.h"
+#include "app/qt/print_preview.h"
+#include "app/qt/print_setup.h"
 #include "app/qt/qt_shell.h"
 #include "app/qt/script_host.h"
 #include "app/version.h"
@@ -28,6 +31,7 @@
 #include "platform/paths.h"
 #include "plugin/plugin_manager.h"
 #include "tools/run_tool.h"
+#include "tools/user_tools.h"
 
 namespace zol {
 namespace {
@@ -46,6 +50,7 @@ struct Toggle {
 };
 const Toggle kToggles[] = {
     {Cmd::ToggleLineNumbers, [](const Document*) { return options().lineNumbers; }},
+    {Cmd::ApiAssistanceOn, [](const Document*) { return apiAssistance(); }},
     {Cmd::ToggleRuler, [](const Document*) { return options().ruler; }},
     {Cmd::ToggleVisibleSpaces, [](const Document*) { return options().visibleSpaces; }},
     {Cmd::ToggleWordWrap, [](const Document* d) { return d && d->wordWrap; }},
@@ -69,6 +74,23 @@ void showUserTool(QAction* a, size_t index) {
     if (index < tools.size()) setMenuLabel(a, QString::fromLocal8Bit(tools[index].menuText.c_str()));
 }
 
+// The "Extern Help" entries of "UserHelp", numbered, before the item that edits them.
+void refreshExternHelp(QMenu* help) {
+    const char* kMark = "externHelp";
+    QAction* before = nullptr;
+    for (QAction* a : help->actions()) {
+        if (a->property(kMark).toBool()) delete a;
+        else if (menuAction(a) == "HelpOptions") before = a;
+    }
+    const std::vector<HelpEntry>& entries = userHelp().entries;
+    for (size_t i = 0; i < entries.size(); ++i) {
+        auto* a = new QAction(QString::fromLatin1(qtmsg::kNumberedItem).arg(i + 1).arg(qs(entries[i].menuString)), help);
+        a->setProperty(kMark, true);
+        QObject::connect(a, &QAction::triggered, help, [i] { openExternHelp(i); });
+        help->insertAction(before, a);
+    }
+}
+
 }  // namespace
 
 std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
@@ -83,6 +105,11 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
          }},
         {"UserTools", [](TMainFrame& f) { TUserToolsDlg::run(&f); }},
         {"HelpOptions", [](TMainFrame& f) { THelpOptionsDlg::run(&f); }},
+        {"PageSetup", [](TMainFrame& f) { TPageSetupDlg::run(&f); }},
+        {"PrintPreview",
+         [](TMainFrame& f) {
+             if (TVekWinEditor* v = f.activeView(); v && v->document()) TPrintPreviewDlg::run(&f, *v->document());
+         }},
         {"Palette", [](TMainFrame& f) { f.openPalette(); }},
         {"FindInFiles", [](TMainFrame& f) { TFindFilesRun::of(f).findInFiles(); }},
         {"ReplaceInFiles", [](TMainFrame& f) { TFindFilesRun::of(f).replaceInFiles(); }},
@@ -145,6 +172,7 @@ void TMainFrame::buildMenus() {
     plugInMenu_ = menu("PlugIns");
     if (QMenu* window = menu("Window")) connect(window, &QMenu::aboutToShow, this, &TMainFrame::refreshWindowMenu);
     if (QMenu* macros = menu("Macros")) connect(macros, &QMenu::aboutToShow, this, &TMainFrame::rebuildMacroMenu);
+    if (QMenu* help = menu("Help")) connect(help, &QMenu::aboutToShow, this, [help] { refreshExternHelp(help); });
     rebuildPlugInMenu();
 }
 

@@ -73,6 +73,8 @@ inline constexpr MenuRow kMenuBar[] = {
     {MenuItem::Command, "ReadBlock", "Insert Fil&e..."},
     {MenuItem::Command, "WriteBlock", "&Write Selection..."},
     kSeparator,
+    {MenuItem::Action, "PageSetup", "Pa&ge Setup..."},
+    {MenuItem::Action, "PrintPreview", "Print Pre&view"},
     {MenuItem::Command, "Print", "&Print..."},
     kSeparator,
     {MenuItem::Submenu, "RecentFiles", "Recent &Files"},
@@ -259,6 +261,10 @@ inline constexpr MenuRow kMenuBar[] = {
 
     {MenuItem::Menu, "Help", "&Help"},
     {MenuItem::Command, "HelpContents", "&Contents"},
+    {MenuItem::Command, "HelpKeywordSearch", "&Keyword Search"},
+    {MenuItem::Command, "ApiAssistanceOn", "API A&ssistance"},
+    kSeparator,
+    // The "Extern Help" entries of "UserHelp" follow here, put in by the frame.
     {MenuItem::Action, "HelpOptions", "&External Help..."},
     {MenuItem::Action, "About", "&About Zolder"},
 

@@ -120,7 +120,7 @@ TEST_F(MenuTest, PaletteNarrowsAsYouTypeAndRunsTheCommandThroughTheExecutor) {
     whenModal<TCommandPalette>([](TCommandPalette* p) {
         const int all = p->shownCount();
         EXPECT_GE(all, static_cast<int>(commandTable().size()));
-        QTest::keyClicks(p->filterEdit(), "print");
+        QTest::keyClicks(p->filterEdit(), "readblockparam");
         EXPECT_EQ(p->selected(), nullptr);  // listed, but not to be run here
         p->filterEdit()->clear();
         QTest::keyClicks(p->filterEdit(), "save");
