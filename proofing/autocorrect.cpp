@@ -235,13 +235,12 @@ bool autoCorrectTyped(Document& doc, const AutoCorrectList& list) {
     const std::string fixed =
         correctedWord(list, std::string_view(text).substr(b, e - b), sentenceEndsBefore(doc, line, b, regions.source()));
     if (fixed.empty()) return false;
-    // An undo step of its own: neither the typing before nor after folds into it.
+    // An undo step of its own: neither the typing before nor after folds into it. It
+    // takes the character that ended the word along, so that Undo leaves the cursor
+    // after it, where the typing goes on.
     doc.lastCmd = doc.prevCmd = idOf(Cmd::NullCmd);
-    if (!replaceRange(doc, makePos(columnOfOffset(text, b), line), makePos(columnOfOffset(text, e), line), fixed))
-        return false;
-    const std::string now(lineText(doc, line));
-    setCursor(doc, makePos(columnOfOffset(now, at + fixed.size() - (e - b)), line));
-    return true;
+    return replaceRange(doc, makePos(columnOfOffset(text, b), line), makePos(columnOfOffset(text, at), line),
+                        fixed + ender);
 }
 
 }  // namespace zol

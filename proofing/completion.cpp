@@ -153,7 +153,7 @@ const CompletionSection* sectionFor(const CmplParse& file, const Document& doc) 
             continue;
         }
         const std::string folder = joinPath(homeDir(), s.folder) + "/";
-        if (doc.hasFile && doc.fileName.compare(0, folder.size(), folder) == 0) return &s;
+        if (doc.fileName.compare(0, folder.size(), folder) == 0) return &s;
     }
     if (byPattern) return byPattern;
     if (const SyntaxHighlight* d = definitionAt(syntaxTable(), doc.syntaxSlot))

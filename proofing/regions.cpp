@@ -33,7 +33,7 @@ bool joinedToCode(std::string_view t, size_t b, size_t e, size_t from, size_t to
     const char after = e < to ? t[e] : ' ';
     const char after2 = e + 1 < to ? t[e + 1] : ' ';
     if (isDigit(before) || before == '_' || isDigit(after) || after == '_' || after == '(') return true;
-    for (char sep : {'.', '/', '\\'}) {
+    for (char sep : {'.', '/'}) {
         if (before == sep && isWordish(before2)) return true;
         if (after == sep && isWordish(after2)) return true;
     }

@@ -45,9 +45,9 @@ SpellSession::SpellSession(Document& doc, Speller& speller) : doc_(doc), speller
     const size_t at = std::min(offsetOfColumn(doc, doc.cursor), text.size());
     size_t begin = at, end = at;
     offset_ = wordAt(text, at, begin, end) ? begin : at;
-    stopLine_ = line_;
-    stopOffset_ = offset_;
     wrap_ = line_ > 0 || offset_ > 0;
+    stopLine_ = wrap_ ? line_ : lastLine(doc);
+    stopOffset_ = wrap_ ? offset_ : std::string::npos;
     linesTotal_ = doc.lines.count() + (wrap_ ? 1 : 0);
 }
 
