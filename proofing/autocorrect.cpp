@@ -219,14 +219,15 @@ bool sentenceEndsBefore(const Document& doc, int32_t line, size_t at, bool sourc
 
 }  // namespace
 
-bool autoCorrectTyped(Document& doc, const AutoCorrectList& list) {
+bool autoCorrectTyped(Document& doc, const AutoCorrectList& list, bool enderTyped) {
     const int32_t line = doc.cursor.line;
     const std::string text(lineText(doc, line));
     const size_t at = locateColumn(text, doc.cursor.col).offset;
-    if (at == 0 || at > text.size()) return false;
-    const char ender = text[at - 1];
-    if (isNamePart(ender) || isApostrophe(ender) || ender == '(') return false;
-    const size_t e = at - 1;
+    if (at == 0 || at > text.size() || doc.readOnly) return false;
+    if (!enderTyped && at < text.size() && isNamePart(text[at])) return false;
+    const std::string ender = enderTyped ? text.substr(at - 1, 1) : std::string();
+    if (enderTyped && (isNamePart(ender[0]) || isApostrophe(ender[0]) || ender[0] == '(')) return false;
+    const size_t e = enderTyped ? at - 1 : at;
     size_t b = e;
     while (b > 0 && (isLetter(text[b - 1]) || (isApostrophe(text[b - 1]) && b >= 2 && isLetter(text[b - 2])))) --b;
     if (b == e || (b > 0 && (isNamePart(text[b - 1]) || text[b - 1] == '.' || text[b - 1] == '\\'))) return false;

@@ -50,8 +50,9 @@ bool saveAutoCorrect();
 // tells that the word begins a sentence.
 std::string correctedWord(const AutoCorrectList& list, std::string_view word, bool sentenceStart);
 
-// Called after a character that ends a word was typed before the cursor: corrects the
-// word before it, as an undo step of its own. True when it changed something.
-bool autoCorrectTyped(Document& doc, const AutoCorrectList& list);
+// Called after a character that ends a word was typed before the cursor (enderTyped),
+// or before a line break goes in at the cursor: corrects the word before it, as an
+// undo step of its own. True when it changed something.
+bool autoCorrectTyped(Document& doc, const AutoCorrectList& list, bool enderTyped = true);
 
 }  // namespace zol
