@@ -195,21 +195,13 @@ std::string correctedWord(const AutoCorrectList& list, std::string_view word, bo
 
 namespace {
 
-// The end of a sentence just before `at` (blanks and opening quotes skipped): ".", "!"
-// or "?" after a word of two letters or more ("e.g." ends none). At the start of a
-// line, in text without a language, the line before decides: empty, or ending a
-// sentence.
-bool sentenceEndsBefore(const Document& doc, int32_t line, size_t at, bool source) {
-    std::string_view t = lineText(doc, line);
+// The end of a sentence just before `at` on its line (blanks and opening quotes
+// skipped): ".", "!" or "?" after a word of two letters or more ("e.g." ends none). The
+// start of a line is none: it is as often code typed into a plain file as prose.
+bool sentenceEndsBefore(std::string_view t, size_t at) {
     size_t k = at;
     while (k > 0 && (t[k - 1] == ' ' || t[k - 1] == '\t' || t[k - 1] == '"' || t[k - 1] == '(')) --k;
-    if (k == 0) {
-        if (source) return false;
-        if (line == 0) return true;
-        t = prooftext::trim(lineText(doc, line - 1));
-        if (t.empty()) return true;
-        k = t.size();
-    }
+    if (k == 0 || k == at) return false;
     const char c = t[k - 1];
     if (c != '.' && c != '!' && c != '?') return false;
     size_t w = k - 1;
@@ -234,7 +226,7 @@ bool autoCorrectTyped(Document& doc, const AutoCorrectList& list, bool enderType
     RegionScanner regions(doc);
     if (!regions.mask(doc, line)[b]) return false;
     const std::string fixed =
-        correctedWord(list, std::string_view(text).substr(b, e - b), sentenceEndsBefore(doc, line, b, regions.source()));
+        correctedWord(list, std::string_view(text).substr(b, e - b), sentenceEndsBefore(text, b));
     if (fixed.empty()) return false;
     // An undo step of its own: neither the typing before nor after folds into it. It
     // takes the character that ended the word along, so that Undo leaves the cursor

@@ -16,8 +16,14 @@ constexpr int kMaxWidthChars = 70;
 
 QString label(const Candidate& c) {
     QString s = fromCp1252(c.text);
-    if (!c.detail.empty() && c.detail != c.text) s += QStringLiteral("    ") + fromCp1252(c.detail);
-    return s;
+    if (c.detail.empty() || c.detail == c.text) return s;
+    QString detail = fromCp1252(c.detail);
+    // A snippet's first line shows without its cursor mark.
+    if (c.kind == CandidateKind::Snippet) {
+        detail.replace(QStringLiteral("^^"), QStringLiteral("\x01")).remove(QLatin1Char('^'));
+        detail.replace(QLatin1Char('\x01'), QLatin1Char('^'));
+    }
+    return s + QStringLiteral("    ") + detail;
 }
 
 class QtProofingFrontEnd : public QObject, public ProofingFrontEnd {
@@ -28,7 +34,7 @@ public:
     void completionPopup(Document& doc, const CompletionPrefix& prefix, std::vector<Candidate> all) override {
         auto* view = dynamic_cast<TVekWinEditor*>(doc.view);
         if (!view) return;
-        if (TCompletionPopup* old = TCompletionPopup::of(view)) delete old;
+        if (TCompletionPopup* old = TCompletionPopup::of(view)) old->dismiss();
         new TCompletionPopup(view, prefix, std::move(all));
     }
 
@@ -44,30 +50,39 @@ TCompletionPopup::TCompletionPopup(TVekWinEditor* view, const CompletionPrefix& 
     : QListWidget(view->viewport()), view_(view), prefix_(prefix), all_(std::move(all)) {
     setObjectName("completionPopup");
     setFocusPolicy(Qt::NoFocus);
-    setFont(view->font());
+    setFont(editorFont());
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view_->installEventFilter(this);
     connect(view_, &TVekWinEditor::commandDone, this, [this] { refilter(); });
-    connect(view_, &TVekWinEditor::documentClosed, this, &QObject::deleteLater);
+    connect(view_, &TVekWinEditor::documentClosed, this, &TCompletionPopup::dismiss);
     connect(this, &QListWidget::itemClicked, this, [this] { acceptCurrent(); });
     refilter();
     show();
 }
 
 TCompletionPopup* TCompletionPopup::of(TVekWinEditor* view) {
-    return view->viewport()->findChild<TCompletionPopup*>(QString(), Qt::FindDirectChildrenOnly);
+    for (auto* p : view->viewport()->findChildren<TCompletionPopup*>(QString(), Qt::FindDirectChildrenOnly))
+        if (p->isVisible()) return p;
+    return nullptr;
+}
+
+// Out of sight at once; gone when the event loop comes round.
+void TCompletionPopup::dismiss() {
+    hide();
+    view_->removeEventFilter(this);
+    deleteLater();
 }
 
 // The prefix as the document now has it; the popup goes when the cursor left the word.
 void TCompletionPopup::refilter() {
     Document* doc = view_->document();
-    if (!doc) return deleteLater();
+    if (!doc) return dismiss();
     const CompletionPrefix now = completionPrefix(*doc);
-    if (now.line != prefix_.line || now.begin != prefix_.begin || now.end < now.begin) return deleteLater();
+    if (now.line != prefix_.line || now.begin != prefix_.begin || now.end < now.begin) return dismiss();
     prefix_ = now;
     shown_ = filterCandidates(all_, prefix_.text);
-    if (shown_.empty()) return deleteLater();
+    if (shown_.empty()) return dismiss();
     if (static_cast<int>(shown_.size()) > kMaxShown) shown_.resize(kMaxShown);
     setUpdatesEnabled(false);
     clear();
@@ -98,8 +113,7 @@ bool TCompletionPopup::acceptCurrent() {
     const Candidate chosen = *shown_[static_cast<size_t>(row)];
     const CompletionPrefix at = prefix_;
     TVekWinEditor* view = view_;
-    deleteLater();
-    view_->removeEventFilter(this);
+    dismiss();
     disconnect(view_, nullptr, this, nullptr);
     if (acceptCandidate(*doc, at, chosen)) view->showCursorNow();
     return true;
@@ -108,7 +122,7 @@ bool TCompletionPopup::acceptCurrent() {
 bool TCompletionPopup::eventFilter(QObject* watched, QEvent* e) {
     if (watched != view_) return false;
     if (e->type() == QEvent::FocusOut || e->type() == QEvent::MouseButtonPress || e->type() == QEvent::Resize) {
-        deleteLater();
+        dismiss();
         return false;
     }
     if (e->type() != QEvent::KeyPress) return false;
@@ -123,7 +137,7 @@ bool TCompletionPopup::eventFilter(QObject* watched, QEvent* e) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Tab: return acceptCurrent();
-    case Qt::Key_Escape: deleteLater(); return true;
+    case Qt::Key_Escape: dismiss(); return true;
     default: return false;
     }
 }

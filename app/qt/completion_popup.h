@@ -23,6 +23,7 @@ public:
     static TCompletionPopup* of(TVekWinEditor* view);
     int shownCount() const { return static_cast<int>(shown_.size()); }
     bool acceptCurrent();
+    void dismiss();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* e) override;

@@ -219,7 +219,7 @@ inline constexpr MenuRow kMenuBar[] = {
     {MenuItem::Command, "WordCount", "&Word Count"},
     {MenuItem::Command, "ConvertText", "Convert &Text..."},
     {MenuItem::Command, "Spelling", "&Spelling..."},
-    {MenuItem::Action, "AutoCorrect", "&AutoCorrect..."},
+    {MenuItem::Action, "AutoCorrect", "AutoCo&rrect..."},
     kSeparator,
     {MenuItem::Command, "ToggleLineDraw", "&Line Drawing"},
     {MenuItem::Command, "LineDrawStyle", "Line Drawing St&yle..."},

@@ -73,6 +73,7 @@ QWidget* TAutoCorrectDlg::autoCorrectPage() {
     table_->setObjectName("entries");
     table_->horizontalHeader()->setVisible(false);
     table_->verticalHeader()->setVisible(false);
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 4);
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);

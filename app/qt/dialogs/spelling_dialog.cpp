@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "app/qt/dialogs/cp1252.h"
@@ -121,7 +122,10 @@ void TSpellingDlg::showWord() {
     const std::string_view line = lineText(doc, current_.line);
     setSelection(doc, makePos(columnOfOffset(line, current_.begin), current_.line),
                  makePos(columnOfOffset(line, current_.end), current_.line));
-    if (auto* view = dynamic_cast<TVekWinEditor*>(doc.view)) view->showCursorNow();
+    if (auto* view = dynamic_cast<TVekWinEditor*>(doc.view)) {
+        view->showCursorNow();
+        keepClearOf(view);
+    }
     context_->setText(contextHtml(line, current_));
     status_->clear();
     suggestions_->clear();
@@ -133,6 +137,18 @@ void TSpellingDlg::showWord() {
     else suggestions_->setCurrentRow(0);
     changeTo_->setFocus();
     changeTo_->selectAll();
+}
+
+// Moves the dialog off the word it asks about, below it or else above it.
+void TSpellingDlg::keepClearOf(TVekWinEditor* view) {
+    const QRect caret = view->caretRect();
+    if (caret.isEmpty()) return;
+    const QRect word(view->viewport()->mapToGlobal(QPoint(0, caret.top())), QSize(view->viewport()->width(), caret.height()));
+    const QRect me = frameGeometry();
+    if (!me.intersects(word)) return;
+    const QRect screen = view->screen()->availableGeometry();
+    const int below = word.bottom() + view->lineHeight();
+    move(me.left(), below + me.height() <= screen.bottom() ? below : std::max(screen.top(), word.top() - view->lineHeight() - me.height()));
 }
 
 void TSpellingDlg::answered() {

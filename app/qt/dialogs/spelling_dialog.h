@@ -14,6 +14,8 @@ class QPushButton;
 
 namespace zol {
 
+class TVekWinEditor;
+
 class TSpellingDlg : public QDialog {
     Q_OBJECT
 public:
@@ -29,6 +31,7 @@ private:
     void answered();
     void changeWord(bool all);
     void enableAnswers(bool on);
+    void keepClearOf(TVekWinEditor* view);
 
     SpellSession& session_;
     Misspelling current_;
