@@ -117,3 +117,19 @@ rm -rf "$qhome"
 echo
 echo "== user tool: 200,000 lines captured into an output document beside output to a file"
 "$root/bench/tools_bench.sh" "$root/$build/zolder"
+
+echo
+echo "== spelling of big1m.txt beside hunspell -l, and the completion popup"
+big1m=${ZOLDER_BIG1M:-/work/benchdata/big1m.txt}
+[ -f "$big1m" ] || big1m=$data/big1m.txt
+phome=$(mktemp -d)
+"$root/$build/bench/zolder_proofing_run" spell "$phome" "$big1m" 2>/dev/null
+if command -v hunspell >/dev/null; then
+  hs=$(measure sh -c "hunspell -d en_US -l '$big1m' > '$phome/words.out'")
+  awk -v h="$hs" -v s="$(stat -c %s "$big1m")" 'BEGIN{ split(h, a, " ");
+    printf "hunspell -l: %.2f s = %.1f MB/s\n", a[1], s / 1e6 / a[1]; }'
+else
+  echo "hunspell (the command) is not installed: no peer"
+fi
+"$root/$build/bench/zolder_proofing_run" popup "$phome" 2>/dev/null
+rm -rf "$phome"

@@ -248,7 +248,8 @@ std::vector<Candidate> gatherCandidates(const Document& doc, const std::vector<c
     return g.take();
 }
 
-std::vector<const Candidate*> filterCandidates(const std::vector<Candidate>& all, std::string_view prefix) {
+std::vector<const Candidate*> filterCandidates(const std::vector<Candidate>& all, std::string_view prefix,
+                                               size_t limit) {
     std::vector<const Candidate*> same, other;
     for (const Candidate& c : all) {
         if (c.text.size() < prefix.size() || (c.kind == CandidateKind::Word && c.text == prefix)) continue;
@@ -260,8 +261,14 @@ std::vector<const Candidate*> filterCandidates(const std::vector<Candidate>& all
     auto order = [](const Candidate* a, const Candidate* b) {
         return a->kind != b->kind ? a->kind < b->kind : a->text < b->text;
     };
-    std::sort(same.begin(), same.end(), order);
-    std::sort(other.begin(), other.end(), order);
+    // Only the first `limit` need their order: a popup of fifty thousand words shows a few hundred.
+    auto firstInOrder = [&](std::vector<const Candidate*>& v, size_t n) {
+        n = std::min(n, v.size());
+        std::partial_sort(v.begin(), v.begin() + static_cast<std::ptrdiff_t>(n), v.end(), order);
+        v.resize(n);
+    };
+    firstInOrder(same, limit);
+    firstInOrder(other, limit - same.size());
     same.insert(same.end(), other.begin(), other.end());
     return same;
 }

@@ -14,6 +14,7 @@
 // Lines starting with ";" or "#" are comments.
 #pragma once
 #include <cstdint>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,8 +72,9 @@ constexpr size_t kMinCompletionWord = 3;
 std::vector<Candidate> gatherCandidates(const Document& doc, const std::vector<const Document*>& others);
 // The candidates that begin with prefix, without regard to case; those in the same
 // case first, then in their order of kinds and names. The prefix itself as a plain word
-// is no candidate.
-std::vector<const Candidate*> filterCandidates(const std::vector<Candidate>& all, std::string_view prefix);
+// is no candidate. At most limit of them, the first in that order.
+std::vector<const Candidate*> filterCandidates(const std::vector<Candidate>& all, std::string_view prefix,
+                                               size_t limit = SIZE_MAX);
 
 // Replaces the prefix by the candidate as one undo step; a snippet takes the indent of
 // its line on each of its lines and puts the cursor at its mark.

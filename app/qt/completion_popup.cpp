@@ -80,13 +80,17 @@ void TCompletionPopup::refilter() {
     if (!doc) return dismiss();
     const CompletionPrefix now = completionPrefix(*doc);
     if (now.line != prefix_.line || now.begin != prefix_.begin || now.end < now.begin) return dismiss();
+    // The command that opened the popup reports itself done as well.
+    if (count() > 0 && now.text == prefix_.text) return;
     prefix_ = now;
-    shown_ = filterCandidates(all_, prefix_.text);
+    shown_ = filterCandidates(all_, prefix_.text, kMaxShown);
     if (shown_.empty()) return dismiss();
-    if (static_cast<int>(shown_.size()) > kMaxShown) shown_.resize(kMaxShown);
+    QStringList labels;
+    labels.reserve(static_cast<qsizetype>(shown_.size()));
+    for (const Candidate* c : shown_) labels.append(label(*c));
     setUpdatesEnabled(false);
     clear();
-    for (const Candidate* c : shown_) addItem(label(*c));
+    addItems(labels);
     setCurrentRow(0);
     setUpdatesEnabled(true);
     place();

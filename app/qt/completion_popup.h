@@ -16,7 +16,7 @@ class TCompletionPopup : public QListWidget {
     Q_OBJECT
 public:
     // The popup shows at most this many candidates; typing narrows the rest.
-    static constexpr int kMaxShown = 500;
+    static constexpr int kMaxShown = 200;
 
     TCompletionPopup(TVekWinEditor* view, const CompletionPrefix& prefix, std::vector<Candidate> all);
     // The popup of a view, if one is open.
