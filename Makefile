@@ -4,9 +4,9 @@ JOBS       ?= 2
 CMAKE_ARGS ?=
 
 DEPS       = cmake make g++ libgtest-dev libgmock-dev qt6-base-dev fonts-dejavu-core xvfb openbox xdotool
-DEPS      += desktop-file-utils appstream
+DEPS      += desktop-file-utils appstream libhunspell-dev hunspell-en-us pkg-config
 DEPS      += poppler-utils
-BENCH_DEPS = libbenchmark-dev python3 vim-nox time lua5.4 tcc ripgrep
+BENCH_DEPS = libbenchmark-dev python3 vim-nox time lua5.4 tcc ripgrep hunspell
 FUZZ_DEPS  = clang libclang-rt-14-dev
 # `make soak`: commands of the command soak under the sanitizers, and its seed.
 SOAK_COMMANDS ?= 1000000

@@ -27,6 +27,7 @@
 #include "platform/profile.h"
 #include "plugin/plugin_manager.h"
 #include "plugin/script_bindings.h"
+#include "proofing/commands.h"
 #include "script/macros.h"
 #include "script/run_script.h"
 #include "script/script_history.h"
@@ -132,6 +133,7 @@ void startUp(Application& app, const StartupOptions& opts) {
     registerOwnedLists();
     installConvertCommand();
     installTools();
+    installProofing();
     loadProfile();
     keyMap() = defaultKeyMap();
     macros() = MacroTable{};

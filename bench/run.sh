@@ -130,3 +130,17 @@ awk -v z="$zp" -v c="$cp_" -v s="$size" -v o="$(stat -c %s "$home/big.pdf")" 'BE
   printf "cp big.c (the disk alone): %.2f s\n", b[1];
 }'
 rm -f "$home/big.pdf" "$home/big.copy"
+echo "== spelling of big1m.txt beside hunspell -l, and the completion popup"
+big1m=${ZOLDER_BIG1M:-/work/benchdata/big1m.txt}
+[ -f "$big1m" ] || big1m=$data/big1m.txt
+phome=$(mktemp -d)
+"$root/$build/bench/zolder_proofing_run" spell "$phome" "$big1m" 2>/dev/null
+if command -v hunspell >/dev/null; then
+  hs=$(measure sh -c "hunspell -d en_US -l '$big1m' > '$phome/words.out'")
+  awk -v h="$hs" -v s="$(stat -c %s "$big1m")" 'BEGIN{ split(h, a, " ");
+    printf "hunspell -l: %.2f s = %.1f MB/s\n", a[1], s / 1e6 / a[1]; }'
+else
+  echo "hunspell (the command) is not installed: no peer"
+fi
+"$root/$build/bench/zolder_proofing_run" popup "$phome" 2>/dev/null
+rm -rf "$phome"

@@ -16,7 +16,7 @@ const NamedKey kNamedKeys[] = {
     {0x12D, "Ins"},      {0x12E, "Del"},       {0x124, "Home"},      {0x123, "End"},
     {0x121, "PageUp"},   {0x122, "PageDown"},  {0x126, "Up"},        {0x128, "Down"},
     {0x125, "Left"},     {0x127, "Right"},     {0x109, "Tab"},       {0x11B, "Esc"},
-    {0x10D, "Enter"},    {0x108, "Backspace"}, {0x16F, "NumPadDiv"}, {0x16A, "NumPadMul"},
+    {0x10D, "Enter"},    {0x108, "Backspace"}, {0x120, "Space"}, {0x16F, "NumPadDiv"}, {0x16A, "NumPadMul"},
     {0x16D, "NumPadSub"}, {0x16B, "NumPadAdd"}, {0x16E, "NumPadDec"},
 };
 

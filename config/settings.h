@@ -24,6 +24,7 @@ constexpr size_t kIncludeDirsSize = 256;
 constexpr size_t kNewFileExtSize = 32;
 constexpr size_t kPrintHeaderSize = 40;
 constexpr size_t kKeyFileNameSize = 32;
+constexpr size_t kLexiconNameSize = 260;
 
 constexpr int kFindHistoryCount = 8;
 constexpr size_t kFindHistoryMaxLen = 80;  // an entry this long or longer is dropped on load
@@ -58,6 +59,15 @@ struct PrintSettings {
     std::string fontNameKeywords;
 };
 
+// Section "Spelling".
+struct SpellingSettings {
+    std::string mainLexicon;       // a language ("en_US"), a .dic path, or the historic "spellus.lex"
+    std::string userDictionary;    // a file in the home, or a path
+    bool underlineText{};          // underline misspelt words in documents without a language
+    bool underlineSource{};        // and in comments and strings of source files
+    bool ignoreUppercase{};
+};
+
 struct Settings {
     // Every value at the default of its key.
     Settings();
@@ -87,6 +97,7 @@ struct Settings {
     std::string includeDirs;
     std::string keyMappingFile;  // a bare name
     PrintSettings printing;
+    SpellingSettings spelling;
     // "FindHistory": non-empty entries shorter than kFindHistoryMaxLen, at most
     // kFindHistoryCount each, slot 1 first.
     std::vector<std::string> findHistory;

@@ -171,6 +171,20 @@ constexpr SettingRow kRows[] = {
             "Face for comments; empty: the printer font"),
     textRow("Printing", "FontNameKeywords", FIELD(settings.printing.fontNameKeywords), "", kFontNameSize, Keep, Write,
             "Face for keywords; empty: the printer font"),
+
+    // ---- "Spelling": a list section, so written even when the options are not ----
+    textRow("Spelling", "MainLexicon", FIELD(settings.spelling.mainLexicon), "spellus.lex", kLexiconNameSize, Keep,
+            EveryTime,
+            "The spelling dictionary: a hunspell language such as en_US or de_DE, or the path of its .dic file; "
+            "spellus.lex (the default) is American English"),
+    textRow("Spelling", "UserDictionary", FIELD(settings.spelling.userDictionary), "zol.dic", kLexiconNameSize, Keep,
+            EveryTime, "The user's own words, one a line: a file in the Zolder home, or a path"),
+    flagRow("Spelling", "UnderlineText", FIELD(settings.spelling.underlineText), true, EveryTime,
+            "Underlines misspelt words in documents without a language definition"),
+    flagRow("Spelling", "UnderlineSource", FIELD(settings.spelling.underlineSource), false, EveryTime,
+            "Underlines misspelt words in the comments and strings of source files"),
+    flagRow("Spelling", "IgnoreUppercase", FIELD(settings.spelling.ignoreUppercase), true, EveryTime,
+            "Spelling passes over words in capitals only"),
 };
 
 #undef FIELD

@@ -47,6 +47,7 @@ bool installedByLayer(CommandOwner owner) {
         case CommandOwner::Syntax:
         case CommandOwner::Files:
         case CommandOwner::Tools:
+        case CommandOwner::Proofing:
         case CommandOwner::PlugIn: return true;
         default: return false;
     }

@@ -37,6 +37,7 @@ enum class CommandOwner : uint8_t {
     Syntax,
     Files,
     Tools,
+    Proofing,
     PlugIn,
     Frame,     // the desktop frame, through the view's pre-command hook; headless, nothing
     Inert,     // nothing in this build

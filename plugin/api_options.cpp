@@ -7,6 +7,7 @@
 #include "engine/shell.h"
 #include "engine/wordwrap.h"
 #include "plugin/api_guard.h"
+#include "proofing/autocorrect.h"
 
 using namespace zol;
 
@@ -14,18 +15,6 @@ namespace {
 
 constexpr int kMaxWrapColumn = 3199;
 constexpr int kMaxBlockIndent = 20;  // wider than the settings file accepts, as plug-ins always had it
-
-// The proofing options; the spelling and correction subsystem reads them.
-struct AutoCorrectOptions {
-    bool twoCapitals = true;
-    bool capitalize = true;
-    bool capsLock = true;
-    bool replaceText = true;
-};
-AutoCorrectOptions& autoCorrect() {
-    static AutoCorrectOptions o;
-    return o;
-}
 
 void redrawAll() {
     DocumentList* list = documentList();
@@ -58,10 +47,10 @@ ZOL_BOOL_OPTION(Zol_IsKeepTrailingBlanks, Zol_SetKeepTrailingBlanks, options().k
 ZOL_BOOL_OPTION(Zol_IsCursorThroughtTabs, Zol_SetCursorThroughtTabs, options().cursorThroughTabs, false)
 ZOL_BOOL_OPTION(Zol_IsBackupFiles, Zol_SetBackupFiles, options().backupFiles, false)
 ZOL_BOOL_OPTION(Zol_IsLineNumbers, Zol_SetLineNumbers, options().lineNumbers, true)
-ZOL_BOOL_OPTION(Zol_IsACorrectTwoCapitals, Zol_SetACorrectTwoCapitals, autoCorrect().twoCapitals, false)
-ZOL_BOOL_OPTION(Zol_IsACorrectCapitalize, Zol_SetACorrectCapitalize, autoCorrect().capitalize, false)
-ZOL_BOOL_OPTION(Zol_IsACorrectCapsLock, Zol_SetACorrectCapsLock, autoCorrect().capsLock, false)
-ZOL_BOOL_OPTION(Zol_IsACorrectReplaceText, Zol_SetACorrectReplaceText, autoCorrect().replaceText, false)
+ZOL_BOOL_OPTION(Zol_IsACorrectTwoCapitals, Zol_SetACorrectTwoCapitals, autoCorrect().options.twoCapitals, false)
+ZOL_BOOL_OPTION(Zol_IsACorrectCapitalize, Zol_SetACorrectCapitalize, autoCorrect().options.capitalize, false)
+ZOL_BOOL_OPTION(Zol_IsACorrectCapsLock, Zol_SetACorrectCapsLock, autoCorrect().options.capsLock, false)
+ZOL_BOOL_OPTION(Zol_IsACorrectReplaceText, Zol_SetACorrectReplaceText, autoCorrect().options.replaceText, false)
 
 #undef ZOL_BOOL_OPTION
 

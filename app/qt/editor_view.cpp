@@ -24,6 +24,8 @@
 #include "engine/selection.h"
 #include "engine/wordwrap.h"
 #include "platform/paths.h"
+#include "proofing/autocorrect.h"
+#include "proofing/underline.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
 #include "tools/message_step.h"
@@ -290,6 +292,8 @@ void TVekWinEditor::paintEvent(QPaintEvent*) {
     const int gutter = gutterWidth();
     const std::vector<Row> rows = layoutRows(firstLine_, visibleRows() + 1);
     int32_t scannedLine = -1;
+    MisspeltFinder misspelt(*doc_);
+    std::vector<WordSpan> misspeltWords;
     LineRef r = rows.empty() ? kNoLine : doc_->lines.find(rows.front().line);
     p.save();
     p.setClipRect(QRect(gutter, rulerHeight(), viewport()->width() - gutter, viewport()->height()));
@@ -303,8 +307,11 @@ void TVekWinEditor::paintEvent(QPaintEvent*) {
             const LineRef before = doc_->lines.prev(r);
             const int inComment = before != kNoLine ? doc_->lines.header(before).comment & 1 : 0;
             scanLine(table, slot, text, colourBuf_.data(), inComment);
+            misspeltWords = misspelt.line(*doc_, row.line);
         }
         paintRow(p, row, rulerHeight() + static_cast<int>(i) * lineHeight_, doc_->lines.text(r), colourBuf_.data());
+        for (const WordSpan& w : misspeltWords)
+            paintMisspelt(p, row, rulerHeight() + static_cast<int>(i) * lineHeight_, doc_->lines.text(r), w.begin, w.end);
     }
     p.restore();
 
@@ -342,6 +349,21 @@ void TVekWinEditor::paintRuler(QPainter& p) {
     const int cx = gutter + (doc_->cursor.col - firstCol_) * charWidth_;
     p.fillRect(QRect(cx, band.height() - 3, charWidth_, 3), palette().color(QPalette::Highlight));
     p.drawLine(0, band.height() - 1, band.width(), band.height() - 1);
+}
+
+// A red wave under the part of a misspelt word that lies on this row.
+void TVekWinEditor::paintMisspelt(QPainter& p, const Row& row, int y, std::string_view text, size_t begin, size_t end) {
+    begin = std::max(begin, row.begin);
+    end = std::min(end, row.end);
+    if (begin >= end) return;
+    const int leftCol = row.startCol + firstCol_;
+    const int x0 = gutterWidth() + (columnOfOffset(text, begin) - leftCol) * charWidth_;
+    const int x1 = gutterWidth() + (columnOfOffset(text, end) - leftCol) * charWidth_;
+    const int base = y + lineHeight_ - 2;
+    QPolygon wave;
+    for (int x = x0, k = 0; x <= x1; x += 2, ++k) wave << QPoint(x, base + (k % 2 ? -1 : 1));
+    p.setPen(QPen(QColor(220, 0, 0), 1));
+    p.drawPolyline(wave);
 }
 
 void TVekWinEditor::paintRow(QPainter& p, const Row& row, int y, std::string_view text, const uint8_t* colours) {
@@ -482,6 +504,7 @@ void TVekWinEditor::typeText(const QString& text) {
         pending_ = pending;
         if (cmd) runCommand(cmd, cmd == idOf(Cmd::InsertChar) ? static_cast<uint32_t>(byte) : 0);
         if (!live()) return;
+        if (cmd == idOf(Cmd::InsertChar) && autoCorrectTyped(*doc_, autoCorrect())) afterCommand();
     }
 }
 
@@ -515,6 +538,8 @@ void TVekWinEditor::keyPressEvent(QKeyEvent* e) {
     pending_ = pending;
     if (pending_) prefixKey_ = word;
     Q_EMIT statusChanged();
+    // A line break ends the word before it too.
+    if (cmd == idOf(Cmd::NewLine) && autoCorrectTyped(*doc_, autoCorrect(), false)) afterCommand();
     if (cmd) runCommand(cmd);
 }
 

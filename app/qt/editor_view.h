@@ -130,6 +130,7 @@ private:
     void pasteAt(QPoint p);
     bool onSelection(Pos p) const;
     void paintRow(QPainter& p, const Row& row, int y, std::string_view text, const uint8_t* colours);
+    void paintMisspelt(QPainter& p, const Row& row, int y, std::string_view text, size_t begin, size_t end);
 
     Document* doc_;
     QFont font_;

@@ -16,6 +16,7 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "app/qt/completion_popup.h"
 #include "app/qt/dialogs/convert_dialogs.h"
 #include "app/qt/editor_view.h"
 #include "app/qt/main_frame_util.h"
@@ -78,6 +79,7 @@ TMainFrame::TMainFrame(Application& app) : app_(app), shell_(std::make_unique<Qt
     });
     app_.mainWindow = reinterpret_cast<intptr_t>(this);
     installConvertChooser(this);
+    installProofingFrontEnd(this);
     scriptHost_ = new TScriptHost(this);
     connect(scriptHost_, &TScriptHost::editorChanged, this, &TMainFrame::syncViews);
     connect(scriptHost_, &TScriptHost::runStarted, this, [this] { scriptRunning_->setVisible(true); });

@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <QToolBar>
 
+#include "app/qt/dialogs/autocorrect_dialog.h"
 #include "app/qt/dialogs/find_files_run.h"
 #include "app/qt/dialogs/key_mapping_dialog.h"
 #include "app/qt/dialogs/options_dialog.h"
@@ -104,6 +105,10 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
              if (TSyntaxHighlightDlg::run(&f)) f.redrawViews();
          }},
         {"UserTools", [](TMainFrame& f) { TUserToolsDlg::run(&f); }},
+        {"AutoCorrect",
+         [](TMainFrame& f) {
+             if (TAutoCorrectDlg::run(&f)) f.redrawViews();
+         }},
         {"HelpOptions", [](TMainFrame& f) { THelpOptionsDlg::run(&f); }},
         {"PageSetup", [](TMainFrame& f) { TPageSetupDlg::run(&f); }},
         {"PrintPreview",

@@ -13,6 +13,8 @@ namespace zol {
 #define ZOL_HANDLER_OF_Syntax(handler)
 #define ZOL_HANDLER_OF_Files(handler)
 #define ZOL_HANDLER_OF_Tools(handler)
+#define ZOL_HANDLER_OF_Proofing(handler)
+#define ZOL_HANDLER_OF_Proofing(handler)
 #define ZOL_HANDLER_OF_PlugIn(handler)
 #define ZOL_HANDLER_OF_Frame(handler)
 #define ZOL_HANDLER_OF_Inert(handler)
@@ -23,6 +25,7 @@ namespace zol {
 #undef ZOL_HANDLER_OF_Syntax
 #undef ZOL_HANDLER_OF_Files
 #undef ZOL_HANDLER_OF_Tools
+#undef ZOL_HANDLER_OF_Proofing
 #undef ZOL_HANDLER_OF_PlugIn
 #undef ZOL_HANDLER_OF_Frame
 #undef ZOL_HANDLER_OF_Inert
