@@ -74,6 +74,12 @@ public:
     void macroCommand() override;
     void scriptCommand() override;
     void namedBookmarksDialog() override;
+    int32_t firstVisibleColumn() const override { return firstCol_; }
+    void setFirstVisibleColumn(int32_t column) override;
+    void lockUpdate() override;
+    void unlockUpdate() override;
+    intptr_t windowHandle() const override { return reinterpret_cast<intptr_t>(static_cast<const QWidget*>(this)); }
+    bool updateLocked() const { return updateLocks_ > 0; }
 
 Q_SIGNALS:
     void statusChanged();
@@ -130,6 +136,8 @@ private:
     void pasteAt(QPoint p);
     bool onSelection(Pos p) const;
     void paintRow(QPainter& p, const Row& row, int y, std::string_view text, const uint8_t* colours);
+    // Event 125: plug-ins may veto what the window is about to do.
+    bool vetoedByPlugIn(int notification);
 
     Document* doc_;
     QFont font_;
@@ -143,6 +151,7 @@ private:
     QTimer caretTimer_;
     bool caretOn_ = true;
     bool marksShown_ = false;
+    int updateLocks_ = 0;     // Zol_LockUpdate nesting
     mutable std::vector<uint8_t> colourBuf_;
 };
 
