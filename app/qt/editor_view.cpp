@@ -73,7 +73,8 @@ QFont editorFont() {
     return f;
 }
 
-TVekWinEditor::TVekWinEditor(Document* doc, QWidget* parent) : QAbstractScrollArea(parent), doc_(doc) {
+TVekWinEditor::TVekWinEditor(Document* doc, QWidget* parent)
+    : QAbstractScrollArea(parent), doc_(doc), serial_(doc->serial) {
     doc_->view = this;
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
@@ -98,7 +99,9 @@ void TVekWinEditor::detach() {
     doc_ = nullptr;
 }
 
-bool TVekWinEditor::live() const { return doc_ && (!documentAlive || documentAlive(doc_)); }
+bool TVekWinEditor::live() const {
+    return doc_ && (!documentAlive || documentAlive(doc_)) && doc_->serial == serial_;
+}
 
 void TVekWinEditor::setEditorFont(const QFont& font) {
     font_ = font;

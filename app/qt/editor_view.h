@@ -30,6 +30,9 @@ public:
     ~TVekWinEditor() override;
 
     Document* document() const { return doc_; }
+    // The document is still open, and is the one the window was made for, not a later
+    // one that took its place in memory.
+    bool live() const;
     // Cuts the tie to the document before it is destroyed.
     void detach();
 
@@ -115,7 +118,6 @@ private:
         int startCol;
         bool lastOfLine;
     };
-    bool live() const;
     bool wrapping() const;
     int wrapColumns() const;
     std::vector<size_t> rowStarts(std::string_view text) const;
@@ -140,6 +142,7 @@ private:
     bool vetoedByPlugIn(int notification);
 
     Document* doc_;
+    uint64_t serial_;
     QFont font_;
     int charWidth_ = 8, lineHeight_ = 16, ascent_ = 12;
     int32_t firstLine_ = 0;

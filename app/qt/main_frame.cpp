@@ -140,7 +140,7 @@ void TMainFrame::syncViews() {
     syncing_ = true;
     for (QMdiSubWindow* sub : mdi_->subWindowList()) {
         TVekWinEditor* v = viewIn(sub);
-        if (v && isDocument(app_, v->document())) continue;
+        if (v && v->live()) continue;
         if (v) v->detach();
         mdi_->removeSubWindow(sub);
         sub->deleteLater();
