@@ -178,6 +178,30 @@ TPlugInWindows::TPlugInWindows(QMainWindow* frame)
     frame_->addDockWidget(Qt::LeftDockWidgetArea, workspace_);
     workspace_->hide();
     workspace_->toggleViewAction()->setVisible(false);
+    frame_->installEventFilter(this);
+}
+
+// Floating windows stay above the frame, as tool windows do, also where the window
+// manager maps the frame over them.
+bool TPlugInWindows::eventFilter(QObject* watched, QEvent* e) {
+    if (watched == frame_ && e->type() == QEvent::Show) {
+        for (const QPointer<QDockWidget>& dock : floatingLater_)
+            if (dock) dock->show();
+        floatingLater_.clear();
+    } else if (watched == frame_ && e->type() == QEvent::WindowActivate) {
+        for (const Docked& d : docks_)
+            if (d.dock && d.dock->isFloating() && d.dock->isVisible()) d.dock->raise();
+    }
+    return QObject::eventFilter(watched, e);
+}
+
+void TPlugInWindows::showDock(QDockWidget* dock, bool shown) {
+    if (shown && dock->isFloating() && !frame_->isVisible()) {
+        dock->hide();
+        floatingLater_.push_back(dock);
+        return;
+    }
+    dock->setVisible(shown);
 }
 
 void TPlugInWindows::sync() {
@@ -224,7 +248,7 @@ void TPlugInWindows::placeDock(QDockWidget* dock, const PlugInWindow& w, const s
     } else {
         frame_->resizeDocks({dock}, {height}, Qt::Vertical);
     }
-    dock->show();
+    showDock(dock, true);
 }
 
 bool TPlugInWindows::restorePlace(QDockWidget* dock, const char* keyPath, const std::string& name) {
@@ -244,7 +268,7 @@ bool TPlugInWindows::restorePlace(QDockWidget* dock, const char* keyPath, const 
         frame_->resizeDocks({dock}, {sideways ? place->rect.width() : place->rect.height()},
                             sideways ? Qt::Horizontal : Qt::Vertical);
     }
-    dock->setVisible(place->shown);
+    showDock(dock, place->shown);
     return true;
 }
 

@@ -60,6 +60,9 @@ public:
 Q_SIGNALS:
     void acted();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* e) override;
+
 private:
     struct Docked {
         intptr_t handle;
@@ -73,12 +76,16 @@ private:
     void savePlace(QDockWidget* dock, const char* keyPath, const std::string& name);
     bool restorePlace(QDockWidget* dock, const char* keyPath, const std::string& name);
     void refreshWorkspace();
+    // Shows a dock now, or a floating one once the frame is up: shown before it, it
+    // would come up behind it.
+    void showDock(QDockWidget* dock, bool shown);
 
     QMainWindow* frame_;
     std::vector<Docked> docks_;
     QDockWidget* workspace_;
     QTabWidget* tabs_;
     bool workspacePlaced_ = false;
+    std::vector<QPointer<QDockWidget>> floatingLater_;
 };
 
 }  // namespace zol
