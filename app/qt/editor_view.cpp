@@ -197,6 +197,12 @@ void TVekWinEditor::unlockUpdate() {
     redraw();
 }
 
+void TVekWinEditor::releaseUpdateLocks() {
+    if (updateLocks_ == 0) return;
+    updateLocks_ = 1;
+    unlockUpdate();
+}
+
 bool TVekWinEditor::vetoedByPlugIn(int notification) {
     return sendEvent(kEventViewNotify, reinterpret_cast<intptr_t>(doc_), notification, 0, true) != 0;
 }

@@ -83,6 +83,9 @@ public:
     void unlockUpdate() override;
     intptr_t windowHandle() const override { return reinterpret_cast<intptr_t>(static_cast<const QWidget*>(this)); }
     bool updateLocked() const { return updateLocks_ > 0; }
+    // Drops every lock at once and repaints: a script that ended (or was stopped)
+    // between its lock and its unlock must not leave the window frozen.
+    void releaseUpdateLocks();
 
 Q_SIGNALS:
     void statusChanged();

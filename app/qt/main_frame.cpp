@@ -286,6 +286,8 @@ bool TMainFrame::readBlock(Document& doc) {
 
 void TMainFrame::scriptRunEnded() {
     scriptRunning_->setVisible(false);
+    for (QMdiSubWindow* sub : mdi_->subWindowList())
+        if (TVekWinEditor* v = viewIn(sub)) v->releaseUpdateLocks();
     redrawViews();
     if (closeAfterScript_ && !scriptHost_->running()) close();
 }

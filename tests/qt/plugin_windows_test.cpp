@@ -5,6 +5,7 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTreeWidget>
 
@@ -12,12 +13,14 @@
 #include "app/qt/local_text.h"
 #include "app/qt/plugin_messages.h"
 #include "app/qt/plugin_windows.h"
+#include "app/qt/script_host.h"
 #include "platform/dynlib.h"
 #include "platform/file_io.h"
 #include "platform/paths.h"
 #include "platform/registry.h"
 #include "plugin/script_handles.h"
 #include "plugin/zolder_api.h"
+#include "script/run_script.h"
 #include "tests/qt/qt_fixture.h"
 
 namespace zol::qttest {
@@ -311,6 +314,19 @@ TEST_F(PlugInWindowsTest, LockUpdateHoldsPaintingUntilTheMatchingUnlock) {
     settle();
     ASSERT_NE(frame_->viewOf(next), nullptr);
     EXPECT_FALSE(frame_->viewOf(next)->updateLocked());
+}
+
+// A script that stops between its lock and its unlock (an error, the Stop command)
+// would leave the window frozen: the end of every run lets it paint again.
+TEST_F(PlugInWindowsTest, TheEndOfAScriptRunReleasesLocks) {
+    open("a.txt", "one\n");
+    Zol_LockUpdate(&doc());
+    Zol_LockUpdate(&doc());
+    const std::string script = write("empty.c", "int main(void) { return 0; }\n").string();
+    QSignalSpy ended(&frame_->scriptHost(), &TScriptHost::runEnded);
+    ASSERT_TRUE(runScript(script, {}, "empty.c", ScriptStarter::User).detached);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.count() == 1; }, 10000));
+    EXPECT_FALSE(view()->updateLocked());
 }
 
 TEST_F(PlugInWindowsTest, ScrollPositionAndWindowHandleOfADocumentWindow) {
