@@ -21,6 +21,7 @@ inline constexpr char kCannotLoad[] =
 inline constexpr char kNotInstalled[] = "Nothing was installed.";
 // kMaxPlugIns (plugin_manager.h): the loader refuses further modules past it.
 inline constexpr char kTooManyPlugIns[] = "No more plug-ins can be loaded: at most 61 are loaded at once.";
+static_assert(kMaxPlugIns + 1 == 61, "kTooManyPlugIns names the count");
 inline constexpr char kRefusesUnload[] = "\"%s\" does not allow unloading now (XPP_CanUnload answered no). Nothing was removed.";
 inline constexpr char kCannotRemove[] = "\"%s\" was unloaded but could not be deleted from %s.";
 inline constexpr char kNoSuchModule[] = "\"%s\" is not in the plug-in folder any more.";
