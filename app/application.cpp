@@ -147,6 +147,8 @@ void startUp(Application& app, const StartupOptions& opts) {
     registerScriptBindings();
     initPlugIns();
     loadAllPlugIns(app.mainWindow);
+    // The desktop's bars are set up for the modules now loaded; the runner has none.
+    if (app.mainWindow) sendEvent(kEventToolBar, app.mainWindow);
     // The command line's files come before the start-up scripts, so that those can
     // work on them, and stay in front of what the scripts and recovery open.
     Document* last = nullptr;

@@ -24,7 +24,13 @@ enum EditorEvent : int {
     kEventDestroying = 109,
     kEventActivated = 120,
     kEventDeactivated = 121,
-    kEventViewNotify = 125,       // non-zero answer vetoes
+    kEventViewNotify = 125,       // (document, ViewNotification, 0); non-zero answer vetoes
+};
+
+// What a document window is about to do when it sends kEventViewNotify.
+enum ViewNotification : int {
+    kViewContextMenu = 1,  // open its context menu
+    kViewDoubleClick = 2,  // select the word double-clicked
 };
 
 // With stopOnNonZero the first non-zero answer ends the round and is returned;

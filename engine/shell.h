@@ -164,6 +164,9 @@ public:
     // "ReplacePrompt": whether to replace the hit selected in doc. Without a dialog
     // nothing is replaced.
     virtual ReplacePromptAnswer replacePrompt(Document& /*doc*/) { return ReplacePromptAnswer::Cancel; }
+    // A plug-in's window (by the plug-in's own number for it) wants painting again.
+    // A shell without windows has none to paint.
+    virtual void redrawPlugInWindow(intptr_t /*handle*/) {}
 };
 
 // One document window. Every hook has a harmless default so that documents can
@@ -188,6 +191,15 @@ public:
     virtual void scriptCommand() {}
     // "Bookmarks" opens the list of named bookmarks.
     virtual void namedBookmarksDialog() {}
+    // First visible column (0-based), as firstVisibleLine; 0 while the view wraps.
+    virtual int32_t firstVisibleColumn() const { return 0; }
+    virtual void setFirstVisibleColumn(int32_t /*column*/) {}
+    // Painting is held back from the first lock to the unlock that matches it, which
+    // repaints; an unlock without a lock only repaints.
+    virtual void lockUpdate() {}
+    virtual void unlockUpdate() { redraw(); }
+    // The window's handle as plug-ins see it (never the document's); 0 for none.
+    virtual intptr_t windowHandle() const { return 0; }
 };
 
 // The application's shell. Until one is installed a silent one answers every

@@ -2,9 +2,11 @@
 #include <algorithm>
 
 #include "engine/doc_access.h"
+#include "engine/line_capacity.h"
 #include "engine/executor.h"
 #include "engine/shell.h"
 #include "plugin/api_guard.h"
+#include "plugin/view_records.h"
 
 using namespace zol;
 
@@ -37,18 +39,27 @@ void ZOLAPI Zol_GetWndScrollPos(HDOC h, int* col, int* line) {
     guardedVoid([&] {
         Document* doc = docOf(h);
         if (!doc) return writePair(col, line, 0, 0);
-        // Views scroll by lines only; the first visible column is always the first.
-        const int32_t top = doc->view ? doc->view->firstVisibleLine() : 0;
-        writePair(col, line, 1, top + 1);
+        if (const EditorView* v = doc->view) return writePair(col, line, v->firstVisibleColumn() + 1, v->firstVisibleLine() + 1);
+        const ViewRecord& r = viewRecord(*doc);
+        writePair(col, line, r.column + 1, r.line + 1);
     });
 }
 
+// A place past the text is brought back to its last line and widest column, as the
+// view's scroll bars would.
 void ZOLAPI Zol_SetWndScrollPos(HDOC h, int col, int line) {
     guardedVoid([&] {
         Document* doc = docOf(h);
-        if (!doc || col < 1 || line < 1 || !doc->view) return;
-        doc->view->setFirstVisibleLine(std::min<int32_t>(line - 1, lastLine(*doc)));
-        doc->view->redraw();
+        if (!doc || col < 1 || line < 1) return;
+        const int32_t top = std::min<int32_t>(line - 1, lastLine(*doc));
+        const int32_t left = std::min<int32_t>(col - 1, kMaxColumns - 1);
+        if (EditorView* v = doc->view) {
+            v->setFirstVisibleLine(top);
+            v->setFirstVisibleColumn(left);
+            v->redraw();
+            return;
+        }
+        viewRecord(*doc) = ViewRecord{left, top};
     });
 }
 

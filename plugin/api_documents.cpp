@@ -115,8 +115,10 @@ void ZOLAPI Zol_DestroyDocument(HDOC h) {
 }
 
 ZOL_WND ZOLAPI Zol_GetDocWndHandle(HDOC h) {
-    // A document's window is known to the desktop shell only; its handle is the document.
-    return guarded<ZOL_WND>(0, [&] { return reinterpret_cast<ZOL_WND>(docOf(h)); });
+    return guarded<ZOL_WND>(0, [&]() -> ZOL_WND {
+        const Document* doc = docOf(h);
+        return doc && doc->view ? doc->view->windowHandle() : 0;
+    });
 }
 
 int ZOLAPI Zol_GetNumberOfDocuments(void) {

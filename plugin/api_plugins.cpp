@@ -1,11 +1,14 @@
 // Services for plug-ins (XPZ_): commands, keys, scripts, windows and the modules.
+#include <algorithm>
 #include <string>
 
 #include "config/keymap.h"
 #include "engine/document_list.h"
 #include "platform/paths.h"
 #include "plugin/api_guard.h"
+#include "engine/shell.h"
 #include "plugin/plugin_manager.h"
+#include "plugin/plugin_windows.h"
 #include "script/run_script.h"
 
 using namespace zol;
@@ -13,6 +16,7 @@ using namespace zol;
 namespace {
 
 constexpr int kMaxDockPosition = 4;
+constexpr uint32_t kRgbMask = 0xFFFFFF;
 constexpr const char* kPlugInFolder = "PlugIns";
 
 std::string orEmpty(const char* s) { return s ? s : ""; }
@@ -57,7 +61,13 @@ BOOL ZOLAPI XPZ_ExecScript(const char* path, const char* arguments) {
 
 BOOL ZOLAPI XPZ_AddViewToWorkspace(ZOL_MODULE module, ZOL_WND view, const char* title, int /*image*/,
                                    ZOL_PARAM /*data*/) {
-    return guarded<BOOL>(0, [&] { return addPlugInWindow(module, view, false, orEmpty(title)) != 0; });
+    return guarded<BOOL>(0, [&] {
+        PlugInWindow w;
+        w.module = module;
+        w.handle = view;
+        w.title = orEmpty(title);
+        return addPlugInWindow(w) != 0;
+    });
 }
 
 BOOL ZOLAPI XPZ_RemoveViewFromWorkspace(ZOL_WND view) {
@@ -69,12 +79,57 @@ ZOL_WND ZOLAPI XPZ_CreateDockableWindow(const ZOL_DOCKABLE_WINDOW* d) {
         if (!d || !d->module || !d->window || !d->title) return 0;
         if (d->dockPosition < 0 || d->dockPosition > kMaxDockPosition) return 0;
         if (d->allowedPositions < 0 || d->allowedPositions > kMaxDockPosition) return 0;
-        return addPlugInWindow(d->module, d->window, true, d->title);
+        PlugInWindow w;
+        w.module = d->module;
+        w.handle = d->window;
+        w.dockable = true;
+        w.title = d->title;
+        w.dockPosition = d->dockPosition;
+        w.allowedPositions = d->allowedPositions;
+        w.width = std::max(0, d->width);
+        w.height = std::max(0, d->height);
+        return addPlugInWindow(w);
     });
 }
 
 BOOL ZOLAPI XPZ_DestroyDockableWindow(ZOL_WND window) {
     return guarded<BOOL>(0, [&] { return window && removePlugInWindow(window); });
+}
+
+BOOL ZOLAPI XPZ_RedrawWindow(ZOL_WND window) {
+    return guarded<BOOL>(0, [&]() -> BOOL {
+        if (!window || !findPlugInWindow(window)) return 0;
+        shell().redrawPlugInWindow(window);
+        return 1;
+    });
+}
+
+void ZOLAPI XPZ_CanvasFill(void* canvas, int x, int y, int width, int height, long rgb) {
+    guardedVoid([&] {
+        if (PlugInCanvas* c = activeCanvas(canvas); c && width > 0 && height > 0)
+            c->fill(x, y, width, height, static_cast<uint32_t>(rgb) & kRgbMask);
+    });
+}
+
+int ZOLAPI XPZ_CanvasText(void* canvas, int x, int y, const char* text, long rgb) {
+    return guarded<int>(0, [&] {
+        PlugInCanvas* c = activeCanvas(canvas);
+        return c && text ? c->text(x, y, text, static_cast<uint32_t>(rgb) & kRgbMask) : 0;
+    });
+}
+
+int ZOLAPI XPZ_CanvasLineHeight(void* canvas) {
+    return guarded<int>(0, [&] {
+        PlugInCanvas* c = activeCanvas(canvas);
+        return c ? c->lineHeight() : 0;
+    });
+}
+
+long ZOLAPI XPZ_CanvasColor(void* canvas, int which) {
+    return guarded<long>(0, [&] {
+        PlugInCanvas* c = activeCanvas(canvas);
+        return c ? static_cast<long>(c->color(which)) : 0L;
+    });
 }
 
 ZOL_MODULE ZOLAPI XPZ_GetPlugInInstance(const char* name, int /*reserved*/) {

@@ -39,10 +39,15 @@ int ZOLAPI Zol_EdCmd(HDOC h, int command, int param) {
 }
 
 // Repainting is the view's business; a document without a view has nothing to hold back.
-void ZOLAPI Zol_LockUpdate(HDOC /*h*/) {}
+void ZOLAPI Zol_LockUpdate(HDOC h) {
+    guardedVoid([&] {
+        if (Document* doc = docOf(h); doc && doc->view) doc->view->lockUpdate();
+    });
+}
+
 void ZOLAPI Zol_UnlockUpdate(HDOC h) {
     guardedVoid([&] {
-        if (Document* doc = docOf(h); doc && doc->view) doc->view->redraw();
+        if (Document* doc = docOf(h); doc && doc->view) doc->view->unlockUpdate();
     });
 }
 

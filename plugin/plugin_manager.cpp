@@ -13,6 +13,7 @@
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
 #include "plugin/api_version.h"
+#include "plugin/view_records.h"
 
 namespace zol {
 namespace {
@@ -24,6 +25,8 @@ constexpr const char* kSdkModule = "sdk.zop";
 using XppCanUnload = int (*)();
 using XppUnload = void (*)(intptr_t owner);
 using XppOnMenuCommand = void (*)(int itemId, intptr_t reserved);
+using XppOnMenuHelp = void (*)(int helpContext, int itemId);
+using XppWindowEntry = void (*)(intptr_t window);
 
 template <class Fn>
 Fn entry(LibraryHandle lib, const char* name) {
@@ -44,7 +47,9 @@ void removeModule(PlugInManager& m, LibraryHandle module) {
 }
 
 intptr_t onEvent(int event, intptr_t p1, intptr_t p2, intptr_t p3, bool stopOnNonZero) {
-    return broadcastEvent(event, p1, p2, p3, stopOnNonZero);
+    const intptr_t answer = broadcastEvent(event, p1, p2, p3, stopOnNonZero);
+    if (event == kEventDestroying) forgetViewRecord(reinterpret_cast<const Document*>(p1));
+    return answer;
 }
 
 int cmdPlugInCommandId(Document& doc, const CommandCall& call) {
@@ -244,12 +249,39 @@ bool runPlugInMenuItem(int number) {
     return true;
 }
 
-intptr_t addPlugInWindow(LibraryHandle module, intptr_t handle, bool dockable, const std::string& title) {
+intptr_t addPlugInWindow(const PlugInWindow& window) {
     PlugInManager& m = plugInManager();
-    if (!findPlugIn(module) || !handle) return 0;
-    m.windows.push_back(PlugInWindow{module, handle, dockable, title});
+    if (!findPlugIn(window.module) || !window.handle || findPlugInWindow(window.handle)) return 0;
+    m.windows.push_back(window);
     shell().plugInsChanged();
-    return handle;
+    return window.handle;
+}
+
+const PlugInWindow* findPlugInWindow(intptr_t handle) {
+    for (const PlugInWindow& w : plugInManager().windows)
+        if (w.handle == handle) return &w;
+    return nullptr;
+}
+
+bool plugInHasEntry(LibraryHandle module, const char* name) {
+    return findPlugIn(module) && librarySymbol(module, name);
+}
+
+bool callPlugInWindowEntry(LibraryHandle module, const char* name, intptr_t window) {
+    if (!findPlugIn(module)) return false;
+    auto fn = entry<XppWindowEntry>(module, name);
+    if (!fn) return false;
+    fn(window);
+    return true;
+}
+
+bool runPlugInMenuHelp(int number) {
+    const PlugInCommand* c = findPlugInCommand(number);
+    if (!c || !c->module) return false;
+    auto onHelp = entry<XppOnMenuHelp>(c->module, "XPP_OnMenuHelp");
+    if (!onHelp) return false;
+    onHelp(number, c->itemId);
+    return true;
 }
 
 bool removePlugInWindow(intptr_t handle) {

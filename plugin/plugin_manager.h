@@ -50,9 +50,12 @@ struct PlugInCommand {
 // A workspace view or dockable window a module created; the desktop shell shows it.
 struct PlugInWindow {
     LibraryHandle module = nullptr;
-    intptr_t handle = 0;             // what the module was given (never 0)
+    intptr_t handle = 0;             // the module's own number for it (never 0)
     bool dockable = false;           // else a workspace view
     std::string title;
+    int dockPosition = 0;            // ZOL_DOCK_ value: where it first appears
+    int allowedPositions = 0;        // ZOL_ALLOW_ value
+    int width = 0, height = 0;       // first size, 0 for the shell's choice
 };
 
 struct PlugInManager {
@@ -93,9 +96,20 @@ intptr_t runPlugInCommand(int number, Document* doc);
 // A menu item added with a command was chosen; false when its module is gone.
 bool runPlugInMenuItem(int number);
 
-// Windows of modules: add returns the handle, 0 when module is not loaded.
-intptr_t addPlugInWindow(LibraryHandle module, intptr_t handle, bool dockable, const std::string& title);
+// Windows of modules: add returns the handle, 0 when the module is not loaded or the
+// handle is 0 or already taken.
+intptr_t addPlugInWindow(const PlugInWindow& window);
 bool removePlugInWindow(intptr_t handle);
+const PlugInWindow* findPlugInWindow(intptr_t handle);
+
+// Entry points looked up by name when needed (XPP_About, XPP_Help, XPP_Options ...).
+bool plugInHasEntry(LibraryHandle module, const char* name);
+// Calls one of the entry points that take a window (the plug-in list dialog's buttons);
+// false when the module is gone or lacks it.
+bool callPlugInWindowEntry(LibraryHandle module, const char* name, intptr_t window);
+// Help on the menu item of a plug-in command: XPP_OnMenuHelp(number, itemId); false
+// when its module is gone or has no help.
+bool runPlugInMenuHelp(int number);
 
 // Makes the manager the listener of editor events and installs the handlers of the
 // plug-in editor commands.

@@ -79,7 +79,11 @@ typedef int BOOL;
 #define ZOL_EV_DOC_DESTROYING 109
 #define ZOL_EV_DOC_ACTIVATED 120
 #define ZOL_EV_DOC_DEACTIVATED 121
-#define ZOL_EV_VIEW_NOTIFY 125       /* non-zero answer vetoes */
+#define ZOL_EV_VIEW_NOTIFY 125       /* (document, ZOL_VIEW_..., 0); non-zero answer vetoes */
+
+/* What a document window tells with ZOL_EV_VIEW_NOTIFY, its parameter 2. */
+#define ZOL_VIEW_CONTEXT_MENU 1  /* its context menu is about to open; non-zero: it does not */
+#define ZOL_VIEW_DOUBLE_CLICK 2  /* a double click is about to select the word; non-zero: it does not */
 
 /* Command ids the program itself sends to XPP_OnEditorCommand. */
 #define ZOL_CMD_DOC_WINDOW_CLOSED 254
@@ -100,6 +104,9 @@ void ZOLAPI XPP_Unload(ZOL_PARAM owner);
 void ZOLAPI XPP_Help(ZOL_WND dialog);
 void ZOLAPI XPP_About(ZOL_WND dialog);
 void ZOLAPI XPP_Options(ZOL_WND dialog);
+/* The plug-in's dockable windows and workspace views, which it paints itself. */
+void ZOLAPI XPP_OnPaintWindow(ZOL_WND window, void *canvas, int width, int height);
+void ZOLAPI XPP_OnWindowMouse(ZOL_WND window, int event, int x, int y);
 
 /* Application and dialogs. */
 ZOL_EXPORT int ZOLAPI Zol_GetVersion(void); /* (major << 8) | minor */
@@ -139,6 +146,8 @@ ZOL_EXPORT HDOC ZOLAPI Zol_NewDocument(void);
 ZOL_EXPORT HDOC ZOLAPI Zol_OpenDocument(const char *path);
 ZOL_EXPORT BOOL ZOLAPI Zol_CloseDocument(HDOC doc);
 ZOL_EXPORT void ZOLAPI Zol_DestroyDocument(HDOC doc);
+/* the window showing the document, never equal to the document's handle; 0 for a
+ * document without one (the headless runner has none) */
 ZOL_EXPORT ZOL_WND ZOLAPI Zol_GetDocWndHandle(HDOC doc);
 ZOL_EXPORT int ZOLAPI Zol_GetNumberOfDocuments(void);
 ZOL_EXPORT HDOC ZOLAPI Zol_GetFirstDocument(void);
@@ -167,6 +176,7 @@ ZOL_EXPORT BOOL ZOLAPI Zol_IsMacroRunning(HDOC doc);
 /* Editor commands and redraw. */
 ZOL_EXPORT void ZOLAPI Zol_EditorCommand(HDOC doc, int command, int param);
 ZOL_EXPORT int ZOLAPI Zol_EdCmd(HDOC doc, int command, int param);
+/* Locks nest: the window paints again at the unlock that matches the first lock. */
 ZOL_EXPORT void ZOLAPI Zol_LockUpdate(HDOC doc);
 ZOL_EXPORT void ZOLAPI Zol_UnlockUpdate(HDOC doc);
 ZOL_EXPORT void ZOLAPI Zol_RedrawWindow(HDOC doc);
@@ -291,8 +301,36 @@ ZOL_EXPORT BOOL ZOLAPI XPZ_AddViewToWorkspace(ZOL_MODULE module, ZOL_WND view, c
                                               int image, ZOL_PARAM data);
 ZOL_EXPORT BOOL ZOLAPI XPZ_RemoveViewFromWorkspace(ZOL_WND view);
 
+/* Dockable windows and workspace views. The window a plug-in names to
+ * XPZ_CreateDockableWindow or XPZ_AddViewToWorkspace is a number of its own choosing,
+ * which no other window of the program may have: the address of one of its own static
+ * variables is such a number. Zolder makes the window and has the plug-in fill it:
+ * XPP_OnPaintWindow(window, canvas, width, height) whenever it must be painted, with a
+ * canvas that the XPZ_Canvas functions draw on until that call returns, and
+ * XPP_OnWindowMouse(window, event, x, y) when the user clicks in it. Coordinates are
+ * pixels from the window's top left corner; colours are 0xRRGGBB. */
+#define ZOL_DOCK_LEFT 0     /* dockPosition: where the window first appears */
+#define ZOL_DOCK_TOP 1
+#define ZOL_DOCK_RIGHT 2
+#define ZOL_DOCK_BOTTOM 3
+#define ZOL_DOCK_FLOAT 4    /* a window of its own */
+#define ZOL_ALLOW_ANY 0         /* allowedPositions: any side */
+#define ZOL_ALLOW_LEFT_RIGHT 1
+#define ZOL_ALLOW_TOP_BOTTOM 2
+#define ZOL_ALLOW_START_SIDE 3  /* the side of dockPosition only */
+#define ZOL_ALLOW_FLOAT_ONLY 4  /* never docked */
+#define ZOL_MOUSE_CLICK 1       /* XPP_OnWindowMouse events */
+#define ZOL_MOUSE_DOUBLE_CLICK 2
+#define ZOL_MOUSE_RIGHT_CLICK 3
+#define ZOL_COLOR_WINDOW 0      /* XPZ_CanvasColor: the desktop theme's colours */
+#define ZOL_COLOR_TEXT 1
+#define ZOL_COLOR_HIGHLIGHT 2
+#define ZOL_COLOR_HIGHLIGHT_TEXT 3
+
 /* The record XPZ_CreateDockableWindow takes: module, window and title must be set;
- * the dock positions are 0..4. */
+ * dockPosition is a ZOL_DOCK_ value, allowedPositions a ZOL_ALLOW_ value; width and
+ * height are the first size in pixels (0: Zolder's choice). Zolder remembers where the
+ * user puts the window, by module file and title, and brings it back there. */
 typedef struct ZOL_DOCKABLE_WINDOW {
     ZOL_MODULE module;
     ZOL_WND window;
@@ -305,6 +343,15 @@ typedef struct ZOL_DOCKABLE_WINDOW {
 } ZOL_DOCKABLE_WINDOW;
 ZOL_EXPORT ZOL_WND ZOLAPI XPZ_CreateDockableWindow(const ZOL_DOCKABLE_WINDOW *description);
 ZOL_EXPORT BOOL ZOLAPI XPZ_DestroyDockableWindow(ZOL_WND window);
+/* Has a dockable window or workspace view painted again soon; 0 when there is none. */
+ZOL_EXPORT BOOL ZOLAPI XPZ_RedrawWindow(ZOL_WND window);
+/* Drawing while XPP_OnPaintWindow runs; any other canvas is ignored (0 results).
+ * Text is Windows-1252, drawn with its top left corner at x, y; XPZ_CanvasText
+ * returns its width in pixels. */
+ZOL_EXPORT void ZOLAPI XPZ_CanvasFill(void *canvas, int x, int y, int width, int height, long rgb);
+ZOL_EXPORT int ZOLAPI XPZ_CanvasText(void *canvas, int x, int y, const char *text, long rgb);
+ZOL_EXPORT int ZOLAPI XPZ_CanvasLineHeight(void *canvas);
+ZOL_EXPORT long ZOLAPI XPZ_CanvasColor(void *canvas, int which);
 ZOL_EXPORT ZOL_MODULE ZOLAPI XPZ_GetPlugInInstance(const char *name, int reserved);
 ZOL_EXPORT BOOL ZOLAPI XPZ_IsPlugInLoaded(const char *name, int reserved);
 ZOL_EXPORT ZOL_MODULE ZOLAPI XPZ_GetProgramInstance(void);

@@ -19,6 +19,7 @@
 #include "config/settings.h"
 #include "engine/columns.h"
 #include "engine/command_table.h"
+#include "engine/editor_events.h"
 #include "engine/executor.h"
 #include "engine/options.h"
 #include "engine/selection.h"
@@ -74,7 +75,8 @@ QFont editorFont() {
     return f;
 }
 
-TVekWinEditor::TVekWinEditor(Document* doc, QWidget* parent) : QAbstractScrollArea(parent), doc_(doc) {
+TVekWinEditor::TVekWinEditor(Document* doc, QWidget* parent)
+    : QAbstractScrollArea(parent), doc_(doc), serial_(doc->serial) {
     doc_->view = this;
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
@@ -99,7 +101,9 @@ void TVekWinEditor::detach() {
     doc_ = nullptr;
 }
 
-bool TVekWinEditor::live() const { return doc_ && (!documentAlive || documentAlive(doc_)); }
+bool TVekWinEditor::live() const {
+    return doc_ && (!documentAlive || documentAlive(doc_)) && doc_->serial == serial_;
+}
 
 void TVekWinEditor::setEditorFont(const QFont& font) {
     font_ = font;
@@ -174,6 +178,35 @@ void TVekWinEditor::setFirstVisibleLine(int32_t line) {
     firstLine_ = std::clamp<int32_t>(line, 0, lastLine(*doc_));
     updateScrollBars();
     viewport()->update();
+}
+
+void TVekWinEditor::setFirstVisibleColumn(int32_t column) {
+    if (!live() || wrapping()) return;
+    firstCol_ = std::clamp<int32_t>(column, 0, std::max(0, kMaxColumns - visibleColumns() / 2));
+    updateScrollBars();
+    viewport()->update();
+}
+
+// Held back painting shows nothing at all of what happens meanwhile, not even the
+// scroll bars moving; the last unlock brings everything up to date at once.
+void TVekWinEditor::lockUpdate() {
+    if (updateLocks_++ == 0) setUpdatesEnabled(false);
+}
+
+void TVekWinEditor::unlockUpdate() {
+    if (updateLocks_ > 0 && --updateLocks_ > 0) return;
+    setUpdatesEnabled(true);
+    redraw();
+}
+
+void TVekWinEditor::releaseUpdateLocks() {
+    if (updateLocks_ == 0) return;
+    updateLocks_ = 1;
+    unlockUpdate();
+}
+
+bool TVekWinEditor::vetoedByPlugIn(int notification) {
+    return sendEvent(kEventViewNotify, reinterpret_cast<intptr_t>(doc_), notification, 0, true) != 0;
 }
 
 void TVekWinEditor::updateScrollBars() {
@@ -633,6 +666,7 @@ void TVekWinEditor::contextMenuEvent(QContextMenuEvent* e) {
     } else {
         at = viewport()->mapToGlobal(caretRect().bottomLeft());
     }
+    if (vetoedByPlugIn(kViewContextMenu) || !live()) return;
     const std::unique_ptr<QMenu> menu(contextMenu(this));
     if (menu) menu->exec(at);
 }
@@ -666,6 +700,7 @@ void TVekWinEditor::mouseDoubleClickEvent(QMouseEvent* e) {
     dragging_ = false;
     // A message line of an output document goes to the place it names.
     if (doc_->outputWindow && messageAt(*doc_, doc_->cursor.line)) return;
+    if (vetoedByPlugIn(kViewDoubleClick) || !live()) return;
     runCommand(idOf(Cmd::SelectWord));
 }
 

@@ -30,6 +30,9 @@ public:
     ~TVekWinEditor() override;
 
     Document* document() const { return doc_; }
+    // The document is still open, and is the one the window was made for, not a later
+    // one that took its place in memory.
+    bool live() const;
     // Cuts the tie to the document before it is destroyed.
     void detach();
 
@@ -74,6 +77,15 @@ public:
     void macroCommand() override;
     void scriptCommand() override;
     void namedBookmarksDialog() override;
+    int32_t firstVisibleColumn() const override { return firstCol_; }
+    void setFirstVisibleColumn(int32_t column) override;
+    void lockUpdate() override;
+    void unlockUpdate() override;
+    intptr_t windowHandle() const override { return reinterpret_cast<intptr_t>(static_cast<const QWidget*>(this)); }
+    bool updateLocked() const { return updateLocks_ > 0; }
+    // Drops every lock at once and repaints: a script that ended (or was stopped)
+    // between its lock and its unlock must not leave the window frozen.
+    void releaseUpdateLocks();
 
 Q_SIGNALS:
     void statusChanged();
@@ -109,7 +121,6 @@ private:
         int startCol;
         bool lastOfLine;
     };
-    bool live() const;
     bool wrapping() const;
     int wrapColumns() const;
     std::vector<size_t> rowStarts(std::string_view text) const;
@@ -131,8 +142,11 @@ private:
     bool onSelection(Pos p) const;
     void paintRow(QPainter& p, const Row& row, int y, std::string_view text, const uint8_t* colours);
     void paintMisspelt(QPainter& p, const Row& row, int y, std::string_view text, size_t begin, size_t end);
+    // Event 125: plug-ins may veto what the window is about to do.
+    bool vetoedByPlugIn(int notification);
 
     Document* doc_;
+    uint64_t serial_;
     QFont font_;
     int charWidth_ = 8, lineHeight_ = 16, ascent_ = 12;
     int32_t firstLine_ = 0;
@@ -144,6 +158,7 @@ private:
     QTimer caretTimer_;
     bool caretOn_ = true;
     bool marksShown_ = false;
+    int updateLocks_ = 0;     // Zol_LockUpdate nesting
     mutable std::vector<uint8_t> colourBuf_;
 };
 

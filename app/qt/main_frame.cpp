@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QStyle>
@@ -24,6 +25,7 @@
 #include "app/qt/help_lookup.h"
 #include "app/qt/help_window.h"
 #include "app/qt/print_run.h"
+#include "app/qt/plugin_windows.h"
 #include "app/qt/qt_shell.h"
 #include "app/qt/script_host.h"
 #include "config/recent_files.h"
@@ -31,6 +33,7 @@
 #include "config/settings.h"
 #include "engine/command_table.h"
 #include "engine/edit.h"
+#include "engine/editor_events.h"
 #include "engine/executor.h"
 #include "engine/options.h"
 #include "engine/selection.h"
@@ -39,6 +42,7 @@
 #include "files/textfile.h"
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
+#include "plugin/plugin_manager.h"
 
 namespace zol {
 namespace {
@@ -65,6 +69,11 @@ TMainFrame::TMainFrame(Application& app) : app_(app), shell_(std::make_unique<Qt
         }
         refreshStatus();
         refreshDocumentBar();
+    });
+    plugInWindows_ = new TPlugInWindows(this);
+    connect(plugInWindows_, &TPlugInWindows::acted, this, [this] {
+        syncViews();
+        redrawViews();
     });
     buildMenus();
     buildToolBars();
@@ -136,7 +145,7 @@ void TMainFrame::syncViews() {
     syncing_ = true;
     for (QMdiSubWindow* sub : mdi_->subWindowList()) {
         TVekWinEditor* v = viewIn(sub);
-        if (v && isDocument(app_, v->document())) continue;
+        if (v && v->live()) continue;
         if (v) v->detach();
         mdi_->removeSubWindow(sub);
         sub->deleteLater();
@@ -283,6 +292,8 @@ bool TMainFrame::readBlock(Document& doc) {
 
 void TMainFrame::scriptRunEnded() {
     scriptRunning_->setVisible(false);
+    for (QMdiSubWindow* sub : mdi_->subWindowList())
+        if (TVekWinEditor* v = viewIn(sub)) v->releaseUpdateLocks();
     redrawViews();
     if (closeAfterScript_ && !scriptHost_->running()) close();
 }
@@ -371,10 +382,22 @@ void TMainFrame::closeEvent(QCloseEvent* e) {
             return;
         }
     }
+    // The closing round that shutDown ends with 4 and 3: the plug-ins' windows are
+    // still up at 1, and their places recorded by 2.
+    sendEvent(kEventFrameGroupOpen);
+    plugInWindows_->savePlaces();
+    sendEvent(kEventFrameGroupNext);
     e->accept();
 }
 
 bool TMainFrame::eventFilter(QObject* watched, QEvent* e) {
+    // F1 on a plug-in's menu item asks its module for help on it.
+    if (watched == plugInMenu_ && e->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(e)->key() == Qt::Key_F1) {
+        if (QAction* a = plugInMenu_->activeAction(); a && a->data().isValid() && runPlugInMenuHelp(a->data().toInt())) {
+            plugInMenu_->close();
+            return true;
+        }
+    }
     if (e->type() == QEvent::Close) {
         if (auto* sub = qobject_cast<QMdiSubWindow*>(watched)) {
             e->ignore();

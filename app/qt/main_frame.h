@@ -29,6 +29,7 @@ namespace zol {
 
 class TVekWinEditor;
 class TScriptHost;
+class TPlugInWindows;
 class QtShell;
 struct PaletteEntry;
 
@@ -67,6 +68,9 @@ public:
     void syncViews();
     void showMessage(const QString& text);
     void rebuildPlugInMenu();
+    // The plug-ins' commands or windows changed: their windows and menu items follow.
+    void plugInsChanged();
+    TPlugInWindows& plugInWindows() { return *plugInWindows_; }
     // Reopens the documents of the last session ("SaveDesktop") and the "AutoLoad" list.
     void restoreDesktop();
     // Records the open documents and the window placement for the next session.
@@ -163,6 +167,9 @@ private:
     std::map<std::string, QMenu*> menus_;
     QMenu* recentMenu_ = nullptr;
     QMenu* plugInMenu_ = nullptr;
+    // The Plug-Ins menu's own rows (the menu table's) come after the plug-ins' items.
+    QAction* plugInMenuRows_ = nullptr;
+    TPlugInWindows* plugInWindows_ = nullptr;
     QAction* tabsAction_ = nullptr;
     QAction* paletteAction_ = nullptr;
     QList<QAction*> windowItems_;

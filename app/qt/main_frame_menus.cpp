@@ -13,6 +13,7 @@
 #include "app/qt/dialogs/find_files_run.h"
 #include "app/qt/dialogs/key_mapping_dialog.h"
 #include "app/qt/dialogs/options_dialog.h"
+#include "app/qt/dialogs/plugin_dialogs.h"
 #include "app/qt/dialogs/syntax_dialog.h"
 #include "app/qt/dialogs/tool_dialogs.h"
 #include "app/qt/help_lookup.h"
@@ -22,6 +23,7 @@
 #include "app/qt/messages.h"
 #include "app/qt/print_preview.h"
 #include "app/qt/print_setup.h"
+#include "app/qt/plugin_windows.h"
 #include "app/qt/qt_shell.h"
 #include "app/qt/script_host.h"
 #include "app/version.h"
@@ -123,6 +125,16 @@ std::span<const TMainFrame::FrameAction> TMainFrame::frameActions() {
         {"CustomizeMacroMenu", [](TMainFrame& f) { f.customizeMacroMenu(); }},
         {"ScriptWizard", [](TMainFrame& f) { f.scriptWizard(); }},
         {"StopScript", [](TMainFrame& f) { f.scriptHost().stop(); }},
+        {"AddRemovePlugIns",
+         [](TMainFrame& f) {
+             TAddRemovePlugInsDlg::run(&f);
+             f.syncViews();
+         }},
+        {"AboutPlugIns",
+         [](TMainFrame& f) {
+             TAboutPlugInsDlg::run(&f);
+             f.syncViews();
+         }},
     };
     return table;
 }
@@ -175,6 +187,10 @@ void TMainFrame::buildMenus() {
     }
     recentMenu_ = menu("RecentFiles");
     plugInMenu_ = menu("PlugIns");
+    if (plugInMenu_) {
+        plugInMenuRows_ = plugInMenu_->actions().value(0);
+        plugInMenu_->installEventFilter(this);
+    }
     if (QMenu* window = menu("Window")) connect(window, &QMenu::aboutToShow, this, &TMainFrame::refreshWindowMenu);
     if (QMenu* macros = menu("Macros")) connect(macros, &QMenu::aboutToShow, this, &TMainFrame::rebuildMacroMenu);
     if (QMenu* help = menu("Help")) connect(help, &QMenu::aboutToShow, this, [help] { refreshExternHelp(help); });
@@ -212,13 +228,26 @@ void TMainFrame::refreshRecentMenu() {
     if (files.empty()) recentMenu_->addAction(QString::fromLatin1(qtmsg::kNoRecentFiles))->setEnabled(false);
 }
 
+void TMainFrame::plugInsChanged() {
+    plugInWindows_->sync();
+    rebuildPlugInMenu();
+}
+
+// The plug-ins' items, then the show/hide items of their windows, above the menu's own
+// rows. Items may go while one of them runs: they are deleted later.
 void TMainFrame::rebuildPlugInMenu() {
     if (!plugInMenu_) return;
-    plugInMenu_->clear();
+    for (QAction* a : plugInMenu_->actions()) {
+        if (a == plugInMenuRows_) break;
+        plugInMenu_->removeAction(a);
+        if (a->parent() == plugInMenu_) a->deleteLater();
+    }
     for (const PlugInCommand& c : plugInManager().commands) {
         if (c.menuText.empty() || !c.module) continue;
-        QAction* a = plugInMenu_->addAction(fromAnsi(c.menuText));
+        auto* a = new QAction(fromAnsi(c.menuText), plugInMenu_);
+        plugInMenu_->insertAction(plugInMenuRows_, a);
         a->setStatusTip(fromAnsi(c.description));
+        a->setData(c.number);
         const int number = c.number;
         connect(a, &QAction::triggered, this, [this, number] {
             runPlugInMenuItem(number);
@@ -226,7 +255,12 @@ void TMainFrame::rebuildPlugInMenu() {
             redrawViews();
         });
     }
-    plugInMenu_->menuAction()->setVisible(!plugInMenu_->isEmpty());
+    const QList<QAction*> windows = plugInWindows_->toggleActions();
+    if (!windows.isEmpty()) {
+        if (plugInMenu_->actions().first() != plugInMenuRows_) plugInMenu_->insertSeparator(plugInMenuRows_);
+        plugInMenu_->insertActions(plugInMenuRows_, windows);
+    }
+    if (plugInMenu_->actions().first() != plugInMenuRows_) plugInMenu_->insertSeparator(plugInMenuRows_);
 }
 
 void TMainFrame::buildToolBars() {

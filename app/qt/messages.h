@@ -50,7 +50,7 @@ inline constexpr const char* kFormatNames[] = {"DOS", "UNIX", "MAC"};
 // inside the current one until its End row; Command rows name an editor command
 // (engine/commands.def), Action rows one of the frame's own actions
 // (TMainFrame::frameActions). The names of menus are what the frame fills in itself:
-// "RecentFiles", "PlugIns" and the window list of "Window".
+// "RecentFiles", the plug-ins' items atop "PlugIns" and the window list of "Window".
 enum class MenuItem : uint8_t { Menu, Submenu, End, Command, Action, Separator };
 struct MenuRow {
     MenuItem item;
@@ -271,6 +271,9 @@ inline constexpr MenuRow kMenuBar[] = {
     {MenuItem::Action, "About", "&About Zolder"},
 
     {MenuItem::Menu, "PlugIns", "Plu&g-Ins"},
+    // The plug-ins' own items and their windows come first (TMainFrame::rebuildPlugInMenu).
+    {MenuItem::Action, "AddRemovePlugIns", "Add/&Remove Plug-Ins..."},
+    {MenuItem::Action, "AboutPlugIns", "A&bout Plug-Ins..."},
 };
 
 // The view's context menu ("RightMouseBtn" 0).

@@ -13,6 +13,7 @@
 #include "app/qt/key_words.h"
 #include "app/qt/editor_view.h"
 #include "app/qt/main_frame.h"
+#include "app/qt/plugin_windows.h"
 #include "app/qt/messages.h"
 
 #include "app/qt/dialogs/character_dialog.h"
@@ -197,7 +198,9 @@ bool QtShell::readMeDialog(std::string_view t, std::string_view text) {
     return box.exec() == QMessageBox::Ok;
 }
 
-void QtShell::plugInsChanged() { frame_->rebuildPlugInMenu(); }
+void QtShell::plugInsChanged() { frame_->plugInsChanged(); }
+
+void QtShell::redrawPlugInWindow(intptr_t handle) { frame_->plugInWindows().redraw(handle); }
 
 int QtShell::chooseCharacter(std::string_view t) {
     return TCharacterDialog::run(frame_, orTitle(t));

@@ -50,6 +50,7 @@ public:
     void runJob(std::shared_ptr<BackgroundJob> job, bool wait) override;
     bool toolArguments(std::string& arguments, std::string_view tool) override;
     ReplacePromptAnswer replacePrompt(Document& doc) override;
+    void redrawPlugInWindow(intptr_t handle) override;
 
 private:
     TMainFrame* frame_;

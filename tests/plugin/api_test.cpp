@@ -181,6 +181,42 @@ TEST_F(Api, StringHelpersCountScreenColumns) {
     EXPECT_STREQ(Zol_StrLwr(up), "mixed");
 }
 
+// Without a window the scroll place is kept per document, so that what is set reads
+// back as in the desktop editor, and it goes with the document.
+TEST_F(Api, ScrollPositionRoundTripsWithoutAWindow) {
+    ASSERT_TRUE(Zol_InsertText(doc_, "1\n2\n3\n4\n5\n6\n7\n8\n9\n10"));
+    struct Row {
+        const char* name;
+        int setCol, setLine;
+        int col, line;
+    };
+    const Row rows[] = {{"first place", 1, 1, 1, 1},
+                        {"column and line", 40, 7, 40, 7},
+                        {"past the last line", 3, 99, 3, 10},
+                        {"past the widest column", 5000, 2, ZOL_MAX_LINE_LEN, 2},
+                        {"column 0 is ignored", 0, 4, ZOL_MAX_LINE_LEN, 2},
+                        {"line 0 is ignored", 4, 0, ZOL_MAX_LINE_LEN, 2}};
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.name);
+        Zol_SetWndScrollPos(doc_, r.setCol, r.setLine);
+        int col = 0, line = 0;
+        Zol_GetWndScrollPos(doc_, &col, &line);
+        EXPECT_EQ(col, r.col);
+        EXPECT_EQ(line, r.line);
+    }
+    EXPECT_EQ(Zol_GetDocWndHandle(doc_), 0);
+    Zol_LockUpdate(doc_);  // nothing to hold back, nothing kept
+    Zol_UnlockUpdate(doc_);
+    Zol_UnlockUpdate(doc_);
+
+    Zol_DestroyDocument(doc_);
+    HDOC next = Zol_NewDocument();
+    int col = 0, line = 0;
+    Zol_GetWndScrollPos(next, &col, &line);
+    EXPECT_EQ(col, 1);
+    EXPECT_EQ(line, 1);
+}
+
 TEST_F(Api, DockableWindowsNeedTheirLeadingFields) {
     install("recorder.zop", "rec.zop");
     ASSERT_EQ(XPZ_LoadPlugIn("rec.zop"), 1);
@@ -188,6 +224,9 @@ TEST_F(Api, DockableWindowsNeedTheirLeadingFields) {
     ASSERT_NE(module, nullptr);
     ZOL_DOCKABLE_WINDOW w{module, 42, "Tree", 2, 4, 10, 10, 0};
     EXPECT_EQ(XPZ_CreateDockableWindow(&w), 42);
+    EXPECT_EQ(XPZ_CreateDockableWindow(&w), 0) << "a window number is the window's alone";
+    EXPECT_EQ(XPZ_RedrawWindow(42), 1);
+    EXPECT_EQ(XPZ_RedrawWindow(43), 0);
     w.dockPosition = 5;
     EXPECT_EQ(XPZ_CreateDockableWindow(&w), 0);
     w.dockPosition = 0;
@@ -195,6 +234,11 @@ TEST_F(Api, DockableWindowsNeedTheirLeadingFields) {
     EXPECT_EQ(XPZ_CreateDockableWindow(&w), 0);
     EXPECT_EQ(XPZ_DestroyDockableWindow(42), 1);
     EXPECT_EQ(XPZ_DestroyDockableWindow(0), 0);
+    // Drawing outside a paint draws nothing.
+    int notACanvas = 0;
+    XPZ_CanvasFill(&notACanvas, 0, 0, 5, 5, 0);
+    EXPECT_EQ(XPZ_CanvasText(&notACanvas, 0, 0, "x", 0), 0);
+    EXPECT_EQ(XPZ_CanvasLineHeight(nullptr), 0);
     char name[8];
     EXPECT_EQ(XPZ_GetPlugInName(module, name, sizeof name), 1);
     EXPECT_STREQ(name, "Recorde");

@@ -21,7 +21,7 @@
 // out: gone 0 0 0 -1 0 reused 0
 // out: closed 1 0 count 2
 // out: made up 0 0 0 -1 null close 1
-// out: windows 1 1 1 as document 0
+// out: windows 0 0 1 as document 0
 // out: read-only 0 0 0 1 renamed renamed.txt
 // doc-after: renamed.txt
 // | one
