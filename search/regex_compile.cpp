@@ -292,7 +292,7 @@ void findRequired(RegexProgram& prog, size_t scan) {
         if (code[at] == kOpExactly) {
             const char* text = reinterpret_cast<const char*>(code + at + kNodeHeader);
             const size_t n = at != scan ? 1 : std::strlen(text);
-            if (n > prog.requiredLength) {
+            if (n >= prog.requiredLength) {  // the later of equally long ones, as for mustText
                 prog.required = text;
                 prog.requiredLength = n;
             }
