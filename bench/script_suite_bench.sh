@@ -3,7 +3,7 @@
 # each is timed once, and the slowest are timed again (best CPU time of three) and
 # listed, so that a slowdown of the interpreter on real programs shows.
 set -euo pipefail
-zolder=${1:?usage: script_suite_bench.sh ZOLDER_BINARY TESTS_SCRIPT_DIR [COUNT]}
+zolder=$(realpath "${1:?usage: script_suite_bench.sh ZOLDER_BINARY TESTS_SCRIPT_DIR [COUNT]}")
 dir=${2:?usage: script_suite_bench.sh ZOLDER_BINARY TESTS_SCRIPT_DIR [COUNT]}
 count=${3:-8}
 work=$(mktemp -d)
