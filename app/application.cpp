@@ -303,8 +303,7 @@ bool isDocument(const Application& app, const Document* doc) {
 }
 
 std::string documentSummary(const Document& doc) {
-    size_t bytes = 0;
-    for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) bytes += doc.lines.header(r).len;
+    size_t bytes = doc.lines.textBytes;
     bytes += static_cast<size_t>(doc.lines.lastIndex) * lineEndOf(doc.textFormat).size();
     const auto fmt = static_cast<size_t>(doc.textFormat);
     std::string s = std::string(fileNamePart(doc.fileName)) + ": " + std::to_string(doc.lines.count()) +

@@ -12,6 +12,7 @@ void LineList::reset() {
     first = current = arena.allocate(0);
     currentIndex = 0;
     lastIndex = 0;
+    textBytes = 0;
     seen = kNoLine;
 }
 
@@ -21,6 +22,7 @@ void LineList::swap(LineList& other) noexcept {
     std::swap(current, other.current);
     std::swap(currentIndex, other.currentIndex);
     std::swap(lastIndex, other.lastIndex);
+    std::swap(textBytes, other.textBytes);
     std::swap(seen, other.seen);
     std::swap(seenIndex, other.seenIndex);
 }
@@ -57,6 +59,7 @@ LineRef LineList::setText(LineRef r, std::string_view s) {
     const auto len = static_cast<uint16_t>(s.size());
     LineHeader& h = header(r);
     if (LineArena::fitsInPlace(h.len, len)) {
+        textBytes = textBytes - h.len + len;
         std::memmove(arena.text(r), s.data(), len);
         arena.text(r)[len] = '\0';
         h.len = len;
@@ -65,13 +68,14 @@ LineRef LineList::setText(LineRef r, std::string_view s) {
     LineRef n = arena.allocate(len);
     std::memcpy(arena.text(n), s.data(), len);
     LineHeader& nh = header(n);
-    LineHeader& oh = header(r);  // re-read: the arena may have grown
-    nh.prev = oh.prev;
-    nh.next = oh.next;
+    const LineHeader& oh = header(r);  // re-read: the arena may have grown
     nh.comment = oh.comment;
     nh.bookmark = oh.bookmark;
-    if (nh.prev != kNoLine) header(nh.prev).next = n; else first = n;
-    if (nh.next != kNoLine) header(nh.next).prev = n;
+    textBytes = textBytes - oh.len + len;
+    const LineRef p = prev(r), x = next(r);
+    arena.setLinks(n, p, x);
+    if (p != kNoLine) arena.setNext(p, n); else first = n;
+    if (x != kNoLine) arena.setPrev(x, n);
     if (current == r) current = n;
     if (seen == r) seen = n;
     arena.release(r);
@@ -82,14 +86,25 @@ LineRef LineList::insertAfter(LineRef after, int32_t index, std::string_view s) 
     const auto len = static_cast<uint16_t>(s.size());
     LineRef n = arena.allocate(len);
     std::memcpy(arena.text(n), s.data(), len);
-    LineHeader& h = header(n);
-    h.prev = after;
-    h.next = after != kNoLine ? next(after) : first;
-    if (h.next != kNoLine) header(h.next).prev = n;
-    if (after != kNoLine) header(after).next = n; else first = n;
+    const LineRef x = after != kNoLine ? next(after) : first;
+    arena.setLinks(n, after, x);
+    if (x != kNoLine) arena.setPrev(x, n);
+    if (after != kNoLine) arena.setNext(after, n); else first = n;
+    textBytes += len;
     ++lastIndex;
     if (index <= currentIndex) ++currentIndex;
     if (seen != kNoLine && index <= seenIndex) ++seenIndex;
+    return n;
+}
+
+LineRef LineList::append(LineRef last, std::string_view s) {
+    const auto len = static_cast<uint16_t>(s.size());
+    LineRef n = arena.allocate(len);
+    std::memcpy(arena.text(n), s.data(), len);
+    arena.setLinks(n, last, kNoLine);
+    arena.setNext(last, n);
+    textBytes += len;
+    ++lastIndex;
     return n;
 }
 
@@ -98,14 +113,15 @@ void LineList::erase(LineRef r, int32_t index) {
         setText(r, {});
         return;
     }
-    LineHeader h = header(r);
-    if (h.prev != kNoLine) header(h.prev).next = h.next; else first = h.next;
-    if (h.next != kNoLine) header(h.next).prev = h.prev;
+    const LineRef p = prev(r), x = next(r);
+    if (p != kNoLine) arena.setNext(p, x); else first = x;
+    if (x != kNoLine) arena.setPrev(x, p);
+    textBytes -= header(r).len;
     if (current == r) {
-        if (h.next != kNoLine) {
-            current = h.next;
+        if (x != kNoLine) {
+            current = x;
         } else {
-            current = h.prev;
+            current = p;
             --currentIndex;
         }
     } else if (index < currentIndex) {

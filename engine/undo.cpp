@@ -1,6 +1,7 @@
 #include "engine/undo.h"
 
 #include <algorithm>
+#include <new>
 
 #include "engine/columns.h"
 #include "engine/command_table.h"
@@ -115,9 +116,27 @@ void pushRedo(UndoStacks& s, EditRecord rec) {
     s.redo.push_back(std::move(rec));
 }
 
+// Writes patches into their lines, collecting what they replace into `old`.
+void putTexts(LineList& ll, const LinePatches& patches, LinePatches* old) {
+    int32_t at = patches.lines.front();
+    LineRef r = ll.find(at);
+    for (size_t i = 0; i < patches.lines.size(); ++i) {
+        for (; at < patches.lines[i]; ++at) r = ll.next(r);
+        if (old) old->add(at, ll.text(r));
+        r = ll.setText(r, patches.textOf(i));
+    }
+}
+
 // Applies a record and returns the record that reverses what it did.
 EditRecord apply(Document& doc, const EditRecord& rec) {
     EditRecord back;
+    if (rec.patches) {
+        back.patches = swapLineTexts(doc, *rec.patches);
+        const int32_t first = rec.patches->lines.front(), last = rec.patches->lines.back();
+        if (back.patches) notifyChanged(doc, first, last - first, last - first);
+        setCursor(doc, makePos(lineWidthAt(doc, last), last));
+        return back;
+    }
     std::string removed;
     Pos start = rec.rangeStart;
     // Text that replaced lines one for one (a block indent, a change of case, a
@@ -156,6 +175,22 @@ EditRecord apply(Document& doc, const EditRecord& rec) {
 }
 
 }  // namespace
+
+std::shared_ptr<LinePatches> swapLineTexts(Document& doc, const LinePatches& patches) {
+    if (patches.lines.empty()) return nullptr;
+    auto old = std::make_shared<LinePatches>();
+    try {
+        old->text.reserve(patches.text.size());
+        old->lines.reserve(patches.lines.size());
+        old->ends.reserve(patches.lines.size());
+        putTexts(doc.lines, patches, old.get());
+    } catch (const std::bad_alloc&) {
+        // The lines changed so far get their texts back.
+        if (!old->lines.empty()) putTexts(doc.lines, *old, nullptr);
+        return nullptr;
+    }
+    return old;
+}
 
 UndoKind undoKindOf(uint16_t id) {
     switch (static_cast<Cmd>(id)) {
@@ -237,7 +272,7 @@ void undo(Document& doc) {
     EditRecord rec = std::move(s.undo.back());
     s.undo.pop_back();
     EditRecord back = apply(doc, rec);
-    if (back.hasRange || back.text) pushRedo(s, std::move(back));
+    if (back.hasRange || back.text || back.patches) pushRedo(s, std::move(back));
     if (doc.view) doc.view->redraw();
     s.lastWasUndoRedo = true;
 }
@@ -253,7 +288,7 @@ void redo(Document& doc) {
     EditRecord rec = std::move(s.redo.back());
     s.redo.pop_back();
     EditRecord back = apply(doc, rec);
-    if (back.hasRange || back.text) recordEdit(doc, std::move(back));
+    if (back.hasRange || back.text || back.patches) recordEdit(doc, std::move(back));
     if (doc.view) doc.view->redraw();
     s.lastWasUndoRedo = true;
 }

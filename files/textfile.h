@@ -13,7 +13,7 @@
 namespace zol {
 
 // Files are read in pieces of this size; a line may span pieces.
-constexpr size_t kReadChunk = size_t{1} << 20;
+constexpr size_t kReadChunk = size_t{1} << 18;
 
 // What reading met, beyond success.
 struct ReadReport {

@@ -12,6 +12,7 @@
 #include "engine/shell.h"
 #include "engine/undo.h"
 #include "engine/wordwrap.h"
+#include "files/line_scan.h"
 #include "files/messages.h"
 #include "files/textfile.h"
 #include "platform/file_io.h"
@@ -26,9 +27,8 @@ namespace {
 constexpr size_t kCarryRoom = 4096;
 static_assert(kCarryRoom > kSplitBytes + 1);
 
-// Turns the bytes of a file into lines. Line ends are found with memchr and the
-// position of the next CR and the next LF is remembered, so every byte is looked at a
-// bounded number of times whatever the mix of line ends.
+// Turns the bytes of a file into lines. Every byte is looked at once by the line-end
+// scan, and once more when its line is copied.
 class LineReader {
 public:
     explicit LineReader(InputFile& f) : f_(f), buf_(new char[kReadChunk + kCarryRoom]) {}
@@ -43,7 +43,7 @@ public:
         for (;;) {
             const char* p = buf_.get() + pos_;
             const char* e = buf_.get() + end_;
-            const char* le = lineEnd();
+            const char* le = lineEnd(p, e);
             const size_t n = static_cast<size_t>(le - p);
             const size_t fit = fittingPrefix(p, n);
             if (fit < n) {
@@ -104,20 +104,14 @@ private:
             binary_ = true;
         }
         end_ += got;
-        lf_ = find('\n', 0);
-        cr_ = find('\r', 0);
     }
 
-    size_t find(char c, size_t from) const {
-        const void* hit = std::memchr(buf_.get() + from, c, end_ - from);
-        return hit ? static_cast<size_t>(static_cast<const char*>(hit) - buf_.get()) : end_;
-    }
-
-    // The first CR or LF at or after pos_, or the end of the data.
-    const char* lineEnd() {
-        if (lf_ < pos_) lf_ = find('\n', pos_);
-        if (cr_ < pos_) cr_ = find('\r', pos_);
-        return buf_.get() + (lf_ < cr_ ? lf_ : cr_);
+    // The first CR or LF in [p, e), or e. The scan stops one byte past the longest
+    // line that needs no split, so that a long line is not scanned again after every
+    // piece split off it.
+    static const char* lineEnd(const char* p, const char* e) {
+        const char* window = static_cast<size_t>(e - p) > kSplitBytes + 1 ? p + kSplitBytes + 1 : e;
+        return findLineEnd(p, window);
     }
 
     // How many of the n bytes at p fit on one line: the line ends before the byte that
@@ -133,7 +127,6 @@ private:
     const size_t surelyFits_ = static_cast<size_t>(kMaxColumns) / static_cast<size_t>(options().tabSize);
     std::unique_ptr<char[]> buf_;
     size_t pos_ = 0, end_ = 0;  // unread lines are buf_[pos_, end_)
-    size_t lf_ = 0, cr_ = 0;    // next LF and CR at or after pos_ (end_ when none)
     bool eof_ = false;
     bool error_ = false;
     bool binary_ = false;
@@ -145,10 +138,10 @@ ReadOutcome readLines(InputFile& f, LineList& out, ReadReport& rep) {
     try {
         LineReader reader(f);
         LineRef tail = out.first;
-        int32_t count = 0;
+        bool none = true;
         auto emit = [&](std::string_view text) {
-            tail = count == 0 ? out.setText(out.first, text) : out.insertAfter(tail, count, text);
-            ++count;
+            tail = none ? out.setText(out.first, text) : out.append(tail, text);
+            none = false;
         };
         const bool complete = reader.run(options().splitLongLines, rep.split, rep.lineEndFormat, emit);
         rep.binary = reader.binary();

@@ -168,7 +168,8 @@ enum class BindKind : uint8_t { GlobalVar, LocalVar, Typedef, EnumConst, Func };
 struct Binding {
     BindKind kind;
     const Type* type = nullptr;
-    int64_t value = 0;  // address, frame offset or enumerator value
+    int64_t value = 0;  // address, frame offset or enumerator value; for a typedef, 1
+                        // when it names an enum without negative constants
     Function* fn = nullptr;
     bool hasInit = false;
 };
@@ -376,6 +377,10 @@ struct Engine {
     const Type* lookupTag(int sym);
     bool isTypeStart();
     const Type* declSpecs(int* storage);
+    // Whether the enum that the last declSpecs read (if any) has no negative constant:
+    // a bit-field of it is then unsigned, so that it keeps every constant that fits.
+    bool specEnumUnsigned = false;
+    std::unordered_map<int, bool> enumTagUnsigned;  // by tag
     const Type* declarator(const Type* base, int* sym, std::vector<int>* paramSyms);
     const Type* typeName();
     void scanGlobals();

@@ -73,6 +73,7 @@ const Type* Engine::declSpecs(int* storage) {
     const Type* named = nullptr;
     bool isConst = false, any = false;
     if (storage) *storage = 0;
+    specEnumUnsigned = false;
     for (;;) {
         const uint8_t c = tok().code;
         if (c == kTokTypedef || c == kTokStatic || c == kTokExtern || c == kTokAuto || c == kTokRegister) {
@@ -127,6 +128,7 @@ const Type* Engine::declSpecs(int* storage) {
                     if (tok().code == kTokEnd) failAt(kErrMissingRBrace);
                     const Type* mb = declSpecs(nullptr);
                     if (!mb) failAt(kErrSyntax);
+                    const bool unsignedEnum = specEnumUnsigned;
                     for (;;) {
                         int msym = 0;
                         const Type* mt = tok().code == ':' ? mb : declarator(mb, &msym, nullptr);
@@ -135,6 +137,7 @@ const Type* Engine::declSpecs(int* storage) {
                         if (accept(':')) {
                             const int64_t width = constExpr();
                             if (!isInteger(mt) || width < 0 || width > static_cast<int64_t>(mt->size) * 8) failAt(kErrIntegerRequired);
+                            if (unsignedEnum && mt == tInt) mt = tUInt;
                             if (msym) {
                                 for (const Member& m : r->members)
                                     if (m.sym == msym) failAt(kErrAlreadyDeclared);
@@ -211,6 +214,7 @@ const Type* Engine::declSpecs(int* storage) {
             }
             if (accept('{')) {
                 int64_t v = 0;
+                bool negative = false;
                 while (!accept('}')) {
                     if (tok().code != kTokIdent) failAt(kErrEnum);
                     const int sym = static_cast<int>(tok().i);
@@ -218,6 +222,7 @@ const Type* Engine::declSpecs(int* storage) {
                     if (accept('=')) v = constExpr();
                     if (scopes.back().names.count(sym)) failAt(kErrAlreadyDeclared);
                     scopes.back().names[sym] = Binding{BindKind::EnumConst, tInt, static_cast<int32_t>(v)};
+                    negative = negative || static_cast<int32_t>(v) < 0;
                     ++v;
                     if (!accept(',')) {
                         expect('}', kErrEnum);
@@ -225,8 +230,13 @@ const Type* Engine::declSpecs(int* storage) {
                     }
                 }
                 if (tag) scopes.back().tags[tag] = tInt;
+                if (tag) enumTagUnsigned[tag] = !negative;
+                specEnumUnsigned = !negative;
             } else if (!tag) {
                 failAt(kErrEnum);
+            } else {
+                const auto known = enumTagUnsigned.find(tag);
+                specEnumUnsigned = known != enumTagUnsigned.end() && known->second;
             }
             named = tInt;
             any = true;
@@ -236,6 +246,7 @@ const Type* Engine::declSpecs(int* storage) {
             const Binding* b = lookup(static_cast<int>(tok().i));
             if (b && b->kind == BindKind::Typedef) {
                 named = b->type;
+                specEnumUnsigned = b->value != 0;  // a typedef of an enum
                 ++pos;
                 any = true;
                 continue;
@@ -572,7 +583,7 @@ void Engine::scanGlobals() {
             } else if (storage == kTokTypedef) {
                 Binding* old = lookup(sym);
                 if (old && (old->kind != BindKind::Typedef || !sameType(old->type, t))) failAt(kErrTypedef);
-                scopes[0].names[sym] = Binding{BindKind::Typedef, t};
+                scopes[0].names[sym] = Binding{BindKind::Typedef, t, t == tInt && specEnumUnsigned};
             } else {
                 if (t->kind == kTVoid) failAt(kErrSyntax);
                 std::vector<std::pair<uint32_t, Expr*>> inits;
@@ -620,7 +631,7 @@ void Engine::declareLocal(const Type* base, int storage, std::vector<Stmt*>& out
         if (!sym) failAt(kErrMissingIdent);
         if (scopes.back().names.count(sym)) failAt(kErrAlreadyDeclared);
         if (storage == kTokTypedef) {
-            scopes.back().names[sym] = Binding{BindKind::Typedef, t};
+            scopes.back().names[sym] = Binding{BindKind::Typedef, t, t == tInt && specEnumUnsigned};
         } else if (t->kind == kTFunc) {
             Function* f = functionBySym(sym);
             if (f->type && !sameType(f->type, t)) failAt(kErrRedeclared);

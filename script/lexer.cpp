@@ -193,6 +193,10 @@ struct Lexer {
                 number();
                 continue;
             }
+            if (c == 'L' && i + 1 < s.size() && s[i + 1] == '\'') {  // a wide character: its character's value
+                ++i;
+                continue;
+            }
             if (isIdStart(c)) {
                 size_t e = i;
                 while (e < s.size() && isIdChar(s[e])) ++e;

@@ -60,6 +60,9 @@ struct IfParser {
     const std::string& s;
     size_t i = 0;
     int depth = 0;  // unary operators and parentheses open, bounded by kPpMaxIfNesting
+    // Operands that "&&", "||" or "?:" leave unevaluated being read: a division by
+    // zero in them has no value and needs none.
+    int unevaluated = 0;
 
     [[noreturn]] void bad() { pp.fail(kErrIfExpr); }
 
@@ -86,10 +89,19 @@ struct IfParser {
     int64_t conditional() {
         const int64_t c = binary(1);
         if (!eat("?")) return c;
-        const int64_t a = conditional();
+        const int64_t a = operand(!c, [&] { return conditional(); });
         if (!eat(":")) bad();
-        const int64_t b = conditional();
+        const int64_t b = operand(c != 0, [&] { return conditional(); });
         return c ? a : b;
+    }
+
+    // Reads an operand, unevaluated when `skipped`.
+    template <class Read>
+    int64_t operand(bool skipped, Read&& read) {
+        unevaluated += skipped;
+        const int64_t v = read();
+        unevaluated -= skipped;
+        return v;
     }
 
     // binary(p) := unary { op binary(prec(op) + 1) }   for the operators with prec(op) >= p
@@ -106,8 +118,12 @@ struct IfParser {
                 i = save;
             }
             if (!hit) return l;
-            const int64_t r = binary(hit->prec + 1);
-            if (!apply(hit->op, l, r, &l)) bad();
+            const bool skipped = (hit->op == BinOp::LAnd && !l) || (hit->op == BinOp::LOr && l);
+            const int64_t r = operand(skipped, [&] { return binary(hit->prec + 1); });
+            if (!apply(hit->op, l, r, &l)) {
+                if (!unevaluated) bad();
+                l = 0;
+            }
         }
     }
 
@@ -136,6 +152,10 @@ struct IfParser {
         const char c = s[i];
         if (std::isdigit(static_cast<unsigned char>(c))) return number();
         if (c == '\'') return character();
+        if (c == 'L' && i + 1 < s.size() && s[i + 1] == '\'') {  // a wide character: its character's value
+            ++i;
+            return character();
+        }
         if (isIdStart(c)) {
             while (i < s.size() && isIdChar(s[i])) ++i;
             return 0;

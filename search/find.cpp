@@ -85,7 +85,7 @@ int regexSearch(Searcher& s, const char* hay, std::string_view line, size_t star
     size_t at = 0;
     if (s.options.forward) {
         for (size_t from = std::min(start, len);;) {
-            if (!regexExecute(&prog, hay + from, nullptr, false, from == 0)) return noMatch();
+            if (!regexExecute(&prog, hay + from, len - from, nullptr, false, from == 0)) return noMatch();
             if (accept(at)) return kSearchFound;
             if (at >= len) return kSearchNotFound;
             from = at + 1;
@@ -93,7 +93,7 @@ int regexSearch(Searcher& s, const char* hay, std::string_view line, size_t star
     }
     const char* limit = start >= len ? nullptr : hay + start;
     for (;;) {
-        if (limit == hay || !regexExecute(&prog, hay, limit, true, true)) return noMatch();
+        if (limit == hay || !regexExecute(&prog, hay, len, limit, true, true)) return noMatch();
         if (accept(at)) return kSearchFound;
         limit = hay + at;
     }

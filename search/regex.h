@@ -92,6 +92,11 @@ struct RegexProgram {
     uint8_t anchored = 0;           // non-zero: matches begin only at line starts
     const char* mustText = nullptr; // literal every match contains (points into code), or null
     int mustLength = 0;
+    // A literal every match contains, for any pattern without a top-level "|" (null
+    // when none is known): a text without it cannot match, which is tested before
+    // any matching. It points into code.
+    const char* required = nullptr;
+    size_t requiredLength = 0;
     bool literalOnly = false;       // the whole pattern is one literal: matched by plain search
     bool gaveUp = false;            // the last Execute hit the backtracking bound
     std::vector<uint8_t> code;      // code[0] is kRegexMagic, then the nodes
@@ -110,6 +115,9 @@ std::unique_ptr<RegexProgram> regexCompile(const char* pattern, int* error);
 // `limit`, backwards from `limit` - 1 down to `text`; without a limit the end of the
 // text is a candidate too. Returns 1 on a match (groups filled), else 0.
 int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool backward,
+                 bool textStartIsLineStart);
+// The same for a text whose length (up to its terminating NUL) the caller knows.
+int regexExecute(RegexProgram* prog, const char* text, size_t length, const char* limit, bool backward,
                  bool textStartIsLineStart);
 
 // Expands a template from the last match into out (size bytes, always terminated

@@ -269,12 +269,46 @@ size_t Compiler::atom(int& flags) {
     }
 }
 
-// firstChar, anchoring and mustText, for a pattern without a top-level "|".
+// The longest literal of the top-level sequence starting at scan: every match passes
+// each of its nodes, and a "+" of a one-character literal takes that character at
+// least once. A group of one alternative is part of the sequence (its end links to
+// what follows the group); nodes inside alternatives and loops are not on the way.
+void findRequired(RegexProgram& prog, size_t scan) {
+    const uint8_t* code = prog.code.data();
+    bool alternatives = false;  // scan is a later alternative of a chain of them
+    while (scan != 0) {
+        if (code[scan] == kOpBranch) {
+            const bool more = code[nextNode(code, scan)] == kOpBranch;
+            if (!alternatives && !more) {
+                scan += kNodeHeader;
+                continue;
+            }
+            alternatives = more;
+            scan = nextNode(code, scan);
+            continue;
+        }
+        size_t at = scan;
+        if (code[scan] == kOpPlus && code[scan + kNodeHeader] == kOpExactly) at = scan + kNodeHeader;
+        if (code[at] == kOpExactly) {
+            const char* text = reinterpret_cast<const char*>(code + at + kNodeHeader);
+            const size_t n = at != scan ? 1 : std::strlen(text);
+            if (n >= prog.requiredLength) {  // the later of equally long ones, as for mustText
+                prog.required = text;
+                prog.requiredLength = n;
+            }
+        }
+        scan = nextNode(code, scan);
+    }
+}
+
+// firstChar, anchoring, mustText and the required literal, for a pattern without a
+// top-level "|".
 void findShortcuts(RegexProgram& prog, int flags) {
     const uint8_t* code = prog.code.data();
     const size_t first = 1;
     if (code[nextNode(code, first)] != kOpEnd) return;
     size_t scan = first + kNodeHeader;
+    findRequired(prog, scan);
     if (code[scan] == kOpExactly) prog.firstChar = static_cast<char>(code[scan + kNodeHeader]);
     else if (code[scan] == kOpBol) prog.anchored = 1;
     if (code[scan] == kOpExactly && code[nextNode(code, scan)] == kOpEnd) prog.literalOnly = true;

@@ -1,9 +1,11 @@
 // Running a program over a text. The matcher backtracks with an explicit stack of
 // choice points on the heap instead of recursing, so that neither a long line nor a
 // deeply looping pattern can overflow the call stack; a step budget bounds the time.
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
+#include "search/literal_scan.h"
 #include "search/regex.h"
 
 namespace zol {
@@ -218,12 +220,17 @@ bool Matcher::tryAt(const char* s) {
 
 int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool backward,
                  bool textStartIsLineStart) {
+    if (!text) return 0;
+    return regexExecute(prog, text, std::strlen(text), limit, backward, textStartIsLineStart);
+}
+
+int regexExecute(RegexProgram* prog, const char* text, size_t len, const char* limit, bool backward,
+                 bool textStartIsLineStart) {
     if (!prog || !text || prog->code.empty() || prog->code[0] != kRegexMagic) return 0;
     prog->gaveUp = false;
     // A match always sets group 0, so its start being null means all groups already are.
     if (prog->groupStart[0])
         for (int i = 0; i < kRegexGroups; ++i) prog->groupStart[i] = prog->groupEnd[i] = nullptr;
-    const size_t len = std::strlen(text);
     const char* end = text + len;
     const char* last;  // the last candidate start, inclusive
     if (!limit || limit > end) {
@@ -251,20 +258,15 @@ int regexExecute(RegexProgram* prog, const char* text, const char* limit, bool b
     if (prog->literalOnly && !backward) {
         const char* lit = reinterpret_cast<const char*>(prog->code.data() + 1 + 2 * kNodeHeader);
         const size_t litLen = std::strlen(lit);
-        const char* hit = nullptr;
-        for (const char* p = text; p <= last; ++p) {
-            p = static_cast<const char*>(std::memchr(p, *lit, static_cast<size_t>(last - p) + 1));
-            if (!p || p + litLen > end) break;
-            if (std::memcmp(p, lit, litLen) == 0) {
-                hit = p;
-                break;
-            }
-        }
+        // Starts run up to last; the literal may reach past it, not past the end.
+        const size_t span = std::min(len, static_cast<size_t>(last - text) + litLen);
+        const char* hit = findLiteral(text, span, lit, litLen);
         if (!hit) return 0;
         prog->groupStart[0] = hit;
         prog->groupEnd[0] = hit + litLen;
         return 1;
     }
+    if (prog->required && !findLiteral(text, len, prog->required, prog->requiredLength)) return 0;
     if (!backward) {
         if (prog->anchored) {
             for (const char* p = text; p && p <= last;) {

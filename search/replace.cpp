@@ -1,6 +1,8 @@
 #include "search/replace.h"
 
 #include <algorithm>
+#include <memory>
+#include <new>
 #include <vector>
 
 #include "engine/columns.h"
@@ -157,6 +159,7 @@ int replaceInSpan(Searcher& s, std::string_view line, size_t lo, size_t hi, cons
     }
     out.assign(line.substr(0, lo));
     const std::string fixed = s.prog ? std::string() : replacementFor(s, replacement);
+    char expanded[kMaxColumns + 1];  // a longer replacement could not fit the line anyway
     size_t pos = lo;
     int hits = 0;
     for (LineHit h; pos <= view.size();) {
@@ -164,7 +167,12 @@ int replaceInSpan(Searcher& s, std::string_view line, size_t lo, size_t hi, cons
         if (res == kSearchError) return kSearchError;
         if (res != kSearchFound) break;
         out.append(view.substr(pos, h.offset - pos));
-        out += s.prog ? replacementFor(s, replacement) : fixed;
+        if (s.prog) {
+            regexSubstitute(s.prog.get(), replacement ? replacement : "", expanded, sizeof expanded);
+            out.append(expanded);
+        } else {
+            out += fixed;
+        }
         ++hits;
         pos = h.offset + h.length;
         if (h.length == 0) {
@@ -177,27 +185,21 @@ int replaceInSpan(Searcher& s, std::string_view line, size_t lo, size_t hi, cons
     return hits;
 }
 
-int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllResult& result,
-               const ReplaceScope* scope) {
-    result = {};
-    if (doc.readOnly || (!s.prog && s.pattern.empty())) return kSearchError;
-    const ReplaceScope whole = wholeDocumentScope(doc);
-    const ReplaceScope& sc = scope ? *scope : whole;
-    const ScopeEnd end = scopeEnd(doc, sc);
+namespace {
+
+// Runs the replacement over every line of the scope and hands each line whose text
+// changes, and fits, to `take` (index, record, old text, new text), which returns the
+// line's record afterwards. Returns kSearchError when a regular expression gave up.
+template <class Take>
+int eachReplacedLine(Document& doc, Searcher& s, const char* replacement, const ReplaceScope& sc,
+                     ReplaceAllResult& result, Take&& take) {
     LineList& ll = doc.lines;
-    struct Change {
-        LineRef ref;
-        std::string text;
-    };
-    std::vector<Change> changes;
-    int32_t first = -1, last = -1;
-    bool breaksLines = false;  // some new text holds a line end
+    std::string current;
     LineRef r = ll.find(std::max(sc.from.line, 0));
     for (int32_t i = std::max(sc.from.line, 0); i <= std::min(sc.to.line, ll.lastIndex); ++i, r = ll.next(r)) {
         const std::string_view line = ll.text(r);
         size_t lo, hi;
         spanOf(sc, i, line, lo, hi);
-        std::string current;
         const int hits = replaceInSpan(s, line, lo, hi, replacement, current);
         if (hits == kSearchError) {
             result.stoppedAt = i;
@@ -208,51 +210,107 @@ int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllRe
             ++result.skippedLines;
             continue;
         }
-        if (first < 0) first = i;
-        last = i;
-        breaksLines = breaksLines || current.find_first_of("\r\n") != std::string::npos;
-        changes.push_back({r, std::move(current)});
         result.replaced += hits;
+        r = take(i, r, line, current);
+        if (r == kNoLine) return kSearchNotFound;
     }
-    if (first < 0) return kSearchNotFound;
+    return kSearchFound;
+}
 
-    // The old text of lines first..last is what the one undo record puts back.
-    std::string removed;
-    LineRef firstRef = changes.front().ref;
-    for (LineRef g = firstRef;; g = ll.next(g)) {
+// The replace-all for replacements that hold line ends: the stretch from the first to
+// the last changed line is deleted and inserted anew, and its old text is what the
+// one undo record puts back.
+int replaceAllBreakingLines(Document& doc, Searcher& s, const char* replacement, const ReplaceScope& sc,
+                            ReplaceAllResult& result) {
+    LineList& ll = doc.lines;
+    struct Change {
+        LineRef ref;
+        std::string text;
+    };
+    std::vector<Change> changes;
+    int32_t first = -1, last = -1;
+    const int res = eachReplacedLine(doc, s, replacement, sc, result,
+                                     [&](int32_t i, LineRef r, std::string_view, std::string& now) {
+                                         if (first < 0) first = i;
+                                         last = i;
+                                         changes.push_back({r, now});
+                                         return r;
+                                     });
+    if (res == kSearchError) return kSearchError;
+    if (first < 0) return kSearchNotFound;
+    std::string removed, rebuilt;
+    size_t next = 0;
+    for (LineRef g = changes.front().ref;; g = ll.next(g)) {
         removed.append(ll.text(g));
+        if (next < changes.size() && changes[next].ref == g) rebuilt += changes[next++].text;
+        else rebuilt.append(ll.text(g));
         if (g == changes.back().ref) break;
         removed += "\r\n";
+        rebuilt += "\r\n";
     }
-    const Pos cursor = doc.cursor;
-    const Pos from = makePos(0, first);
     EditRecord rec;
     rec.hasRange = true;
-    rec.rangeStart = from;
-    rec.at = from;
-    if (!breaksLines) {
-        // Same line count: rewrite the changed lines where they are.
-        for (Change& c : changes) ll.setText(c.ref, c.text);
-        notifyChanged(doc, first, last - first, last - first);
-        rec.rangeEnd = makePos(lineWidthAt(doc, last), last);
-    } else {
-        std::string rebuilt;
-        size_t next = 0;
-        for (LineRef g = firstRef;; g = ll.next(g)) {
-            if (next < changes.size() && changes[next].ref == g) rebuilt += changes[next++].text;
-            else rebuilt.append(ll.text(g));
-            if (g == changes.back().ref) break;
-            rebuilt += "\r\n";
-        }
-        const Pos to = makePos(lineWidthAt(doc, last), last);
-        if (!rawDelete(doc, from, to, nullptr)) return kSearchError;
-        if (!rawInsert(doc, from, rebuilt, &rec.rangeEnd)) {
-            rawInsert(doc, from, removed, nullptr);
-            return kSearchError;
-        }
+    rec.rangeStart = rec.at = makePos(0, first);
+    const Pos to = makePos(lineWidthAt(doc, last), last);
+    if (!rawDelete(doc, rec.at, to, nullptr)) return kSearchError;
+    if (!rawInsert(doc, rec.at, rebuilt, &rec.rangeEnd)) {
+        rawInsert(doc, rec.at, removed, nullptr);
+        return kSearchError;
     }
     rec.text = std::move(removed);
     recordEdit(doc, std::move(rec));
+    return kSearchFound;
+}
+
+// Puts the old texts back after a replace-all that cannot finish in place. The
+// listeners were not told of the change, so they need not hear of its undoing.
+void undoInPlace(Document& doc, const LinePatches& old) {
+    if (!old.lines.empty()) swapLineTexts(doc, old);
+}
+
+}  // namespace
+
+int replaceAll(Document& doc, Searcher& s, const char* replacement, ReplaceAllResult& result,
+               const ReplaceScope* scope) {
+    result = {};
+    if (doc.readOnly || (!s.prog && s.pattern.empty())) return kSearchError;
+    const ReplaceScope whole = wholeDocumentScope(doc);
+    const ReplaceScope& sc = scope ? *scope : whole;
+    const ScopeEnd end = scopeEnd(doc, sc);
+    const Pos cursor = doc.cursor;
+    // Lines are rewritten where they are as the scan goes; only their old texts are
+    // kept, for the one undo record. A new text with a line end changes the line
+    // count, and the rewriting starts over on the path that handles that.
+    auto old = std::make_shared<LinePatches>();
+    bool breaks = false;
+    int res;
+    try {
+        res = eachReplacedLine(doc, s, replacement, sc, result,
+                               [&](int32_t i, LineRef r, std::string_view was, std::string& now) {
+                                   if (now.find_first_of("\r\n") != std::string::npos) {
+                                       breaks = true;
+                                       return kNoLine;
+                                   }
+                                   old->add(i, was);
+                                   return doc.lines.setText(r, now);
+                               });
+    } catch (const std::bad_alloc&) {
+        res = kSearchError;
+    }
+    if (res == kSearchError || breaks) undoInPlace(doc, *old);
+    if (res == kSearchError) return kSearchError;
+    if (breaks) {
+        result = {};
+        res = replaceAllBreakingLines(doc, s, replacement, sc, result);
+        if (res != kSearchFound) return res;
+    } else {
+        if (old->lines.empty()) return kSearchNotFound;
+        const int32_t first = old->lines.front(), last = old->lines.back();
+        notifyChanged(doc, first, last - first, last - first);
+        EditRecord rec;
+        rec.patches = std::move(old);
+        recordEdit(doc, std::move(rec));
+    }
     clearSelection(doc);
     setCursor(doc, normalize(doc, cursor));
     if (sc.selection) reselect(doc, sc, end);

@@ -31,7 +31,7 @@ struct Fault {
 
 TEST(SoakChecks, SeeEveryKindOfDamage) {
     const Fault faults[] = {
-        {"backward link", [](Document& d) { d.lines.header(d.lines.find(2)).prev = d.lines.first; },
+        {"backward link", [](Document& d) { d.lines.arena.setPrev(d.lines.find(2), d.lines.first); },
          "backward link is broken at line 2"},
         {"line count", [](Document& d) { ++d.lines.lastIndex; }, "holds 4 lines but says 5"},
         {"list longer than its count", [](Document& d) { --d.lines.lastIndex; }, "runs on past"},

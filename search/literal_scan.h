@@ -1,0 +1,58 @@
+// Finding a literal in a run of bytes: the prefilter that lets the matcher run only
+// on lines that hold a pattern's required text. Candidates are the places where the
+// literal's first and last bytes both stand, tested 16 at a time with SSE2 (part of
+// every x86-64); elsewhere, and for the tail of a run, a scalar loop. Both are exposed
+// so that a test can hold them to the same answers.
+#pragma once
+#include <cstddef>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace zol {
+
+// The first occurrence of lit[0, n) in hay[0, len), or null. n must be at least 1.
+inline const char* findLiteralScalar(const char* hay, size_t len, const char* lit, size_t n) {
+    if (n > len) return nullptr;
+    const char* const last = hay + (len - n);
+    for (const char* p = hay; p <= last; ++p) {
+        p = static_cast<const char*>(std::memchr(p, lit[0], static_cast<size_t>(last - p) + 1));
+        if (!p) return nullptr;
+        if (std::memcmp(p, lit, n) == 0) return p;
+    }
+    return nullptr;
+}
+
+#if defined(__SSE2__)
+inline const char* findLiteralSse2(const char* hay, size_t len, const char* lit, size_t n) {
+    if (n > len) return nullptr;
+    const __m128i first = _mm_set1_epi8(lit[0]);
+    const __m128i lastByte = _mm_set1_epi8(lit[n - 1]);
+    size_t i = 0;
+    // Block i covers starts i..i+15, whose last bytes reach i+15+n-1 < len.
+    for (; i + 15 + n <= len; i += 16) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i + n - 1));
+        auto mask = static_cast<unsigned>(
+            _mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(a, first), _mm_cmpeq_epi8(b, lastByte))));
+        while (mask) {
+            const unsigned bit = static_cast<unsigned>(__builtin_ctz(mask));
+            if (std::memcmp(hay + i + bit + 1, lit + 1, n - 1) == 0) return hay + i + bit;
+            mask &= mask - 1;
+        }
+    }
+    return findLiteralScalar(hay + i, len - i, lit, n);
+}
+#endif
+
+inline const char* findLiteral(const char* hay, size_t len, const char* lit, size_t n) {
+#if defined(__SSE2__)
+    return findLiteralSse2(hay, len, lit, n);
+#else
+    return findLiteralScalar(hay, len, lit, n);
+#endif
+}
+
+}  // namespace zol
