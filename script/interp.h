@@ -69,6 +69,47 @@ union Val {
     double d;
 };
 
+// A scalar of kind k read from or written to the script's bytes at p.
+inline Val loadKind(const uint8_t* p, TypeKind k) {
+    Val v;
+    switch (k) {
+        case kTChar: v.i = static_cast<int8_t>(*p); break;
+        case kTUChar: v.i = *p; break;
+        case kTShort: { int16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
+        case kTUShort: { uint16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
+        case kTInt: case kTLong: { int32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
+        case kTUInt: case kTULong: case kTPtr: { uint32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
+        case kTLLong: case kTULLong: std::memcpy(&v.i, p, 8); break;
+        case kTFloat: { float x; std::memcpy(&x, p, 4); v.d = x; break; }
+        case kTDouble: std::memcpy(&v.d, p, 8); break;
+        default: v.i = 0; break;
+    }
+    return v;
+}
+inline void storeKind(uint8_t* p, TypeKind k, Val v) {
+    switch (k) {
+        case kTChar: case kTUChar: *p = static_cast<uint8_t>(v.i); break;
+        case kTShort: case kTUShort: { const uint16_t x = static_cast<uint16_t>(v.i); std::memcpy(p, &x, 2); break; }
+        case kTInt: case kTLong: case kTUInt: case kTULong: case kTPtr: {
+            const uint32_t x = static_cast<uint32_t>(v.i);
+            std::memcpy(p, &x, 4);
+            break;
+        }
+        case kTLLong: case kTULLong: std::memcpy(p, &v.i, 8); break;
+        case kTFloat: { const float x = static_cast<float>(v.d); std::memcpy(p, &x, 4); break; }
+        case kTDouble: std::memcpy(p, &v.d, 8); break;
+        default: break;
+    }
+}
+inline uint32_t kindSize(TypeKind k) {
+    switch (k) {
+        case kTChar: case kTUChar: return 1;
+        case kTShort: case kTUShort: return 2;
+        case kTLLong: case kTULLong: case kTDouble: return 8;
+        default: return 4;
+    }
+}
+
 // ---- the script's address space ----
 // Every address a script can form lies in one of these ranges; anything else is wild.
 constexpr uint32_t kFileHandleBase = 0x100;   // FILE handles, never readable
@@ -102,6 +143,8 @@ enum class Op : uint8_t {
 };
 
 struct Function;
+struct Code;
+struct Program;
 struct Expr {
     Op op;
     Op sub = Op::Const;            // AssignOp: the arithmetic operator
@@ -162,6 +205,7 @@ struct Function {
     std::vector<MemObject> locals;  // offset ranges in the frame, each its own object
     int nVars = 0;
     int index = 0;
+    const Code* code = nullptr;  // the body as instructions; null: the tree evaluator runs it
 };
 
 enum class BindKind : uint8_t { GlobalVar, LocalVar, Typedef, EnumConst, Func };
@@ -205,6 +249,7 @@ struct Engine {
     std::deque<Expr> exprStore;
     std::deque<Stmt> stmtStore;
     std::deque<Function> functions;
+    std::unique_ptr<Program> program;  // instructions of the functions compiled so far
     int functionRecords = 0;     // functions counted against kMaxFunctions
     std::vector<Scope> scopes;
     Function* compiling = nullptr;   // function whose body is being compiled
@@ -326,37 +371,8 @@ struct Engine {
         cacheStart = 1;
         cacheEnd = 0;
     }
-    static Val load(const uint8_t* p, const Type* t) {
-        Val v;
-        switch (t->kind) {
-            case kTChar: v.i = static_cast<int8_t>(*p); break;
-            case kTUChar: v.i = *p; break;
-            case kTShort: { int16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
-            case kTUShort: { uint16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
-            case kTInt: case kTLong: { int32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
-            case kTUInt: case kTULong: case kTPtr: { uint32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
-            case kTLLong: case kTULLong: std::memcpy(&v.i, p, 8); break;
-            case kTFloat: { float x; std::memcpy(&x, p, 4); v.d = x; break; }
-            case kTDouble: std::memcpy(&v.d, p, 8); break;
-            default: v.i = 0; break;
-        }
-        return v;
-    }
-    static void store(uint8_t* p, const Type* t, Val v) {
-        switch (t->kind) {
-            case kTChar: case kTUChar: *p = static_cast<uint8_t>(v.i); break;
-            case kTShort: case kTUShort: { const uint16_t x = static_cast<uint16_t>(v.i); std::memcpy(p, &x, 2); break; }
-            case kTInt: case kTLong: case kTUInt: case kTULong: case kTPtr: {
-                const uint32_t x = static_cast<uint32_t>(v.i);
-                std::memcpy(p, &x, 4);
-                break;
-            }
-            case kTLLong: case kTULLong: std::memcpy(p, &v.i, 8); break;
-            case kTFloat: { const float x = static_cast<float>(v.d); std::memcpy(p, &x, 4); break; }
-            case kTDouble: std::memcpy(p, &v.d, 8); break;
-            default: break;
-        }
-    }
+    static Val load(const uint8_t* p, const Type* t) { return loadKind(p, t->kind); }
+    static void store(uint8_t* p, const Type* t, Val v) { storeKind(p, t->kind, v); }
 
     // declarations (interp_decl.cpp)
     const Token& tok() const { return ts.toks[pos]; }
@@ -479,6 +495,17 @@ struct Engine {
         return av;
     }
     Val call(Function* f, Expr* e);
+    // Before a call's arguments: a step, the machine stack's bound, the body parsed.
+    void prepareCall(Function* f) {
+        tick();
+        // Unary chains do not hold stack cells, so deep recursion through them is bounded
+        // by the machine stack it takes.
+        const uintptr_t here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
+        if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
+        if (!f->compiled) compileFunction(f);
+    }
+    // Runs f on the argument values av of the call e, in a frame of its own.
+    Val enter(Function* f, Expr* e, const Val* av);
     Flow exec(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);
     Flow execJumpBlock(Stmt* s, size_t from);

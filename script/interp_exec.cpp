@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "script/interp.h"
+#include "script/vm.h"
 
 namespace zol {
 namespace {
@@ -16,15 +17,14 @@ uint32_t round4(uint32_t n) { return (n + 3) & ~3u; }
 }  // namespace
 
 Val Engine::call(Function* f, Expr* e) {
-    tick();
-    // Unary chains do not hold stack cells, so deep recursion through them is bounded
-    // by the machine stack it takes.
-    const uintptr_t here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
-    if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
-    if (!f->compiled) compileFunction(f);
-    const size_t n = e->args.size();
+    prepareCall(f);
     ArgValues args;
-    Val* av = evalArgs(e, args);
+    const Val* av = evalArgs(e, args);
+    return enter(f, e, av);
+}
+
+Val Engine::enter(Function* f, Expr* e, const Val* av) {
+    const size_t n = e->args.size();
     const size_t np = f->type->params.size();
     uint32_t extra = 0;
     for (size_t i = np; i < n; ++i) extra += round4(e->argTypes[i]->size);
@@ -72,7 +72,11 @@ Val Engine::call(Function* f, Expr* e) {
     curFn = f;
     retAddr = retTemp;
     retVal.i = 0;
-    const Flow fl = execBlock(f->body, 0);
+    // A body that might come near the cell limit runs in the tree evaluator, which
+    // counts every cell and fails at the exact one.
+    Flow fl;
+    if (f->code && cells + f->code->maxHeld <= kStackCells) fl = runCode(*this, *f->code) ? Flow::Return : Flow::Normal;
+    else fl = execBlock(f->body, 0);
     if (fl == Flow::Goto) fail(kErrUnknownLabel);
     Val result{};
     if (fl == Flow::Return) {

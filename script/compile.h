@@ -1,0 +1,42 @@
+// The code generator's state while it turns one parsed function body into
+// instructions (compile_expr.cpp, compile_stmt.cpp).
+#pragma once
+#include <cstddef>
+#include <vector>
+
+#include "script/interp.h"
+#include "script/vm.h"
+
+namespace zol {
+
+// Jumps still to be pointed at their loop's end or next turn.
+struct LoopJumps {
+    std::vector<size_t> breaks, continues;
+};
+
+struct CodeGen {
+    Engine& en;
+    Code& code;
+    int depth = 0, maxDepth = 0;   // operand stack in use here, and at most
+    int held = 0;                  // value cells the tree evaluator holds here
+    size_t target = 0;             // where a jump lands last: a Line before it must stay
+    std::vector<LoopJumps*> loops;
+};
+
+// Expressions of at most this height are translated; taller ones go to the tree
+// evaluator whole, which keeps the operand stack of an activation small.
+constexpr uint32_t kVmInlineDepth = 24;
+
+size_t emit(CodeGen& g, VmOp op);
+Ins& last(CodeGen& g);
+size_t here(CodeGen& g);       // the next instruction's index, as a jump target
+void patch(CodeGen& g, size_t jump, size_t to);
+void hold(CodeGen& g, int n);  // the tree evaluator takes (n > 0) or gives back cells
+
+void emitExpr(CodeGen& g, Expr* e);      // pushes e's value
+void emitDiscard(CodeGen& g, Expr* e);   // e for its effects only
+// Jumps when e's truth is the given one; returns the jump to patch.
+size_t emitJumpIf(CodeGen& g, Expr* e, bool truth);
+void emitStmt(CodeGen& g, Stmt* s);
+
+}  // namespace zol

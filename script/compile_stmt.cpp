@@ -1,0 +1,157 @@
+// Statements into instructions, and a function's body as a whole. Every statement
+// first says where it stands, as the tree evaluator's exec does, so an error reports
+// the same line; a switch goes to the tree evaluator whole.
+#include "script/compile.h"
+
+namespace zol {
+namespace {
+
+void emitLine(CodeGen& g, const Stmt* s) {
+    // A Line that no jump lands after is overwritten: only the newest one counts.
+    const bool merge = !g.code.ins.empty() && g.code.ins.back().op == VmOp::Line && g.target != g.code.ins.size();
+    if (!merge) emit(g, VmOp::Line);
+    last(g).x = static_cast<uint16_t>(s->file);
+    last(g).a = s->line;
+}
+
+// A loop's body, with break and continue pointed at the ends given.
+void emitLoopBody(CodeGen& g, Stmt* body, LoopJumps& jumps) {
+    g.loops.push_back(&jumps);
+    emitStmt(g, body);
+    g.loops.pop_back();
+}
+
+void emitWhile(CodeGen& g, Stmt* s) {
+    LoopJumps jumps;
+    const size_t top = here(g);
+    emit(g, VmOp::Tick);
+    const size_t out = emitJumpIf(g, s->e, false);
+    emitLoopBody(g, s->body, jumps);
+    patch(g, emit(g, VmOp::Jump), top);
+    const size_t end = here(g);
+    patch(g, out, end);
+    for (size_t j : jumps.breaks) patch(g, j, end);
+    for (size_t j : jumps.continues) patch(g, j, top);
+}
+
+void emitDo(CodeGen& g, Stmt* s) {
+    LoopJumps jumps;
+    const size_t top = here(g);
+    emit(g, VmOp::Tick);
+    emitLoopBody(g, s->body, jumps);
+    const size_t next = here(g);
+    emitLine(g, s);
+    patch(g, emitJumpIf(g, s->e, true), top);
+    const size_t end = here(g);
+    for (size_t j : jumps.breaks) patch(g, j, end);
+    for (size_t j : jumps.continues) patch(g, j, next);
+}
+
+void emitFor(CodeGen& g, Stmt* s) {
+    LoopJumps jumps;
+    if (s->els) emitStmt(g, s->els);
+    else if (s->e) emitDiscard(g, s->e);
+    const size_t top = here(g);
+    emit(g, VmOp::Tick);
+    const size_t out = s->e2 ? emitJumpIf(g, s->e2, false) : SIZE_MAX;
+    emitLoopBody(g, s->body, jumps);
+    const size_t next = here(g);
+    if (s->e3) emitDiscard(g, s->e3);
+    patch(g, emit(g, VmOp::Jump), top);
+    const size_t end = here(g);
+    if (out != SIZE_MAX) patch(g, out, end);
+    for (size_t j : jumps.breaks) patch(g, j, end);
+    for (size_t j : jumps.continues) patch(g, j, next);
+}
+
+void emitIf(CodeGen& g, Stmt* s) {
+    const size_t other = emitJumpIf(g, s->e, false);
+    emitStmt(g, s->body);
+    if (!s->els) {
+        patch(g, other, here(g));
+        return;
+    }
+    const size_t end = emit(g, VmOp::Jump);
+    patch(g, other, here(g));
+    emitStmt(g, s->els);
+    patch(g, end, here(g));
+}
+
+void emitReturn(CodeGen& g, Stmt* s) {
+    if (!s->e) {
+        emit(g, VmOp::ReturnVoid);
+    } else if (s->e->type->kind == kTStruct) {
+        emit(g, VmOp::Exec);
+        last(g).s = s;
+        last(g).a = -1;
+    } else {
+        emitExpr(g, s->e);
+        emit(g, VmOp::Return);
+    }
+}
+
+// The tree evaluator runs the statement; a continue that comes out of it goes on with
+// the loop around it.
+void emitExec(CodeGen& g, Stmt* s) {
+    const size_t at = emit(g, VmOp::Exec);
+    last(g).s = s;
+    last(g).a = -1;
+    if (!g.loops.empty()) g.loops.back()->continues.push_back(at);
+}
+
+// Labels, goto and setjmp jump into the middle of statements, which only the tree
+// evaluator knows how to do.
+bool translatable(const Stmt* s) {
+    if (!s) return true;
+    if (s->hasSetjmp || s->jmpChild || s->op == SOp::Label || s->op == SOp::Goto) return false;
+    for (const Stmt* c : s->list)
+        if (!translatable(c)) return false;
+    return translatable(s->body) && translatable(s->els);
+}
+
+}  // namespace
+
+void emitStmt(CodeGen& g, Stmt* s) {
+    emitLine(g, s);
+    switch (s->op) {
+        case SOp::Expr:
+            if (s->e) emitDiscard(g, s->e);
+            return;
+        case SOp::Block:
+            for (Stmt* c : s->list) emitStmt(g, c);
+            return;
+        case SOp::If: return emitIf(g, s);
+        case SOp::While: return emitWhile(g, s);
+        case SOp::Do: return emitDo(g, s);
+        case SOp::For: return emitFor(g, s);
+        case SOp::Return: return emitReturn(g, s);
+        case SOp::Break:
+            g.loops.back()->breaks.push_back(emit(g, VmOp::Jump));
+            return;
+        case SOp::Continue:
+            g.loops.back()->continues.push_back(emit(g, VmOp::Jump));
+            return;
+        case SOp::Zero:
+            emit(g, VmOp::ZeroLocal);
+            last(g).a = static_cast<int32_t>(s->id);
+            last(g).v.i = s->size;
+            return;
+        default:
+            return emitExec(g, s);
+    }
+}
+
+const Code* generateCode(Engine& en, Function* f) {
+    if (!translatable(f->body)) return nullptr;
+    Code& code = en.program->codes.emplace_back();
+    CodeGen g{en, code, 0, 0, 0, 0, {}};
+    for (Stmt* c : f->body->list) emitStmt(g, c);
+    emit(g, VmOp::End);
+    if (g.maxDepth > kVmStackCells) {
+        en.program->codes.pop_back();
+        return nullptr;
+    }
+    return &code;
+}
+
+}  // namespace zol
