@@ -35,8 +35,9 @@ void hold(CodeGen& g, int n);  // the tree evaluator takes (n > 0) or gives back
 
 void emitExpr(CodeGen& g, Expr* e);      // pushes e's value
 void emitDiscard(CodeGen& g, Expr* e);   // e for its effects only
-// Jumps when e's truth is the given one; returns the jump to patch.
-size_t emitJumpIf(CodeGen& g, Expr* e, bool truth);
+// Jumps when e's truth is the given one, after a loop's turn when tick; returns the
+// jump to patch.
+size_t emitJumpIf(CodeGen& g, Expr* e, bool truth, bool tick = false);
 void emitStmt(CodeGen& g, Stmt* s);
 
 }  // namespace zol

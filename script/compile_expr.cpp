@@ -61,6 +61,14 @@ bool emitAddress(CodeGen& g, Expr* lv) {
     }
 }
 
+bool intLocal(const Expr* e) { return e->op == Op::LVar && e->type->kind == kTInt && e->v.i <= 0xffff; }
+
+// p[i] with p a local pointer and i an int local: both read by the one instruction.
+bool localByteIndex(const Expr* lv) {
+    const Expr* p = lv->a->a;
+    return p->op == Op::LVar && p->type->kind == kTPtr && p->v.i <= 0xffff && intLocal(lv->a->b);
+}
+
 bool directLvalue(const Expr* lv) { return lv->op == Op::LVar || lv->op == Op::GVar; }
 bool knownLvalue(const Expr* lv) { return !lv->bitWidth && (directLvalue(lv) || lv->op == Op::Deref || lv->op == Op::Member); }
 
@@ -89,7 +97,13 @@ void emitStore(CodeGen& g, Expr* lv, bool dup) {
         return;
     }
     hold(g, 1);
-    if (byteIndex(lv)) {
+    if (byteIndex(lv) && localByteIndex(lv)) {
+        hold(g, 1);
+        hold(g, -1);
+        emit(g, VmOp::StoreLocalIndex8);
+        last(g).x = static_cast<uint16_t>(lv->a->a->v.i);
+        last(g).a = static_cast<int32_t>(lv->a->b->v.i);
+    } else if (byteIndex(lv)) {
         emitExpr(g, lv->a->a);
         hold(g, 1);
         emitExpr(g, lv->a->b);
@@ -236,6 +250,14 @@ void emitExpr(CodeGen& g, Expr* e) {
             return emitExpr(g, e->a);
         case Op::Deref:
             if (aggregate) return emitExpr(g, e->a);
+            if (byteIndex(e) && e->type->kind == kTChar && localByteIndex(e)) {
+                hold(g, 1);
+                hold(g, -1);
+                emit(g, VmOp::LoadLocalIndexI8);
+                last(g).x = static_cast<uint16_t>(e->a->a->v.i);
+                last(g).a = static_cast<int32_t>(e->a->b->v.i);
+                return;
+            }
             if (byteIndex(e) && e->type->kind == kTChar) {
                 emitExpr(g, e->a->a);
                 hold(g, 1);
@@ -316,20 +338,22 @@ void emitExpr(CodeGen& g, Expr* e) {
 void emitDiscard(CodeGen& g, Expr* e) {
     const bool changes = e->op == Op::Assign || e->op == Op::AssignOp || e->op == Op::PreInc || e->op == Op::PostInc;
     if (changes && e->depth <= kVmInlineDepth && knownLvalue(e->a)) {
-        const bool intLocal = e->a->op == Op::LVar && e->a->type->kind == kTInt;
+        const bool toIntLocal = e->a->op == Op::LVar && e->a->type->kind == kTInt;
         if (e->op == Op::Assign) {
             emitExpr(g, e->b);
             return emitStore(g, e->a, false);
         }
-        if (e->op == Op::AssignOp && intLocal && e->sub == Op::Add && e->opType->kind == kTInt) {
-            emitExpr(g, e->b);
+        if (e->op == Op::AssignOp && toIntLocal && e->sub == Op::Add && e->opType->kind == kTInt) {
+            const bool fromLocal = intLocal(e->b);
+            if (!fromLocal) emitExpr(g, e->b);
             hold(g, 1);
             hold(g, -1);
-            emit(g, VmOp::AddLocalI32);
+            emit(g, fromLocal ? VmOp::AddLocalLocalI32 : VmOp::AddLocalI32);
             last(g).a = static_cast<int32_t>(e->a->v.i);
+            if (fromLocal) last(g).x = static_cast<uint16_t>(e->b->v.i);
             return;
         }
-        if (e->op != Op::AssignOp && intLocal) {
+        if (e->op != Op::AssignOp && toIntLocal) {
             emit(g, VmOp::IncLocalI32);
             last(g).a = static_cast<int32_t>(e->a->v.i);
             last(g).v = e->v;
@@ -340,18 +364,36 @@ void emitDiscard(CodeGen& g, Expr* e) {
     emit(g, VmOp::Pop);
 }
 
-size_t emitJumpIf(CodeGen& g, Expr* e, bool truth) {
-    const bool fusable = !truth && e->depth <= kVmInlineDepth && (e->op == Op::Lt || e->op == Op::Le) &&
-                         e->opType->kind == kTInt && e->a->op == Op::LVar && e->a->type->kind == kTInt &&
-                         e->b->op == Op::Const && e->a->v.i >= 0 && e->a->v.i <= 0xffff;
-    if (fusable) {
+// An int local against a constant or another int local, in one instruction that jumps
+// on the outcome wanted; Gt and Ge are Le and Lt with the outcome turned round.
+VmOp localCompareJump(const Expr* e, bool truth) {
+    if (e->op != Op::Lt && e->op != Op::Le && e->op != Op::Gt && e->op != Op::Ge) return VmOp::End;
+    const bool localRight = e->b->op == Op::LVar;
+    if (e->opType->kind != kTInt || !intLocal(e->a) || (!localRight && e->b->op != Op::Const) ||
+        (localRight && !intLocal(e->b)))
+        return VmOp::End;
+    switch (e->op) {
+        case Op::Lt: return truth ? VmOp::JumpIfLtI32 : VmOp::JumpUnlessLtI32;
+        case Op::Le: return truth ? VmOp::JumpIfLeI32 : VmOp::JumpUnlessLeI32;
+        case Op::Gt: return truth ? VmOp::JumpUnlessLeI32 : VmOp::JumpIfLeI32;
+        case Op::Ge: return truth ? VmOp::JumpUnlessLtI32 : VmOp::JumpIfLtI32;
+        default: return VmOp::End;
+    }
+}
+
+size_t emitJumpIf(CodeGen& g, Expr* e, bool truth, bool tick) {
+    const VmOp fused = e->depth <= kVmInlineDepth ? localCompareJump(e, truth) : VmOp::End;
+    if (fused != VmOp::End) {
         hold(g, 1);
         hold(g, -1);
-        const size_t j = emit(g, e->op == Op::Lt ? VmOp::JumpUnlessLocalLtI32 : VmOp::JumpUnlessLocalLeI32);
-        last(g).x = static_cast<uint16_t>(e->a->v.i);
-        last(g).v = e->b->v;
+        const size_t j = emit(g, fused);
+        Ins& in = last(g);
+        in.x = static_cast<uint16_t>(e->a->v.i);
+        in.v.i = e->b->v.i;
+        in.k = static_cast<uint8_t>((tick ? 1 : 0) | (e->b->op == Op::LVar ? 2 : 0));
         return j;
     }
+    if (tick) emit(g, VmOp::Tick);
     emitExpr(g, e);
     const bool f = isFloating(e->type);
     return emit(g, truth ? (f ? VmOp::JumpIfNonZeroF : VmOp::JumpIfNonZero) : (f ? VmOp::JumpIfZeroF : VmOp::JumpIfZero));

@@ -21,17 +21,18 @@ void emitLoopBody(CodeGen& g, Stmt* body, LoopJumps& jumps) {
     g.loops.pop_back();
 }
 
+// A loop tests at its bottom, which it enters by a jump the first time.
 void emitWhile(CodeGen& g, Stmt* s) {
     LoopJumps jumps;
+    const size_t enter = emit(g, VmOp::Jump);
     const size_t top = here(g);
-    emit(g, VmOp::Tick);
-    const size_t out = emitJumpIf(g, s->e, false);
     emitLoopBody(g, s->body, jumps);
-    patch(g, emit(g, VmOp::Jump), top);
+    const size_t test = here(g);
+    patch(g, enter, test);
+    patch(g, emitJumpIf(g, s->e, true, true), top);
     const size_t end = here(g);
-    patch(g, out, end);
     for (size_t j : jumps.breaks) patch(g, j, end);
-    for (size_t j : jumps.continues) patch(g, j, top);
+    for (size_t j : jumps.continues) patch(g, j, test);
 }
 
 void emitDo(CodeGen& g, Stmt* s) {
@@ -51,15 +52,20 @@ void emitFor(CodeGen& g, Stmt* s) {
     LoopJumps jumps;
     if (s->els) emitStmt(g, s->els);
     else if (s->e) emitDiscard(g, s->e);
+    const size_t enter = emit(g, VmOp::Jump);
     const size_t top = here(g);
-    emit(g, VmOp::Tick);
-    const size_t out = s->e2 ? emitJumpIf(g, s->e2, false) : SIZE_MAX;
     emitLoopBody(g, s->body, jumps);
     const size_t next = here(g);
     if (s->e3) emitDiscard(g, s->e3);
-    patch(g, emit(g, VmOp::Jump), top);
+    const size_t test = here(g);
+    patch(g, enter, test);
+    if (s->e2) {
+        patch(g, emitJumpIf(g, s->e2, true, true), top);
+    } else {
+        emit(g, VmOp::Tick);
+        patch(g, emit(g, VmOp::Jump), top);
+    }
     const size_t end = here(g);
-    if (out != SIZE_MAX) patch(g, out, end);
     for (size_t j : jumps.breaks) patch(g, j, end);
     for (size_t j : jumps.continues) patch(g, j, next);
 }

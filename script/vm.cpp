@@ -26,6 +26,26 @@ Function* resolveFunction(Engine& en, Val v) {
     return f;
 }
 
+inline int32_t localInt(const uint8_t* fp, int64_t off) {
+    int32_t x;
+    std::memcpy(&x, fp + off, 4);
+    return x;
+}
+
+// The int local at in.x against in's other operand: negative, zero or positive.
+inline int localCompare(Engine& en, const uint8_t* fp, const Ins& in) {
+    if (in.k & 1) en.tick();
+    const int64_t l = localInt(fp, in.x);
+    const int64_t r = in.k & 2 ? localInt(fp, in.v.i) : in.v.i;
+    return l < r ? -1 : l > r;
+}
+
+inline uint32_t indexAddress(const uint8_t* fp, const Ins& in) {
+    uint32_t p;
+    std::memcpy(&p, fp + in.x, 4);
+    return static_cast<uint32_t>(static_cast<int64_t>(p) + localInt(fp, in.a));
+}
+
 }  // namespace
 
 bool runCode(Engine& en, const Code& code) {
@@ -118,6 +138,12 @@ bool runCode(Engine& en, const Code& code) {
                 sp[-1] = intVal(static_cast<int8_t>(*en.host(a, 1)));
                 break;
             }
+            case VmOp::LoadLocalIndexI8:
+                *sp++ = intVal(static_cast<int8_t>(*en.host(indexAddress(fp, in), 1)));
+                break;
+            case VmOp::StoreLocalIndex8:
+                *en.host(indexAddress(fp, in), 1) = static_cast<uint8_t>((--sp)->i);
+                break;
             case VmOp::Store: {
                 const TypeKind k = static_cast<TypeKind>(in.k);
                 sp -= 2;
@@ -197,6 +223,11 @@ bool runCode(Engine& en, const Code& code) {
                 std::memcpy(fp + in.a, &r, 4);
                 break;
             }
+            case VmOp::AddLocalLocalI32: {
+                const uint32_t r = static_cast<uint32_t>(localInt(fp, in.a)) + static_cast<uint32_t>(localInt(fp, in.x));
+                std::memcpy(fp + in.a, &r, 4);
+                break;
+            }
             case VmOp::IncLocal:
             case VmOp::IncGlobal:
             case VmOp::Inc: {
@@ -219,18 +250,18 @@ bool runCode(Engine& en, const Code& code) {
                 break;
             }
 
-            case VmOp::JumpUnlessLocalLtI32: {
-                int32_t x;
-                std::memcpy(&x, fp + in.x, 4);
-                if (!(x < in.v.i)) pc = start + in.a;
+            case VmOp::JumpIfLtI32:
+                if (localCompare(en, fp, in) < 0) pc = start + in.a;
                 break;
-            }
-            case VmOp::JumpUnlessLocalLeI32: {
-                int32_t x;
-                std::memcpy(&x, fp + in.x, 4);
-                if (!(x <= in.v.i)) pc = start + in.a;
+            case VmOp::JumpIfLeI32:
+                if (localCompare(en, fp, in) <= 0) pc = start + in.a;
                 break;
-            }
+            case VmOp::JumpUnlessLtI32:
+                if (!(localCompare(en, fp, in) < 0)) pc = start + in.a;
+                break;
+            case VmOp::JumpUnlessLeI32:
+                if (!(localCompare(en, fp, in) <= 0)) pc = start + in.a;
+                break;
 
             case VmOp::Prepare:
                 if (!in.f->compiled) en.compileFunction(in.f);
