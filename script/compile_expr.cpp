@@ -168,6 +168,7 @@ void emitCall(CodeGen& g, Expr* e) {
     last(g).e = e;
     last(g).x = static_cast<uint16_t>(g.held);
     g.depth -= static_cast<int>(e->args.size());
+    if (e->temp) g.code.framed = true;
 }
 
 void emitBinary(CodeGen& g, Expr* e) {
@@ -400,6 +401,7 @@ size_t emitJumpIf(CodeGen& g, Expr* e, bool truth, bool tick) {
 }
 
 size_t emit(CodeGen& g, VmOp op) {
+    if (op == VmOp::AddrLocal || op == VmOp::Eval || op == VmOp::Exec) g.code.framed = true;
     g.code.ins.emplace_back().op = op;
     g.depth += kVmChange[static_cast<size_t>(op)];
     g.maxDepth = std::max(g.maxDepth, g.depth);

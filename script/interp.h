@@ -348,8 +348,9 @@ struct Engine {
     uint32_t heapAlloc(uint64_t size, bool zero);        // 0 when refused
     bool heapFree(uint32_t addr);                        // false for an address no malloc gave
     HeapBlock* heapBlock(uint32_t addr);
-    // In line: every script call makes one frame, and the call costs little else.
-    void pushFrame(Function* f, uint32_t size) {
+    // In line: every script call makes one frame, and the call costs little else. A
+    // frame whose address its body never forms needs no objects: no pointer can reach it.
+    void pushFrame(Function* f, uint32_t size, bool objects) {
         if (data.empty()) data.assign(kDataHostSize, 0);
         if (static_cast<uint64_t>(dataUsed) + size > kDataSpaceSize ||
             static_cast<uint64_t>(globalTop) + frameTop + size + 2 * kObjectGap > kDataHostSize)
@@ -358,16 +359,24 @@ struct Engine {
         frameTop += (size + kObjectGap + 7) / 8 * 8;
         fpv = kDataBase + kDataHostSize - frameTop;
         fp = data.data() + (kDataHostSize - frameTop);
-        std::memset(fp, 0, size);
+        // The gap after the frame leaves room to clear it in whole words.
+        if (size <= 64) {
+            const uint64_t zero = 0;
+            for (uint32_t i = 0; i < size; i += 8) std::memcpy(fp + i, &zero, 8);
+        } else {
+            std::memset(fp, 0, size);
+        }
+        if (!objects) return;
         frameObjs.push_back(MemObject{fpv, fpv + f->paramBytes});
         if (size > f->frameSize) frameObjs.push_back(MemObject{fpv + f->frameSize, fpv + size});
         for (const MemObject& o : f->locals) frameObjs.push_back(MemObject{fpv + o.start, fpv + o.end});
     }
-    void popFrame(Function* f, uint32_t size) {
-        const size_t objects = 1 + f->locals.size() + (size > f->frameSize ? 1 : 0);
-        frameObjs.erase(frameObjs.end() - static_cast<std::ptrdiff_t>(objects), frameObjs.end());
+    void popFrame(Function* f, uint32_t size, bool objects) {
         dataUsed -= size;
         frameTop -= (size + kObjectGap + 7) / 8 * 8;
+        if (!objects) return;
+        const size_t count = 1 + f->locals.size() + (size > f->frameSize ? 1 : 0);
+        frameObjs.erase(frameObjs.end() - static_cast<std::ptrdiff_t>(count), frameObjs.end());
         cacheStart = 1;
         cacheEnd = 0;
     }

@@ -39,9 +39,9 @@ Val Engine::enter(Function* f, Expr* e, const Val* av) {
         uint32_t fpv, retAddr;
         Function* fn;
         int cells, vars, file, line;
-        bool pushed = false;
+        bool pushed = false, objects = true;
         ~Restore() {
-            if (pushed) en.popFrame(f, size);
+            if (pushed) en.popFrame(f, size, objects);
             en.fp = fp;
             en.fpv = fpv;
             en.curFn = fn;
@@ -56,7 +56,11 @@ Val Engine::enter(Function* f, Expr* e, const Val* av) {
     if (++cells > kStackCells) fail(kErrStackOverflow);
     liveVars += f->nVars;
     if (liveVars > kMaxVariables) fail(kErrTooManyVariables);
-    pushFrame(f, size);
+    // A body that might come near the cell limit runs in the tree evaluator, which
+    // counts every cell and fails at the exact one.
+    const Code* code = f->code && cells + f->code->maxHeld <= kStackCells ? f->code : nullptr;
+    restore.objects = !code || code->framed;
+    pushFrame(f, size, restore.objects);
     restore.pushed = true;
     for (size_t i = 0; i < np && i < n; ++i) {
         const Type* t = f->type->params[i];
@@ -72,10 +76,8 @@ Val Engine::enter(Function* f, Expr* e, const Val* av) {
     curFn = f;
     retAddr = retTemp;
     retVal.i = 0;
-    // A body that might come near the cell limit runs in the tree evaluator, which
-    // counts every cell and fails at the exact one.
     Flow fl;
-    if (f->code && cells + f->code->maxHeld <= kStackCells) fl = runCode(*this, *f->code) ? Flow::Return : Flow::Normal;
+    if (code) fl = runCode(*this, *code) ? Flow::Return : Flow::Normal;
     else fl = execBlock(f->body, 0);
     if (fl == Flow::Goto) fail(kErrUnknownLabel);
     Val result{};
