@@ -56,252 +56,262 @@ bool runCode(Engine& en, const Code& code) {
     uint8_t* const fp = en.fp;
     uint8_t* const globals = en.data.data();
     const int cellsBase = en.cells;
-    for (;;) {
-        const Ins& in = *pc++;
-        switch (in.op) {
-            case VmOp::Line:
-                en.curFile = in.x;
-                en.curLine = in.a;
-                break;
-            case VmOp::Tick:
-                en.tick();
-                break;
-            case VmOp::Jump:
-                pc = start + in.a;
-                break;
-            case VmOp::JumpIfZero:
-                if ((--sp)->i == 0) pc = start + in.a;
-                break;
-            case VmOp::JumpIfNonZero:
-                if ((--sp)->i != 0) pc = start + in.a;
-                break;
-            case VmOp::JumpIfZeroF:
-                if ((--sp)->d == 0) pc = start + in.a;
-                break;
-            case VmOp::JumpIfNonZeroF:
-                if ((--sp)->d != 0) pc = start + in.a;
-                break;
-            case VmOp::Pop:
-                --sp;
-                break;
-            case VmOp::Dup:
-                sp[0] = sp[-1];
-                ++sp;
-                break;
-            case VmOp::Const:
-                *sp++ = in.v;
-                break;
+    // Each instruction jumps to the next one's code itself (a GNU extension), which
+    // the processor predicts far better than the one shared jump of a switch.
+    static const void* const labels[] = {
+#define VM_OP(name, change, operands) &&op_##name,
+#include "script/opcodes.def"
+#undef VM_OP
+    };
+    const Ins* in;
+#define NEXT()                                            \
+    do {                                                  \
+        in = pc++;                                        \
+        goto* labels[static_cast<size_t>(in->op)];        \
+    } while (0)
+    NEXT();
+    op_Line:
+        en.curFile = in->x;
+        en.curLine = in->a;
+        NEXT();
+    op_Tick:
+        en.tick();
+        NEXT();
+    op_Jump:
+        pc = start + in->a;
+        NEXT();
+    op_JumpIfZero:
+        if ((--sp)->i == 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfNonZero:
+        if ((--sp)->i != 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfZeroF:
+        if ((--sp)->d == 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfNonZeroF:
+        if ((--sp)->d != 0) pc = start + in->a;
+        NEXT();
+    op_Pop:
+        --sp;
+        NEXT();
+    op_Dup:
+        sp[0] = sp[-1];
+        ++sp;
+        NEXT();
+    op_Const:
+        *sp++ = in->v;
+        NEXT();
 
-            case VmOp::LoadLocal:
-                *sp++ = loadKind(fp + in.a, static_cast<TypeKind>(in.k));
-                break;
-            case VmOp::LoadLocalI32: {
-                int32_t x;
-                std::memcpy(&x, fp + in.a, 4);
-                *sp++ = intVal(x);
-                break;
-            }
-            case VmOp::LoadLocalU32: {
-                uint32_t x;
-                std::memcpy(&x, fp + in.a, 4);
-                *sp++ = intVal(x);
-                break;
-            }
-            case VmOp::StoreLocal:
-                storeKind(fp + in.a, static_cast<TypeKind>(in.k), *--sp);
-                break;
-            case VmOp::StoreLocal32: {
-                const uint32_t x = u32(*--sp);
-                std::memcpy(fp + in.a, &x, 4);
-                break;
-            }
-            case VmOp::LoadGlobal:
-                *sp++ = loadKind(globals + in.a, static_cast<TypeKind>(in.k));
-                break;
-            case VmOp::StoreGlobal:
-                storeKind(globals + in.a, static_cast<TypeKind>(in.k), *--sp);
-                break;
-            case VmOp::AddrLocal:
-                *sp++ = intVal(en.fpv + static_cast<uint32_t>(in.a));
-                break;
-            case VmOp::Load: {
-                const TypeKind k = static_cast<TypeKind>(in.k);
-                sp[-1] = loadKind(en.host(u32(sp[-1]), kindSize(k)), k);
-                break;
-            }
-            case VmOp::LoadI8:
-                sp[-1] = intVal(static_cast<int8_t>(*en.host(u32(sp[-1]), 1)));
-                break;
-            case VmOp::LoadIndexI8: {
-                --sp;
-                const uint32_t a = static_cast<uint32_t>(static_cast<uint64_t>(sp[-1].i) + static_cast<uint64_t>(sp[0].i));
-                sp[-1] = intVal(static_cast<int8_t>(*en.host(a, 1)));
-                break;
-            }
-            case VmOp::LoadLocalIndexI8:
-                *sp++ = intVal(static_cast<int8_t>(*en.host(indexAddress(fp, in), 1)));
-                break;
-            case VmOp::StoreLocalIndex8:
-                *en.host(indexAddress(fp, in), 1) = static_cast<uint8_t>((--sp)->i);
-                break;
-            case VmOp::Store: {
-                const TypeKind k = static_cast<TypeKind>(in.k);
-                sp -= 2;
-                storeKind(en.host(u32(sp[1]), kindSize(k)), k, sp[0]);
-                break;
-            }
-            case VmOp::Store8:
-                sp -= 2;
-                *en.host(u32(sp[1]), 1) = static_cast<uint8_t>(sp[0].i);
-                break;
-            case VmOp::StoreIndex8: {
-                sp -= 3;
-                const uint32_t a = static_cast<uint32_t>(static_cast<uint64_t>(sp[1].i) + static_cast<uint64_t>(sp[2].i));
-                *en.host(a, 1) = static_cast<uint8_t>(sp[0].i);
-                break;
-            }
-            case VmOp::ZeroLocal:
-                std::memset(fp + in.a, 0, static_cast<size_t>(in.v.i));
-                break;
-
-            case VmOp::AddI32: --sp; sp[-1] = wrap32(u32(sp[-1]) + u32(sp[0])); break;
-            case VmOp::SubI32: --sp; sp[-1] = wrap32(u32(sp[-1]) - u32(sp[0])); break;
-            case VmOp::MulI32: --sp; sp[-1] = wrap32(u32(sp[-1]) * u32(sp[0])); break;
-            case VmOp::LtI32: --sp; sp[-1].i = sp[-1].i < sp[0].i; break;
-            case VmOp::GtI32: --sp; sp[-1].i = sp[-1].i > sp[0].i; break;
-            case VmOp::LeI32: --sp; sp[-1].i = sp[-1].i <= sp[0].i; break;
-            case VmOp::GeI32: --sp; sp[-1].i = sp[-1].i >= sp[0].i; break;
-            case VmOp::EqI32: --sp; sp[-1].i = sp[-1].i == sp[0].i; break;
-            case VmOp::NeI32: --sp; sp[-1].i = sp[-1].i != sp[0].i; break;
-            case VmOp::AddConstI32: sp[-1] = wrap32(u32(sp[-1]) + static_cast<uint32_t>(in.v.i)); break;
-            case VmOp::Offset: sp[-1].i = static_cast<uint32_t>(sp[-1].i + in.v.i); break;
-            case VmOp::Binary:
-                --sp;
-                sp[-1] = binopKind(en, static_cast<Op>(in.x), static_cast<TypeKind>(in.k), sp[-1], sp[0]);
-                break;
-            case VmOp::PtrAdd:
-                --sp;
-                sp[-1].i = static_cast<uint32_t>(static_cast<uint64_t>(sp[-1].i) + static_cast<uint64_t>(sp[0].i * in.v.i));
-                break;
-            case VmOp::PtrDiff:
-                --sp;
-                sp[-1].i = static_cast<int32_t>(u32(sp[-1]) - u32(sp[0])) / in.v.i;
-                break;
-            case VmOp::Neg:
-                if (kindFloating(static_cast<TypeKind>(in.k))) sp[-1].d = -sp[-1].d;
-                else sp[-1].i = normKind(static_cast<TypeKind>(in.k), static_cast<int64_t>(0 - static_cast<uint64_t>(sp[-1].i)));
-                break;
-            case VmOp::BitNot:
-                sp[-1].i = normKind(static_cast<TypeKind>(in.k), ~sp[-1].i);
-                break;
-            case VmOp::Not: sp[-1].i = sp[-1].i == 0; break;
-            case VmOp::NotF: sp[-1].i = sp[-1].d == 0; break;
-            case VmOp::ToBool: sp[-1].i = sp[-1].i != 0; break;
-            case VmOp::ToBoolF: sp[-1].i = sp[-1].d != 0; break;
-            case VmOp::Cast:
-                sp[-1] = castKind(en, sp[-1], static_cast<TypeKind>(in.k), static_cast<TypeKind>(in.x));
-                break;
-
-            case VmOp::AssignOpLocal:
-            case VmOp::AssignOpGlobal:
-            case VmOp::AssignOp: {
-                const TypeKind k = static_cast<TypeKind>(in.k);
-                uint8_t* p;
-                if (in.op == VmOp::AssignOpLocal) p = fp + in.a;
-                else if (in.op == VmOp::AssignOpGlobal) p = globals + in.a;
-                else p = en.host(u32(*--sp), kindSize(k));
-                const Val v = assignOpValue(en, static_cast<Op>(in.x & 0xff), k, static_cast<TypeKind>(in.x >> 8), in.v.i,
-                                            loadKind(p, k), sp[-1]);
-                storeKind(p, k, v);
-                sp[-1] = v;
-                break;
-            }
-            case VmOp::AddLocalI32: {
-                int32_t x;
-                std::memcpy(&x, fp + in.a, 4);
-                const uint32_t r = static_cast<uint32_t>(x) + u32(*--sp);
-                std::memcpy(fp + in.a, &r, 4);
-                break;
-            }
-            case VmOp::AddLocalLocalI32: {
-                const uint32_t r = static_cast<uint32_t>(localInt(fp, in.a)) + static_cast<uint32_t>(localInt(fp, in.x));
-                std::memcpy(fp + in.a, &r, 4);
-                break;
-            }
-            case VmOp::IncLocal:
-            case VmOp::IncGlobal:
-            case VmOp::Inc: {
-                const TypeKind k = static_cast<TypeKind>(in.k);
-                uint8_t* p;
-                if (in.op == VmOp::IncLocal) p = fp + in.a;
-                else if (in.op == VmOp::IncGlobal) p = globals + in.a;
-                else p = en.host(u32(*--sp), kindSize(k));
-                const Val old = loadKind(p, k);
-                const Val nv = incValue(k, old, in.v);
-                storeKind(p, k, nv);
-                *sp++ = in.x ? old : nv;
-                break;
-            }
-            case VmOp::IncLocalI32: {
-                uint32_t x;
-                std::memcpy(&x, fp + in.a, 4);
-                x += static_cast<uint32_t>(in.v.i);
-                std::memcpy(fp + in.a, &x, 4);
-                break;
-            }
-
-            case VmOp::JumpIfLtI32:
-                if (localCompare(en, fp, in) < 0) pc = start + in.a;
-                break;
-            case VmOp::JumpIfLeI32:
-                if (localCompare(en, fp, in) <= 0) pc = start + in.a;
-                break;
-            case VmOp::JumpUnlessLtI32:
-                if (!(localCompare(en, fp, in) < 0)) pc = start + in.a;
-                break;
-            case VmOp::JumpUnlessLeI32:
-                if (!(localCompare(en, fp, in) <= 0)) pc = start + in.a;
-                break;
-
-            case VmOp::Prepare:
-                if (!in.f->compiled) en.compileFunction(in.f);
-                break;
-            case VmOp::Call:
-            case VmOp::CallPtr: {
-                const size_t n = in.e->args.size();
-                sp -= n;
-                Function* f = in.op == VmOp::Call ? in.e->fn : &en.functions[static_cast<size_t>(sp[-1].i)];
-                en.cells = cellsBase + in.x;
-                en.prepareCall(f);
-                const Val r = en.enter(f, in.e, sp);
-                if (in.op == VmOp::CallPtr) --sp;
-                *sp++ = r;
-                break;
-            }
-            case VmOp::Resolve:
-                sp[-1].i = resolveFunction(en, sp[-1])->index;
-                break;
-            case VmOp::Eval:
-                en.cells = cellsBase + in.x;
-                *sp++ = en.eval(in.e);
-                break;
-            case VmOp::Exec: {
-                en.cells = cellsBase;
-                const Flow f = en.exec(in.s);
-                if (f == Flow::Return) return true;
-                if (f == Flow::Continue) pc = start + in.a;
-                break;
-            }
-            case VmOp::Return:
-                en.retVal = *--sp;
-                return true;
-            case VmOp::ReturnVoid:
-                en.retVal.i = 0;
-                return true;
-            case VmOp::End:
-                return false;
-        }
+    op_LoadLocal:
+        *sp++ = loadKind(fp + in->a, static_cast<TypeKind>(in->k));
+        NEXT();
+    op_LoadLocalI32: {
+        int32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        *sp++ = intVal(x);
+        NEXT();
     }
+    op_LoadLocalU32: {
+        uint32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        *sp++ = intVal(x);
+        NEXT();
+    }
+    op_StoreLocal:
+        storeKind(fp + in->a, static_cast<TypeKind>(in->k), *--sp);
+        NEXT();
+    op_StoreLocal32: {
+        const uint32_t x = u32(*--sp);
+        std::memcpy(fp + in->a, &x, 4);
+        NEXT();
+    }
+    op_LoadGlobal:
+        *sp++ = loadKind(globals + in->a, static_cast<TypeKind>(in->k));
+        NEXT();
+    op_StoreGlobal:
+        storeKind(globals + in->a, static_cast<TypeKind>(in->k), *--sp);
+        NEXT();
+    op_AddrLocal:
+        *sp++ = intVal(en.fpv + static_cast<uint32_t>(in->a));
+        NEXT();
+    op_Load: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        sp[-1] = loadKind(en.host(u32(sp[-1]), kindSize(k)), k);
+        NEXT();
+    }
+    op_LoadI8:
+        sp[-1] = intVal(static_cast<int8_t>(*en.host(u32(sp[-1]), 1)));
+        NEXT();
+    op_LoadIndexI8: {
+        --sp;
+        const uint32_t a = static_cast<uint32_t>(static_cast<uint64_t>(sp[-1].i) + static_cast<uint64_t>(sp[0].i));
+        sp[-1] = intVal(static_cast<int8_t>(*en.host(a, 1)));
+        NEXT();
+    }
+    op_LoadLocalIndexI8:
+        *sp++ = intVal(static_cast<int8_t>(*en.host(indexAddress(fp, *in), 1)));
+        NEXT();
+    op_StoreLocalIndex8:
+        *en.host(indexAddress(fp, *in), 1) = static_cast<uint8_t>((--sp)->i);
+        NEXT();
+    op_Store: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        sp -= 2;
+        storeKind(en.host(u32(sp[1]), kindSize(k)), k, sp[0]);
+        NEXT();
+    }
+    op_Store8:
+        sp -= 2;
+        *en.host(u32(sp[1]), 1) = static_cast<uint8_t>(sp[0].i);
+        NEXT();
+    op_StoreIndex8: {
+        sp -= 3;
+        const uint32_t a = static_cast<uint32_t>(static_cast<uint64_t>(sp[1].i) + static_cast<uint64_t>(sp[2].i));
+        *en.host(a, 1) = static_cast<uint8_t>(sp[0].i);
+        NEXT();
+    }
+    op_ZeroLocal:
+        std::memset(fp + in->a, 0, static_cast<size_t>(in->v.i));
+        NEXT();
+
+    op_AddI32: --sp; sp[-1] = wrap32(u32(sp[-1]) + u32(sp[0])); NEXT();
+    op_SubI32: --sp; sp[-1] = wrap32(u32(sp[-1]) - u32(sp[0])); NEXT();
+    op_MulI32: --sp; sp[-1] = wrap32(u32(sp[-1]) * u32(sp[0])); NEXT();
+    op_LtI32: --sp; sp[-1].i = sp[-1].i < sp[0].i; NEXT();
+    op_GtI32: --sp; sp[-1].i = sp[-1].i > sp[0].i; NEXT();
+    op_LeI32: --sp; sp[-1].i = sp[-1].i <= sp[0].i; NEXT();
+    op_GeI32: --sp; sp[-1].i = sp[-1].i >= sp[0].i; NEXT();
+    op_EqI32: --sp; sp[-1].i = sp[-1].i == sp[0].i; NEXT();
+    op_NeI32: --sp; sp[-1].i = sp[-1].i != sp[0].i; NEXT();
+    op_AddConstI32: sp[-1] = wrap32(u32(sp[-1]) + static_cast<uint32_t>(in->v.i)); NEXT();
+    op_Offset: sp[-1].i = static_cast<uint32_t>(sp[-1].i + in->v.i); NEXT();
+    op_Binary:
+        --sp;
+        sp[-1] = binopKind(en, static_cast<Op>(in->x), static_cast<TypeKind>(in->k), sp[-1], sp[0]);
+        NEXT();
+    op_PtrAdd:
+        --sp;
+        sp[-1].i = static_cast<uint32_t>(static_cast<uint64_t>(sp[-1].i) + static_cast<uint64_t>(sp[0].i * in->v.i));
+        NEXT();
+    op_PtrDiff:
+        --sp;
+        sp[-1].i = static_cast<int32_t>(u32(sp[-1]) - u32(sp[0])) / in->v.i;
+        NEXT();
+    op_Neg:
+        if (kindFloating(static_cast<TypeKind>(in->k))) sp[-1].d = -sp[-1].d;
+        else sp[-1].i = normKind(static_cast<TypeKind>(in->k), static_cast<int64_t>(0 - static_cast<uint64_t>(sp[-1].i)));
+        NEXT();
+    op_BitNot:
+        sp[-1].i = normKind(static_cast<TypeKind>(in->k), ~sp[-1].i);
+        NEXT();
+    op_Not: sp[-1].i = sp[-1].i == 0; NEXT();
+    op_NotF: sp[-1].i = sp[-1].d == 0; NEXT();
+    op_ToBool: sp[-1].i = sp[-1].i != 0; NEXT();
+    op_ToBoolF: sp[-1].i = sp[-1].d != 0; NEXT();
+    op_Cast:
+        sp[-1] = castKind(en, sp[-1], static_cast<TypeKind>(in->k), static_cast<TypeKind>(in->x));
+        NEXT();
+
+    op_AssignOpLocal:
+    op_AssignOpGlobal:
+    op_AssignOp: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        uint8_t* p;
+        if (in->op == VmOp::AssignOpLocal) p = fp + in->a;
+        else if (in->op == VmOp::AssignOpGlobal) p = globals + in->a;
+        else p = en.host(u32(*--sp), kindSize(k));
+        const Val v = assignOpValue(en, static_cast<Op>(in->x & 0xff), k, static_cast<TypeKind>(in->x >> 8), in->v.i,
+                                    loadKind(p, k), sp[-1]);
+        storeKind(p, k, v);
+        sp[-1] = v;
+        NEXT();
+    }
+    op_AddLocalI32: {
+        int32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        const uint32_t r = static_cast<uint32_t>(x) + u32(*--sp);
+        std::memcpy(fp + in->a, &r, 4);
+        NEXT();
+    }
+    op_AddLocalLocalI32: {
+        const uint32_t r = static_cast<uint32_t>(localInt(fp, in->a)) + static_cast<uint32_t>(localInt(fp, in->x));
+        std::memcpy(fp + in->a, &r, 4);
+        NEXT();
+    }
+    op_IncLocal:
+    op_IncGlobal:
+    op_Inc: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        uint8_t* p;
+        if (in->op == VmOp::IncLocal) p = fp + in->a;
+        else if (in->op == VmOp::IncGlobal) p = globals + in->a;
+        else p = en.host(u32(*--sp), kindSize(k));
+        const Val old = loadKind(p, k);
+        const Val nv = incValue(k, old, in->v);
+        storeKind(p, k, nv);
+        *sp++ = in->x ? old : nv;
+        NEXT();
+    }
+    op_IncLocalI32: {
+        uint32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        x += static_cast<uint32_t>(in->v.i);
+        std::memcpy(fp + in->a, &x, 4);
+        NEXT();
+    }
+
+    op_JumpIfLtI32:
+        if (localCompare(en, fp, *in) < 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfLeI32:
+        if (localCompare(en, fp, *in) <= 0) pc = start + in->a;
+        NEXT();
+    op_JumpUnlessLtI32:
+        if (!(localCompare(en, fp, *in) < 0)) pc = start + in->a;
+        NEXT();
+    op_JumpUnlessLeI32:
+        if (!(localCompare(en, fp, *in) <= 0)) pc = start + in->a;
+        NEXT();
+
+    op_Prepare:
+        if (!in->f->compiled) en.compileFunction(in->f);
+        NEXT();
+    op_Call:
+    op_CallPtr: {
+        const size_t n = in->e->args.size();
+        sp -= n;
+        Function* f = in->op == VmOp::Call ? in->e->fn : &en.functions[static_cast<size_t>(sp[-1].i)];
+        en.cells = cellsBase + in->x;
+        en.prepareCall(f);
+        const Val r = en.enter(f, in->e, sp);
+        if (in->op == VmOp::CallPtr) --sp;
+        *sp++ = r;
+        NEXT();
+    }
+    op_Resolve:
+        sp[-1].i = resolveFunction(en, sp[-1])->index;
+        NEXT();
+    op_Eval:
+        en.cells = cellsBase + in->x;
+        *sp++ = en.eval(in->e);
+        NEXT();
+    op_Exec: {
+        en.cells = cellsBase;
+        const Flow f = en.exec(in->s);
+        if (f == Flow::Return) return true;
+        if (f == Flow::Continue) pc = start + in->a;
+        NEXT();
+    }
+    op_Return:
+        en.retVal = *--sp;
+        return true;
+    op_ReturnVoid:
+        en.retVal.i = 0;
+        return true;
+    op_End:
+        return false;
+#undef NEXT
 }
 
 std::string listCode(const Code& code) {
