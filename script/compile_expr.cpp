@@ -172,6 +172,14 @@ void emitCall(CodeGen& g, Expr* e) {
 }
 
 void emitBinary(CodeGen& g, Expr* e) {
+    if ((e->op == Op::Add || e->op == Op::Sub) && e->opType->kind == kTInt && e->b->op == Op::Const) {
+        emitExpr(g, e->a);
+        hold(g, 1);
+        hold(g, -1);
+        emit(g, VmOp::AddConstI32);
+        last(g).v.i = e->op == Op::Add ? e->b->v.i : -e->b->v.i;
+        return;
+    }
     emitExpr(g, e->a);
     hold(g, 1);
     emitExpr(g, e->b);

@@ -151,6 +151,11 @@ const Code* generateCode(Engine& en, Function* f) {
     if (!translatable(f->body)) return nullptr;
     Code& code = en.program->codes.emplace_back();
     CodeGen g{en, code, 0, 0, 0, 0, {}};
+    for (const Type* t : f->type->params) {
+        code.paramKinds.push_back(t->kind);
+        code.structParams |= t->kind == kTStruct;
+    }
+    code.returnsStruct = f->type->base->kind == kTStruct;
     for (Stmt* c : f->body->list) emitStmt(g, c);
     emit(g, VmOp::End);
     if (g.maxDepth > kVmStackCells) {

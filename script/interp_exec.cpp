@@ -62,7 +62,21 @@ Val Engine::enter(Function* f, Expr* e, const Val* av) {
     restore.objects = !code || code->framed;
     pushFrame(f, size, restore.objects);
     restore.pushed = true;
-    for (size_t i = 0; i < np && i < n; ++i) {
+    if (code && !code->structParams) {
+        // Compiled functions keep their parameters' kinds at hand: the common call,
+        // without a walk through the types.
+        for (size_t i = 0; i < np && i < n; ++i) {
+            uint8_t* dst = fp + f->paramOffs[i];
+            const TypeKind k = code->paramKinds[i];
+            if (k == kTInt || k == kTPtr) {
+                const uint32_t x = static_cast<uint32_t>(av[i].i);
+                std::memcpy(dst, &x, 4);
+            } else {
+                storeKind(dst, k, av[i]);
+            }
+        }
+    }
+    for (size_t i = 0; i < np && i < n && !(code && !code->structParams); ++i) {
         const Type* t = f->type->params[i];
         uint8_t* dst = fp + f->paramOffs[i];
         if (t->kind == kTStruct) std::memmove(dst, host(static_cast<uint32_t>(av[i].i), t->size), t->size);
@@ -86,7 +100,7 @@ Val Engine::enter(Function* f, Expr* e, const Val* av) {
     } else if (f->type->base->kind != kTVoid && f->name != "main") {
         fail(kErrMustReturn);
     }
-    if (f->type->base->kind == kTStruct) result.i = retTemp;
+    if (code ? code->returnsStruct : f->type->base->kind == kTStruct) result.i = retTemp;
     return result;
 }
 

@@ -41,6 +41,8 @@ struct Code {
     std::vector<Ins> ins;
     int maxHeld = 0;   // value cells the tree evaluator would hold at most in this body
     bool framed = false;  // forms addresses in its frame (or lets the tree evaluator do so)
+    std::vector<TypeKind> paramKinds;
+    bool structParams = false, returnsStruct = false;
 };
 
 // The compiled program: one Code per function that compiles.
