@@ -158,6 +158,7 @@ const Code* generateCode(Engine& en, Function* f) {
     code.returnsStruct = f->type->base->kind == kTStruct;
     for (Stmt* c : f->body->list) emitStmt(g, c);
     emit(g, VmOp::End);
+    code.maxDepth = g.maxDepth;
     if (g.maxDepth > kVmStackCells) {
         en.program->codes.pop_back();
         return nullptr;

@@ -58,25 +58,16 @@ Val Engine::enter(Function* f, Expr* e, const Val* av) {
     if (liveVars > kMaxVariables) fail(kErrTooManyVariables);
     // A body that might come near the cell limit runs in the tree evaluator, which
     // counts every cell and fails at the exact one.
-    const Code* code = f->code && cells + f->code->maxHeld <= kStackCells ? f->code : nullptr;
+    const Code* code =
+        f->code && cells + f->code->maxHeld <= kStackCells && stackFits(*program, *f->code) ? f->code : nullptr;
     restore.objects = !code || code->framed;
     pushFrame(f, size, restore.objects);
     restore.pushed = true;
-    if (code && !code->structParams) {
-        // Compiled functions keep their parameters' kinds at hand: the common call,
-        // without a walk through the types.
-        for (size_t i = 0; i < np && i < n; ++i) {
-            uint8_t* dst = fp + f->paramOffs[i];
-            const TypeKind k = code->paramKinds[i];
-            if (k == kTInt || k == kTPtr) {
-                const uint32_t x = static_cast<uint32_t>(av[i].i);
-                std::memcpy(dst, &x, 4);
-            } else {
-                storeKind(dst, k, av[i]);
-            }
-        }
-    }
-    for (size_t i = 0; i < np && i < n && !(code && !code->structParams); ++i) {
+    // Compiled functions keep their parameters' kinds at hand: the common call, without
+    // a walk through the types.
+    const bool quick = code && !code->structParams && n >= np;
+    if (quick) storeParams(fp, f, *code, av);
+    for (size_t i = 0; !quick && i < np && i < n; ++i) {
         const Type* t = f->type->params[i];
         uint8_t* dst = fp + f->paramOffs[i];
         if (t->kind == kTStruct) std::memmove(dst, host(static_cast<uint32_t>(av[i].i), t->size), t->size);

@@ -48,14 +48,33 @@ inline uint32_t indexAddress(const uint8_t* fp, const Ins& in) {
 
 }  // namespace
 
-bool runCode(Engine& en, const Code& code) {
-    Val stack[kVmStackCells];
-    Val* sp = stack;
-    const Ins* const start = code.ins.data();
+bool runCode(Engine& en, const Code& entry) {
+    Program& prog = *en.program;
+    Val* const stackBase = prog.sp;
+    const size_t frameBase = prog.frames.size();
+    Val* sp = stackBase;
+    const Code* code = &entry;
+    const Ins* start = code->ins.data();
     const Ins* pc = start;
-    uint8_t* const fp = en.fp;
+    uint8_t* fp = en.fp;
     uint8_t* const globals = en.data.data();
-    const int cellsBase = en.cells;
+    int cellsBase = en.cells;
+    // The calls this loop made in line end with it when an error or a longjmp leaves;
+    // the activation that called runCode puts back the rest.
+    struct Unwind {
+        Engine& en;
+        Program& prog;
+        Val* sp;
+        size_t frames;
+        ~Unwind() {
+            for (size_t i = prog.frames.size(); i > frames; --i) {
+                const VmFrame& fr = prog.frames[i - 1];
+                en.popFrame(fr.callee, fr.size, fr.objects);
+            }
+            prog.frames.resize(frames);
+            prog.sp = sp;
+        }
+    } unwind{en, prog, stackBase, frameBase};
     // Each instruction jumps to the next one's code itself (a GNU extension), which
     // the processor predicts far better than the one shared jump of a switch.
     static const void* const labels[] = {
@@ -284,6 +303,29 @@ bool runCode(Engine& en, const Code& code) {
         Function* f = in->op == VmOp::Call ? in->e->fn : &en.functions[static_cast<size_t>(sp[-1].i)];
         en.cells = cellsBase + in->x;
         en.prepareCall(f);
+        const Code* c = f->code;
+        if (c && !c->structParams && !c->returnsStruct && n == c->paramKinds.size() &&
+            en.cells + 1 + c->maxHeld <= kStackCells && sp + c->maxDepth <= prog.stack.get() + kVmStackTotal) {
+            // In line: the callee runs in this loop, its frame remembered to come back to.
+            VmFrame fr{pc, code, f, en.fp, en.fpv, en.retAddr, f->frameSize, en.curFn,
+                       cellsBase, en.cells, en.liveVars, en.curFile, en.curLine, c->framed};
+            if (++en.cells > kStackCells) en.fail(kErrStackOverflow);
+            en.liveVars += f->nVars;
+            if (en.liveVars > kMaxVariables) en.fail(kErrTooManyVariables);
+            en.pushFrame(f, fr.size, fr.objects);
+            prog.frames.push_back(fr);
+            storeParams(en.fp, f, *c, sp);
+            if (in->op == VmOp::CallPtr) --sp;
+            en.curFn = f;
+            en.retAddr = 0;
+            en.retVal.i = 0;
+            code = c;
+            start = pc = c->ins.data();
+            fp = en.fp;
+            cellsBase = en.cells;
+            NEXT();
+        }
+        prog.sp = sp + n;
         const Val r = en.enter(f, in->e, sp);
         if (in->op == VmOp::CallPtr) --sp;
         *sp++ = r;
@@ -294,23 +336,51 @@ bool runCode(Engine& en, const Code& code) {
         NEXT();
     op_Eval:
         en.cells = cellsBase + in->x;
+        prog.sp = sp;
         *sp++ = en.eval(in->e);
         NEXT();
     op_Exec: {
         en.cells = cellsBase;
+        prog.sp = sp;
         const Flow f = en.exec(in->s);
-        if (f == Flow::Return) return true;
+        if (f == Flow::Return) goto leave;
         if (f == Flow::Continue) pc = start + in->a;
         NEXT();
     }
     op_Return:
         en.retVal = *--sp;
-        return true;
+        goto leave;
     op_ReturnVoid:
         en.retVal.i = 0;
-        return true;
+        goto leave;
     op_End:
-        return false;
+        if (prog.frames.size() == frameBase) return false;
+        if (prog.frames.back().callee->type->base->kind != kTVoid && prog.frames.back().callee->name != "main")
+            en.fail(kErrMustReturn);
+        en.retVal.i = 0;
+        goto leave;
+leave:
+    if (prog.frames.size() == frameBase) return true;
+    {
+        const VmFrame fr = prog.frames.back();
+        prog.frames.pop_back();
+        en.popFrame(fr.callee, fr.size, fr.objects);
+        en.fp = fr.fp;
+        en.fpv = fr.fpv;
+        en.retAddr = fr.retAddr;
+        en.curFn = fr.curFn;
+        en.cells = fr.cells;
+        en.liveVars = fr.vars;
+        en.curFile = fr.file;
+        en.curLine = fr.line;
+        code = fr.code;
+        start = code->ins.data();
+        pc = fr.pc;
+        fp = fr.fp;
+        cellsBase = fr.cellsBase;
+        *sp++ = en.retVal;
+    }
+    NEXT();
 #undef NEXT
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -32,23 +33,59 @@ struct Ins {
     Ins() : op(VmOp::End), v{} {}
 };
 
-// The operand stack of one activation lives on the machine stack; an expression whose
-// instructions would need more is left to the tree evaluator. Deeper trees are rare in
-// scripts and the tree evaluator reports every limit of theirs itself.
+// The operand stacks of all activations share one array; a body whose stack would not
+// fit above those of its callers runs in the tree evaluator. A body needs at most
+// kVmStackCells; the total allows the 512 nested calls that the value cells allow, each
+// with a modest expression in flight.
 constexpr int kVmStackCells = 48;
+constexpr int kVmStackTotal = 16384;
 
 struct Code {
     std::vector<Ins> ins;
     int maxHeld = 0;   // value cells the tree evaluator would hold at most in this body
+    int maxDepth = 0;  // operand stack cells the body uses at most
     bool framed = false;  // forms addresses in its frame (or lets the tree evaluator do so)
     std::vector<TypeKind> paramKinds;
     bool structParams = false, returnsStruct = false;
 };
 
-// The compiled program: one Code per function that compiles.
+// A compiled function called from compiled code, run in the caller's dispatch loop:
+// what its return puts back.
+struct VmFrame {
+    const Ins* pc;
+    const Code* code;
+    Function* callee;
+    uint8_t* fp;
+    uint32_t fpv, retAddr, size;
+    Function* curFn;
+    int cellsBase, cells, vars, file, line;
+    bool objects;
+};
+
+// The compiled program: one Code per function that compiles, and the machine's stacks.
 struct Program {
     std::deque<Code> codes;
+    std::unique_ptr<Val[]> stack{new Val[kVmStackTotal]};
+    Val* sp = stack.get();   // the first cell no activation uses
+    std::vector<VmFrame> frames;
 };
+
+// Whether code's operand stack fits above the activations running now.
+inline bool stackFits(const Program& p, const Code& code) { return p.sp + code.maxDepth <= p.stack.get() + kVmStackTotal; }
+
+// Arguments into the parameters of a compiled function's new frame.
+inline void storeParams(uint8_t* fp, const Function* f, const Code& c, const Val* av) {
+    for (size_t i = 0; i < c.paramKinds.size(); ++i) {
+        uint8_t* dst = fp + f->paramOffs[i];
+        const TypeKind k = c.paramKinds[i];
+        if (k == kTInt || k == kTPtr) {
+            const uint32_t x = static_cast<uint32_t>(av[i].i);
+            std::memcpy(dst, &x, 4);
+        } else {
+            storeKind(dst, k, av[i]);
+        }
+    }
+}
 
 // Compiles f's parsed body; null when it uses goto, labels or setjmp, which only the
 // tree evaluator runs.
