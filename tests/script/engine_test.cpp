@@ -127,6 +127,31 @@ TEST(ScriptRun, StepBudgetStopsARunawayLoopAsTheUserWould) {
     EXPECT_FALSE(isScriptRunning());
 }
 
+TEST(ScriptRun, StopReachesALoopInACompiledFunction) {
+    int fds[2];
+    ASSERT_EQ(::pipe(fds), 0);
+    FILE* out = ::fdopen(fds[1], "w");
+    std::setvbuf(out, nullptr, _IONBF, 0);
+    ScriptRunOptions opts;
+    opts.out = out;
+    ScriptRunResult r;
+    std::thread t([&] {
+        r = runScriptText("/x/spin.c",
+                          "int spin(int n)\n{\n    for (;;) { if (++n == 1000) printf(\"in\\n\"); }\n}\n"
+                          "int main(void) { return spin(0); }\n",
+                          {"spin.c"}, opts);
+        std::fputs("end", out);  // the read below returns whatever became of the run
+    });
+    char seen[4] = {};
+    EXPECT_GT(::read(fds[0], seen, 3), 0);  // the loop is running
+    requestScriptStop();
+    t.join();
+    std::fclose(out);
+    ::close(fds[0]);
+    EXPECT_EQ(r.error, kErrTerminated);
+    EXPECT_EQ(r.message, "spin.c Line 3: Program terminated by user");
+}
+
 TEST(ScriptRun, OnlyOneRunAtATime) {
     int fds[2];
     ASSERT_EQ(::pipe(fds), 0);
