@@ -167,6 +167,7 @@ void emitCall(CodeGen& g, Expr* e) {
     }
     last(g).e = e;
     last(g).x = static_cast<uint16_t>(g.held);
+    last(g).a = static_cast<int32_t>(e->args.size());
     g.depth -= static_cast<int>(e->args.size());
     if (e->temp) g.code.framed = true;
 }

@@ -159,6 +159,9 @@ const Code* generateCode(Engine& en, Function* f) {
     for (Stmt* c : f->body->list) emitStmt(g, c);
     emit(g, VmOp::End);
     code.maxDepth = g.maxDepth;
+    code.inlinable = !code.structParams && !code.returnsStruct;
+    code.params = static_cast<int>(code.paramKinds.size());
+    code.cellsBelow = kStackCells - 1 - code.maxHeld;
     if (g.maxDepth > kVmStackCells) {
         en.program->codes.pop_back();
         return nullptr;

@@ -235,11 +235,14 @@ struct Engine : CompileContext, Machine, LibraryState {
     // Before a call's arguments: a step, the machine stack's bound, the body parsed.
     void prepareCall(Function* f) {
         tick();
-        // Unary chains do not hold stack cells, so deep recursion through them is bounded
-        // by the machine stack it takes.
+        checkHostStack();
+        if (!f->compiled) compileFunction(f);
+    }
+    // Unary chains do not hold stack cells, so deep recursion through them is bounded by
+    // the machine stack it takes.
+    void checkHostStack() {
         const uintptr_t here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
         if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
-        if (!f->compiled) compileFunction(f);
     }
     // Runs f on the argument values av of the call e, in a frame of its own.
     Val enter(Function* f, Expr* e, const Val* av);

@@ -51,13 +51,14 @@ inline uint32_t indexAddress(const uint8_t* fp, const Ins& in) {
 bool runCode(Engine& en, const Code& entry) {
     Program& prog = *en.program;
     Val* const stackBase = prog.sp;
-    const size_t frameBase = prog.frames.size();
+    const size_t frameBase = prog.depth;
     Val* sp = stackBase;
     const Code* code = &entry;
     const Ins* start = code->ins.data();
     const Ins* pc = start;
     uint8_t* fp = en.fp;
     uint8_t* const globals = en.data.data();
+    const Val* const stackEnd = prog.stack.get() + kVmStackTotal;
     int cellsBase = en.cells;
     // The calls this loop made in line end with it when an error or a longjmp leaves;
     // the activation that called runCode puts back the rest.
@@ -67,11 +68,10 @@ bool runCode(Engine& en, const Code& entry) {
         Val* sp;
         size_t frames;
         ~Unwind() {
-            for (size_t i = prog.frames.size(); i > frames; --i) {
-                const VmFrame& fr = prog.frames[i - 1];
-                en.popFrame(fr.callee, fr.size, fr.objects);
+            for (; prog.depth > frames; --prog.depth) {
+                Function* f = prog.frames[prog.depth - 1].callee;
+                en.popFrame(f, f->frameSize, f->code->framed);
             }
-            prog.frames.resize(frames);
             prog.sp = sp;
         }
     } unwind{en, prog, stackBase, frameBase};
@@ -298,34 +298,30 @@ bool runCode(Engine& en, const Code& entry) {
         NEXT();
     op_Call:
     op_CallPtr: {
-        const size_t n = in->e->args.size();
-        sp -= n;
+        sp -= in->a;
         Function* f = in->op == VmOp::Call ? in->e->fn : &en.functions[static_cast<size_t>(sp[-1].i)];
         en.cells = cellsBase + in->x;
-        en.prepareCall(f);
+        en.tick();
+        if (!f->compiled) en.compileFunction(f);
         const Code* c = f->code;
-        if (c && !c->structParams && !c->returnsStruct && n == c->paramKinds.size() &&
-            en.cells + 1 + c->maxHeld <= kStackCells && sp + c->maxDepth <= prog.stack.get() + kVmStackTotal) {
+        if (c && c->inlinable && in->a == c->params && en.cells <= c->cellsBelow && sp + c->maxDepth <= stackEnd) {
             // In line: the callee runs in this loop, its frame remembered to come back to.
-            VmFrame fr{pc, code, f, en.fp, en.fpv, en.retAddr, f->frameSize, en.curFn,
-                       cellsBase, en.cells, en.liveVars, en.curFile, en.curLine, c->framed};
-            if (++en.cells > kStackCells) en.fail(kErrStackOverflow);
+            ++en.cells;
             en.liveVars += f->nVars;
             if (en.liveVars > kMaxVariables) en.fail(kErrTooManyVariables);
-            en.pushFrame(f, fr.size, fr.objects);
-            prog.frames.push_back(fr);
+            en.pushFrame(f, f->frameSize, c->framed);
+            prog.frames[prog.depth++] = VmFrame{pc, code, f, en.curFn, cellsBase, en.curFile, en.curLine};
             storeParams(en.fp, f, *c, sp);
             if (in->op == VmOp::CallPtr) --sp;
             en.curFn = f;
-            en.retAddr = 0;
-            en.retVal.i = 0;
             code = c;
             start = pc = c->ins.data();
             fp = en.fp;
             cellsBase = en.cells;
             NEXT();
         }
-        prog.sp = sp + n;
+        en.checkHostStack();
+        prog.sp = sp + in->a;
         const Val r = en.enter(f, in->e, sp);
         if (in->op == VmOp::CallPtr) --sp;
         *sp++ = r;
@@ -354,30 +350,30 @@ bool runCode(Engine& en, const Code& entry) {
         en.retVal.i = 0;
         goto leave;
     op_End:
-        if (prog.frames.size() == frameBase) return false;
-        if (prog.frames.back().callee->type->base->kind != kTVoid && prog.frames.back().callee->name != "main")
+        if (prog.depth == frameBase) return false;
+        if (prog.frames[prog.depth - 1].callee->type->base->kind != kTVoid &&
+            prog.frames[prog.depth - 1].callee->name != "main")
             en.fail(kErrMustReturn);
         en.retVal.i = 0;
         goto leave;
 leave:
-    if (prog.frames.size() == frameBase) return true;
+    if (prog.depth == frameBase) return true;
     {
-        const VmFrame fr = prog.frames.back();
-        prog.frames.pop_back();
-        en.popFrame(fr.callee, fr.size, fr.objects);
-        en.fp = fr.fp;
-        en.fpv = fr.fpv;
-        en.retAddr = fr.retAddr;
+        const VmFrame& fr = prog.frames[--prog.depth];
+        Function* f = fr.callee;
+        en.popFrame(f, f->frameSize, f->code->framed);
+        en.fpv = kDataBase + kDataHostSize - en.frameTop;
+        en.fp = globals + (kDataHostSize - en.frameTop);
         en.curFn = fr.curFn;
-        en.cells = fr.cells;
-        en.liveVars = fr.vars;
+        en.liveVars -= f->nVars;
         en.curFile = fr.file;
         en.curLine = fr.line;
         code = fr.code;
         start = code->ins.data();
         pc = fr.pc;
-        fp = fr.fp;
+        fp = en.fp;
         cellsBase = fr.cellsBase;
+        en.cells = cellsBase + pc[-1].x;
         *sp++ = en.retVal;
     }
     NEXT();

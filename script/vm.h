@@ -47,27 +47,32 @@ struct Code {
     bool framed = false;  // forms addresses in its frame (or lets the tree evaluator do so)
     std::vector<TypeKind> paramKinds;
     bool structParams = false, returnsStruct = false;
+    // Calls from compiled code run it in line when it takes exactly its parameters, none
+    // of them or its result a struct, and the cells in use then are at most cellsBelow.
+    bool inlinable = false;
+    int params = 0, cellsBelow = 0;
 };
 
 // A compiled function called from compiled code, run in the caller's dispatch loop:
-// what its return puts back.
+// what its return puts back. The caller's frame is the one below the callee's, and the
+// cells it held are its call instruction's.
 struct VmFrame {
     const Ins* pc;
     const Code* code;
     Function* callee;
-    uint8_t* fp;
-    uint32_t fpv, retAddr, size;
     Function* curFn;
-    int cellsBase, cells, vars, file, line;
-    bool objects;
+    int cellsBase, file, line;
 };
+// Every call run in line takes a value cell, so the cell limit bounds their nesting.
+constexpr int kVmFrames = kStackCells + 1;
 
 // The compiled program: one Code per function that compiles, and the machine's stacks.
 struct Program {
     std::deque<Code> codes;
     std::unique_ptr<Val[]> stack{new Val[kVmStackTotal]};
     Val* sp = stack.get();   // the first cell no activation uses
-    std::vector<VmFrame> frames;
+    std::unique_ptr<VmFrame[]> frames{new VmFrame[kVmFrames]};
+    size_t depth = 0;        // frames in use
 };
 
 // Whether code's operand stack fits above the activations running now.
