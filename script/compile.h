@@ -2,6 +2,8 @@
 // instructions (compile_expr.cpp, compile_stmt.cpp).
 #pragma once
 #include <cstddef>
+#include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "script/interp.h"
@@ -9,9 +11,10 @@
 
 namespace zol {
 
-// Jumps still to be pointed at their loop's end or next turn.
+// Jumps still to be pointed at their loop's or switch's end or a loop's next turn.
 struct LoopJumps {
     std::vector<size_t> breaks, continues;
+    bool isSwitch = false;  // takes break only; continue goes to the loop around it
 };
 
 struct CodeGen {
@@ -21,6 +24,7 @@ struct CodeGen {
     int held = 0;                  // value cells the tree evaluator holds here
     size_t target = 0;             // where a jump lands last: a Line before it must stay
     std::vector<LoopJumps*> loops;
+    std::unordered_map<int64_t, size_t> cases;  // case marker key -> its instruction
 };
 
 // Expressions of at most this height are translated; taller ones go to the tree

@@ -96,13 +96,40 @@ void emitReturn(CodeGen& g, Stmt* s) {
     }
 }
 
+LoopJumps* innermostLoop(CodeGen& g) {
+    for (size_t i = g.loops.size(); i > 0; --i)
+        if (!g.loops[i - 1]->isSwitch) return g.loops[i - 1];
+    return nullptr;
+}
+
 // The tree evaluator runs the statement; a continue that comes out of it goes on with
 // the loop around it.
 void emitExec(CodeGen& g, Stmt* s) {
     const size_t at = emit(g, VmOp::Exec);
     last(g).s = s;
     last(g).a = -1;
-    if (!g.loops.empty()) g.loops.back()->continues.push_back(at);
+    if (LoopJumps* loop = innermostLoop(g)) loop->continues.push_back(at);
+}
+
+// The value picks a case marker anywhere in the body, which is entered there.
+void emitSwitch(CodeGen& g, Stmt* s) {
+    emitExpr(g, s->e);
+    std::vector<std::pair<size_t, int64_t>> picks;
+    for (const auto& c : s->cases) {
+        picks.emplace_back(emit(g, VmOp::CaseJump), c.second);
+        last(g).v.i = c.first;
+    }
+    emit(g, VmOp::Pop);
+    const size_t other = emit(g, VmOp::Jump);
+    LoopJumps jumps;
+    jumps.isSwitch = true;
+    g.loops.push_back(&jumps);
+    for (Stmt* c : s->body->list) emitStmt(g, c);
+    g.loops.pop_back();
+    const size_t end = here(g);
+    for (const auto& p : picks) patch(g, p.first, g.cases.at(p.second));
+    patch(g, other, s->defaultKey ? g.cases.at(s->defaultKey) : end);
+    for (size_t j : jumps.breaks) patch(g, j, end);
 }
 
 // Labels, goto and setjmp jump into the middle of statements, which only the tree
@@ -118,6 +145,7 @@ bool translatable(const Stmt* s) {
 }  // namespace
 
 void emitStmt(CodeGen& g, Stmt* s) {
+    if (s->op == SOp::Case) g.cases[s->id] = here(g);
     emitLine(g, s);
     switch (s->op) {
         case SOp::Expr:
@@ -135,8 +163,10 @@ void emitStmt(CodeGen& g, Stmt* s) {
             g.loops.back()->breaks.push_back(emit(g, VmOp::Jump));
             return;
         case SOp::Continue:
-            g.loops.back()->continues.push_back(emit(g, VmOp::Jump));
+            innermostLoop(g)->continues.push_back(emit(g, VmOp::Jump));
             return;
+        case SOp::Switch: return emitSwitch(g, s);
+        case SOp::Case: return;
         case SOp::Zero:
             emit(g, VmOp::ZeroLocal);
             last(g).a = static_cast<int32_t>(s->id);
@@ -150,7 +180,7 @@ void emitStmt(CodeGen& g, Stmt* s) {
 const Code* generateCode(Engine& en, Function* f) {
     if (!translatable(f->body)) return nullptr;
     Code& code = en.program->codes.emplace_back();
-    CodeGen g{en, code, 0, 0, 0, 0, {}};
+    CodeGen g{en, code, 0, 0, 0, 0, {}, {}};
     for (const Type* t : f->type->params) {
         code.paramKinds.push_back(t->kind);
         code.structParams |= t->kind == kTStruct;

@@ -111,6 +111,12 @@ bool runCode(Engine& en, const Code& entry) {
     op_JumpIfNonZeroF:
         if ((--sp)->d != 0) pc = start + in->a;
         NEXT();
+    op_CaseJump:
+        if (sp[-1].i == in->v.i) {
+            --sp;
+            pc = start + in->a;
+        }
+        NEXT();
     op_Pop:
         --sp;
         NEXT();
