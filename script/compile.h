@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "script/interp.h"
@@ -24,7 +25,8 @@ struct CodeGen {
     int held = 0;                  // value cells the tree evaluator holds here
     size_t target = 0;             // where a jump lands last: a Line before it must stay
     std::vector<LoopJumps*> loops;
-    std::unordered_map<int64_t, size_t> cases;  // case marker key -> its instruction
+    std::unordered_map<int64_t, size_t> marks;  // label or case marker key -> its instruction
+    std::vector<std::pair<size_t, int64_t>> gotos;  // jumps to labels, patched at the end
 };
 
 // Expressions of at most this height are translated; taller ones go to the tree

@@ -1,6 +1,7 @@
 // Statements into instructions, and a function's body as a whole. Every statement
 // first says where it stands, as the tree evaluator's exec does, so an error reports
-// the same line; a switch goes to the tree evaluator whole.
+// the same line. Labels and case markers are places in the code: goto and switch jump
+// straight to them, into the middle of loops and blocks as C allows.
 #include "script/compile.h"
 
 namespace zol {
@@ -127,16 +128,16 @@ void emitSwitch(CodeGen& g, Stmt* s) {
     for (Stmt* c : s->body->list) emitStmt(g, c);
     g.loops.pop_back();
     const size_t end = here(g);
-    for (const auto& p : picks) patch(g, p.first, g.cases.at(p.second));
-    patch(g, other, s->defaultKey ? g.cases.at(s->defaultKey) : end);
+    for (const auto& p : picks) patch(g, p.first, g.marks.at(p.second));
+    patch(g, other, s->defaultKey ? g.marks.at(s->defaultKey) : end);
     for (size_t j : jumps.breaks) patch(g, j, end);
 }
 
-// Labels, goto and setjmp jump into the middle of statements, which only the tree
-// evaluator knows how to do.
+// A longjmp comes back into the middle of a statement, which only the tree evaluator
+// knows how to do.
 bool translatable(const Stmt* s) {
     if (!s) return true;
-    if (s->hasSetjmp || s->jmpChild || s->op == SOp::Label || s->op == SOp::Goto) return false;
+    if (s->hasSetjmp || s->jmpChild) return false;
     for (const Stmt* c : s->list)
         if (!translatable(c)) return false;
     return translatable(s->body) && translatable(s->els);
@@ -145,7 +146,7 @@ bool translatable(const Stmt* s) {
 }  // namespace
 
 void emitStmt(CodeGen& g, Stmt* s) {
-    if (s->op == SOp::Case) g.cases[s->id] = here(g);
+    if (s->op == SOp::Case || s->op == SOp::Label) g.marks[s->id] = here(g);
     emitLine(g, s);
     switch (s->op) {
         case SOp::Expr:
@@ -166,7 +167,12 @@ void emitStmt(CodeGen& g, Stmt* s) {
             innermostLoop(g)->continues.push_back(emit(g, VmOp::Jump));
             return;
         case SOp::Switch: return emitSwitch(g, s);
-        case SOp::Case: return;
+        case SOp::Case:
+        case SOp::Label:
+            return;
+        case SOp::Goto:
+            g.gotos.emplace_back(emit(g, VmOp::Jump), s->id);
+            return;
         case SOp::Zero:
             emit(g, VmOp::ZeroLocal);
             last(g).a = static_cast<int32_t>(s->id);
@@ -180,7 +186,7 @@ void emitStmt(CodeGen& g, Stmt* s) {
 const Code* generateCode(Engine& en, Function* f) {
     if (!translatable(f->body)) return nullptr;
     Code& code = en.program->codes.emplace_back();
-    CodeGen g{en, code, 0, 0, 0, 0, {}, {}};
+    CodeGen g{en, code, 0, 0, 0, 0, {}, {}, {}};
     for (const Type* t : f->type->params) {
         code.paramKinds.push_back(t->kind);
         code.structParams |= t->kind == kTStruct;
@@ -188,6 +194,7 @@ const Code* generateCode(Engine& en, Function* f) {
     code.returnsStruct = f->type->base->kind == kTStruct;
     for (Stmt* c : f->body->list) emitStmt(g, c);
     emit(g, VmOp::End);
+    for (const auto& j : g.gotos) patch(g, j.first, g.marks.at(j.second));
     code.maxDepth = g.maxDepth;
     code.inlinable = !code.structParams && !code.returnsStruct;
     code.params = static_cast<int>(code.paramKinds.size());

@@ -92,8 +92,8 @@ inline void storeParams(uint8_t* fp, const Function* f, const Code& c, const Val
     }
 }
 
-// Compiles f's parsed body; null when it uses goto, labels or setjmp, which only the
-// tree evaluator runs.
+// Compiles f's parsed body; null when it calls setjmp or its expressions need more
+// operand stack than an activation has, which only the tree evaluator runs.
 const Code* generateCode(Engine& en, Function* f);
 // Runs one activation whose frame the caller has pushed; true when it returned by a
 // return statement (the value in en.retVal), false when it ran off its end.

@@ -1,5 +1,5 @@
-/* Functions run as instructions and functions the tree evaluator runs (those with a
-   label, goto or setjmp) call each other, directly and through pointers. */
+/* Functions run as instructions and functions the tree evaluator runs (those that
+   call setjmp) call each other, directly and through pointers. */
 #include <stdio.h>
 #include <setjmp.h>
 // out: 55 720 5040
@@ -12,10 +12,9 @@ int fib(int n) { return n < 2 ? n : self(n - 1) + self(n - 2); }
 int factC(int n);
 int factE(int n)
 {
-    if (n > 1) goto more;
+    jmp_buf here;
+    if (setjmp(here) == 0 && n > 1) return n * factC(n - 1);
     return 1;
-more:
-    return n * factC(n - 1);
 }
 int factC(int n) { return n > 1 ? n * factE(n - 1) : 1; }
 int classify(int n)
