@@ -100,7 +100,17 @@ void emitStore(CodeGen& g, Expr* lv, bool dup) {
     if (byteIndex(lv) && localByteIndex(lv)) {
         hold(g, 1);
         hold(g, -1);
-        emit(g, VmOp::StoreLocalIndex8);
+        // A constant stored needs no operand: the one instruction replaces its push.
+        const bool constant = !dup && !g.code.ins.empty() && g.code.ins.back().op == VmOp::Const && g.target != g.code.ins.size();
+        if (constant) {
+            const Val v = g.code.ins.back().v;
+            g.code.ins.pop_back();
+            --g.depth;
+            emit(g, VmOp::StoreConstLocalIndex8);
+            last(g).v = v;
+        } else {
+            emit(g, VmOp::StoreLocalIndex8);
+        }
         last(g).x = static_cast<uint16_t>(lv->a->a->v.i);
         last(g).a = static_cast<int32_t>(lv->a->b->v.i);
     } else if (byteIndex(lv)) {
@@ -174,11 +184,13 @@ void emitCall(CodeGen& g, Expr* e) {
 
 void emitBinary(CodeGen& g, Expr* e) {
     if ((e->op == Op::Add || e->op == Op::Sub) && e->opType->kind == kTInt && e->b->op == Op::Const) {
-        emitExpr(g, e->a);
+        const bool local = intLocal(e->a);
+        if (!local) emitExpr(g, e->a);
         hold(g, 1);
         hold(g, -1);
-        emit(g, VmOp::AddConstI32);
+        emit(g, local ? VmOp::LoadLocalAddI32 : VmOp::AddConstI32);
         last(g).v.i = e->op == Op::Add ? e->b->v.i : -e->b->v.i;
+        if (local) last(g).a = static_cast<int32_t>(e->a->v.i);
         return;
     }
     emitExpr(g, e->a);

@@ -177,6 +177,9 @@ bool runCode(Engine& en, const Code& entry) {
     op_LoadLocalIndexI8:
         *sp++ = intVal(static_cast<int8_t>(*en.host(indexAddress(fp, *in), 1)));
         NEXT();
+    op_StoreConstLocalIndex8:
+        *en.host(indexAddress(fp, *in), 1) = static_cast<uint8_t>(in->v.i);
+        NEXT();
     op_StoreLocalIndex8:
         *en.host(indexAddress(fp, *in), 1) = static_cast<uint8_t>((--sp)->i);
         NEXT();
@@ -209,6 +212,9 @@ bool runCode(Engine& en, const Code& entry) {
     op_GeI32: --sp; sp[-1].i = sp[-1].i >= sp[0].i; NEXT();
     op_EqI32: --sp; sp[-1].i = sp[-1].i == sp[0].i; NEXT();
     op_NeI32: --sp; sp[-1].i = sp[-1].i != sp[0].i; NEXT();
+    op_LoadLocalAddI32:
+        *sp++ = wrap32(static_cast<uint32_t>(localInt(fp, in->a)) + static_cast<uint32_t>(in->v.i));
+        NEXT();
     op_AddConstI32: sp[-1] = wrap32(u32(sp[-1]) + static_cast<uint32_t>(in->v.i)); NEXT();
     op_Offset: sp[-1].i = static_cast<uint32_t>(sp[-1].i + in->v.i); NEXT();
     op_Binary:
