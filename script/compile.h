@@ -44,6 +44,7 @@ void emitDiscard(CodeGen& g, Expr* e);   // e for its effects only
 // Jumps when e's truth is the given one, after a loop's turn when tick; returns the
 // jump to patch.
 size_t emitJumpIf(CodeGen& g, Expr* e, bool truth, bool tick = false);
-void emitStmt(CodeGen& g, Stmt* s);
+// followed: another statement of the same block comes next.
+void emitStmt(CodeGen& g, Stmt* s, bool followed = false);
 
 }  // namespace zol

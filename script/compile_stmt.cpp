@@ -71,8 +71,24 @@ void emitFor(CodeGen& g, Stmt* s) {
     for (size_t j : jumps.continues) patch(g, j, next);
 }
 
-void emitIf(CodeGen& g, Stmt* s) {
-    const size_t other = emitJumpIf(g, s->e, false);
+void emitList(CodeGen& g, const std::vector<Stmt*>& list) {
+    for (size_t i = 0; i < list.size(); ++i) emitStmt(g, list[i], i + 1 < list.size());
+}
+
+bool isLocalCompareJump(VmOp op) {
+    return op == VmOp::JumpIfLtI32 || op == VmOp::JumpIfLeI32 || op == VmOp::JumpUnlessLtI32 || op == VmOp::JumpUnlessLeI32;
+}
+
+void emitIf(CodeGen& g, Stmt* s, bool followed) {
+    const size_t line = g.code.ins.size() - 1;
+    size_t other = emitJumpIf(g, s->e, false);
+    // A test of locals cannot fail, and both ways go on to a statement that says its own
+    // line first: the if's own line is never reported.
+    if ((s->els || followed) && isLocalCompareJump(g.code.ins[other].op) && other == line + 1 &&
+        g.code.ins[line].op == VmOp::Line) {
+        g.code.ins.erase(g.code.ins.begin() + static_cast<std::ptrdiff_t>(line));
+        other = line;
+    }
     emitStmt(g, s->body);
     if (!s->els) {
         patch(g, other, here(g));
@@ -125,7 +141,7 @@ void emitSwitch(CodeGen& g, Stmt* s) {
     LoopJumps jumps;
     jumps.isSwitch = true;
     g.loops.push_back(&jumps);
-    for (Stmt* c : s->body->list) emitStmt(g, c);
+    emitList(g, s->body->list);
     g.loops.pop_back();
     const size_t end = here(g);
     for (const auto& p : picks) patch(g, p.first, g.marks.at(p.second));
@@ -145,7 +161,7 @@ bool translatable(const Stmt* s) {
 
 }  // namespace
 
-void emitStmt(CodeGen& g, Stmt* s) {
+void emitStmt(CodeGen& g, Stmt* s, bool followed) {
     if (s->op == SOp::Case || s->op == SOp::Label) g.marks[s->id] = here(g);
     emitLine(g, s);
     switch (s->op) {
@@ -153,9 +169,9 @@ void emitStmt(CodeGen& g, Stmt* s) {
             if (s->e) emitDiscard(g, s->e);
             return;
         case SOp::Block:
-            for (Stmt* c : s->list) emitStmt(g, c);
+            emitList(g, s->list);
             return;
-        case SOp::If: return emitIf(g, s);
+        case SOp::If: return emitIf(g, s, followed);
         case SOp::While: return emitWhile(g, s);
         case SOp::Do: return emitDo(g, s);
         case SOp::For: return emitFor(g, s);
@@ -192,7 +208,7 @@ const Code* generateCode(Engine& en, Function* f) {
         code.structParams |= t->kind == kTStruct;
     }
     code.returnsStruct = f->type->base->kind == kTStruct;
-    for (Stmt* c : f->body->list) emitStmt(g, c);
+    emitList(g, f->body->list);
     emit(g, VmOp::End);
     for (const auto& j : g.gotos) patch(g, j.first, g.marks.at(j.second));
     code.maxDepth = g.maxDepth;
