@@ -350,8 +350,16 @@ void emitExpr(CodeGen& g, Expr* e) {
         case Op::Call:
         case Op::CallPtr:
             return emitCall(g, e);
+        case Op::Builtin:
+            emitArgs(g, e);
+            emit(g, VmOp::Builtin);
+            last(g).e = e;
+            last(g).x = static_cast<uint16_t>(g.held);
+            last(g).a = static_cast<int32_t>(e->args.size());
+            g.depth -= static_cast<int>(e->args.size());
+            return;
         default:
-            // Built-ins, struct copies, string initialisers, setjmp and the variable
+            // Struct copies, string initialisers, setjmp, longjmp and the variable
             // argument start: the tree evaluator's own.
             return emitEval(g, e);
     }
@@ -361,6 +369,7 @@ void emitDiscard(CodeGen& g, Expr* e) {
     const bool changes = e->op == Op::Assign || e->op == Op::AssignOp || e->op == Op::PreInc || e->op == Op::PostInc;
     if (changes && e->depth <= kVmInlineDepth && knownLvalue(e->a)) {
         const bool toIntLocal = e->a->op == Op::LVar && e->a->type->kind == kTInt;
+        const bool to32Local = e->a->op == Op::LVar && isInt32Kind(e->a->type->kind);
         if (e->op == Op::Assign) {
             emitExpr(g, e->b);
             return emitStore(g, e->a, false);
@@ -375,7 +384,7 @@ void emitDiscard(CodeGen& g, Expr* e) {
             if (fromLocal) last(g).x = static_cast<uint16_t>(e->b->v.i);
             return;
         }
-        if (e->op != Op::AssignOp && toIntLocal) {
+        if (e->op != Op::AssignOp && to32Local) {
             emit(g, VmOp::IncLocalI32);
             last(g).a = static_cast<int32_t>(e->a->v.i);
             last(g).v = e->v;

@@ -252,6 +252,7 @@ struct Engine : CompileContext, Machine, LibraryState {
 
     // library (builtins_dispatch.cpp)
     Val callBuiltin(Expr* e);
+    Val callBuiltinWith(Expr* e, Val* av);  // on argument values already evaluated
 };
 
 }  // namespace zol

@@ -342,6 +342,13 @@ bool runCode(Engine& en, const Code& entry) {
     op_Resolve:
         sp[-1].i = resolveFunction(en, sp[-1])->index;
         NEXT();
+    op_Builtin:
+        sp -= in->a;
+        en.cells = cellsBase + in->x;
+        prog.sp = sp + in->a;
+        sp[0] = en.callBuiltinWith(in->e, sp);
+        ++sp;
+        NEXT();
     op_Eval:
         en.cells = cellsBase + in->x;
         prog.sp = sp;
