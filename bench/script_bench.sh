@@ -38,14 +38,6 @@ for c in "$scripts"/bench_*.c; do
   ratio=$(awk -v z="$z" -v l="$l" 'BEGIN{ if (l == "-" || l == 0) print "-"; else printf "%.2f", z / l }')
   printf '%-12s %9s %9s %9s %12s\n' "$name" "$z" "$l" "$t" "$ratio"
 done
-# The longest-running C programs of the test suite, so that a slowdown of the
-# interpreter shows beyond the programs above.
-tests=$root/tests/script
-bin=$(cd "$(dirname "$zolder")" && pwd)/$(basename "$zolder")
-echo "slowest test programs (best CPU seconds of three):"
-for c in "$tests"/c89/*.c "$tests"/lang/*.c; do
-  printf '%s %s\n' "$(cd "$(dirname "$c")" && best "$bin" --headless --home "$work/home" --run "$c")" "${c#"$tests"/}"
-done | sort -rn | head -5 | while read -r t name; do printf '  %-22s %9s\n' "$name" "$t"; done
 # A script walking every line of big.c through the editor, the whole process with the
 # opening of the file, beside lua5.4 reading the file line by line.
 data=${ZOLDER_BENCH_DATA:-}
