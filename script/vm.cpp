@@ -1,5 +1,7 @@
-// The dispatcher of compiled functions: one activation per call, its operand stack on
-// the machine stack, its locals in the script's frame (en.fp).
+// The dispatcher of compiled functions. Each entry from the tree evaluator runs one
+// loop, in which calls between compiled functions run too, remembered in
+// Program::frames; operand stacks share Program::stack; locals live in the script's
+// frame (en.fp), where the tree evaluator keeps them as well.
 #include <cstdio>
 #include <cstring>
 
