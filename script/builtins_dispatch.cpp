@@ -101,7 +101,10 @@ bool builtinCallable(int number) {
 
 Val Engine::callBuiltin(Expr* e) {
     ArgValues args;
-    Val* av = evalArgs(e, args);
+    return callBuiltinWith(e, evalArgs(e, args));
+}
+
+Val Engine::callBuiltinWith(Expr* e, Val* av) {
     curFile = e->file;
     curLine = e->line;
     const Slot& slot = gSlots[static_cast<size_t>(e->builtin)];

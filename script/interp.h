@@ -1,7 +1,8 @@
-// The interpreter's state for one run: types, the script's address space, the
-// compiled form of expressions and statements, functions and the evaluator.
-// A declaration scan fills the globals and the function table; a function's body is
-// compiled into a small tree the first time it is called and run from there.
+// The interpreter of one run. A declaration scan fills the globals and the function
+// table; a function's body is parsed into a small tree the first time it is called,
+// compiled into instructions where it can be (vm.h), and run from there. The state is
+// kept by concern: the parser's (compile_context.h), the machine's (machine.h), the
+// library's (library_state.h) and the compiled program.
 #pragma once
 #include <atomic>
 #include <cstdint>
@@ -14,169 +15,16 @@
 #include <unordered_map>
 #include <vector>
 
+#include "script/compile_context.h"
 #include "script/console.h"
 #include "script/errors.h"
 #include "script/lexer.h"
+#include "script/library_state.h"
+#include "script/machine.h"
+#include "script/tree.h"
+#include "script/values.h"
 
 namespace zol {
-
-enum TypeKind : uint8_t {
-    kTVoid, kTChar, kTUChar, kTShort, kTUShort, kTInt, kTUInt, kTLong, kTULong, kTLLong, kTULLong,
-    kTFloat, kTDouble, kTPtr, kTArray, kTStruct, kTFunc,
-};
-
-struct Type;
-struct Member {
-    int sym;
-    const Type* type;
-    uint32_t off;
-    uint8_t bitOff = 0, bitWidth = 0;  // a bit-field: bits [bitOff, bitOff+bitWidth) of the unit at off
-};
-struct Record {
-    bool isUnion = false;
-    bool complete = false;
-    uint32_t size = 0, align = 1;
-    std::vector<Member> members;
-};
-
-// A type; built once and shared, never changed after it is complete.
-struct Type {
-    TypeKind kind = kTVoid;
-    bool isConst = false;
-    uint32_t size = 0, align = 1;
-    const Type* base = nullptr;          // pointee, element or return type
-    int64_t count = 0;                   // array length, -1 while unknown
-    Record* rec = nullptr;               // struct or union
-    std::vector<const Type*> params;     // function parameters
-    bool variadic = false;
-    bool noProto = false;                // declared with "()": any arguments
-    mutable const Type* ptrCache = nullptr;
-};
-
-inline bool isInteger(const Type* t) { return t->kind >= kTChar && t->kind <= kTULLong; }
-inline bool isFloating(const Type* t) { return t->kind == kTFloat || t->kind == kTDouble; }
-inline bool isArith(const Type* t) { return t->kind >= kTChar && t->kind <= kTDouble; }
-inline bool isPtr(const Type* t) { return t->kind == kTPtr; }
-inline bool isScalar(const Type* t) { return isArith(t) || isPtr(t); }
-inline bool isAggregate(const Type* t) { return t->kind == kTStruct || t->kind == kTArray; }
-inline bool isUnsigned(const Type* t) {
-    return t->kind == kTUChar || t->kind == kTUShort || t->kind == kTUInt || t->kind == kTULong ||
-           t->kind == kTULLong || t->kind == kTPtr;
-}
-
-union Val {
-    int64_t i;
-    double d;
-};
-
-// ---- the script's address space ----
-// Every address a script can form lies in one of these ranges; anything else is wild.
-constexpr uint32_t kFileHandleBase = 0x100;   // FILE handles, never readable
-constexpr uint32_t kFileHandleStep = 16;
-constexpr int kMaxOpenFiles = 64;
-constexpr uint32_t kFuncAddrBase = 0x1000;    // function designators
-constexpr uint32_t kBuiltinAddrBase = 0x8000; // built-in function designators
-constexpr uint32_t kDataBase = 0x10000;       // data space: globals and constants up, frames down
-constexpr uint32_t kDataHostSize = 0x30000;   // room for the gaps between objects
-constexpr uint32_t kHeapBase = 0x1000000;
-constexpr uint64_t kHeapLimit = 0xE0000000ull - kHeapBase;  // malloc answers NULL beyond
-constexpr uint32_t kObjectGap = 8;            // so that running off one object never reaches the next
-
-struct MemObject {
-    uint32_t start, end;
-};
-struct HeapBlock {
-    uint32_t start = 0, size = 0;
-    std::unique_ptr<uint8_t[]> bytes;
-    bool freed = false;
-};
-
-// ---- compiled code ----
-enum class Op : uint8_t {
-    Const, GVar, LVar, Retype, Deref, AddrOf, Member, Cast,
-    Neg, BitNot, Not,
-    Add, Sub, Mul, Div, Mod, Shl, Shr, And, Or, Xor, Lt, Gt, Le, Ge, Eq, Ne,
-    PtrAdd, PtrDiff, LAnd, LOr, Cond, Comma,
-    Assign, AssignOp, CopyStruct, PreInc, PostInc,
-    Call, CallPtr, Builtin, Setjmp, Longjmp, FuncAddr, VaStart, StrInit,
-};
-
-struct Function;
-struct Expr {
-    Op op;
-    Op sub = Op::Const;            // AssignOp: the arithmetic operator
-    const Type* type = nullptr;    // result type
-    const Type* opType = nullptr;  // type the operands are computed in
-    Expr* a = nullptr;
-    Expr* b = nullptr;
-    Expr* c = nullptr;
-    Val v{};                       // constant, address, offset, scale or step
-    int file = 0, line = 0;
-    uint32_t depth = 1;            // height of the tree below, bounded by kMaxExprDepth
-    uint8_t bitOff = 0, bitWidth = 0;  // an l-value that is a bit-field
-    Function* fn = nullptr;
-    int builtin = 0;
-    uint32_t temp = 0;             // frame offset of a struct result
-    std::vector<Expr*> args;
-    std::vector<const Type*> argTypes;  // built-ins: the promoted type of each argument
-};
-
-enum class SOp : uint8_t { Expr, Block, If, While, Do, For, Switch, Case, Label, Goto, Break, Continue, Return, Zero };
-
-struct Stmt {
-    SOp op;
-    bool hasSetjmp = false;   // the statement calls setjmp: longjmp comes back to it
-    bool jmpChild = false;    // block: some statement of the list calls setjmp
-    int file = 0, line = 0;
-    Expr* e = nullptr;
-    Expr* e2 = nullptr;
-    Expr* e3 = nullptr;
-    Stmt* body = nullptr;
-    Stmt* els = nullptr;
-    std::vector<Stmt*> list;                          // block
-    // Labels and case markers are keys: a label its symbol number, a case marker a
-    // negative number of its own. keys lists those in the statement's subtree; a
-    // block maps each to the index of the statement of its list that holds it.
-    std::vector<int64_t> keys;
-    std::unordered_map<int64_t, size_t> labels;
-    std::vector<std::pair<int64_t, int64_t>> cases;   // switch: value -> case key
-    int64_t defaultKey = 0;
-    int64_t id = 0;                                   // label or case key, goto target; zero offset
-    uint32_t size = 0;                                // zero: bytes
-};
-
-struct Function {
-    int sym = 0;
-    std::string name;
-    const Type* type = nullptr;
-    std::vector<int> paramSyms;
-    size_t bodyPos = 0;        // token index of "{"
-    bool defined = false;
-    bool compiled = false;
-    int builtin = 0;           // built-in standing in when the script gives no body
-    bool libraryDecl = false;  // only a header's prototype of a built-in so far: no record used
-    Stmt* body = nullptr;
-    uint32_t frameSize = 0;
-    uint32_t paramBytes = 0;
-    std::vector<uint32_t> paramOffs;
-    std::vector<MemObject> locals;  // offset ranges in the frame, each its own object
-    int nVars = 0;
-    int index = 0;
-};
-
-enum class BindKind : uint8_t { GlobalVar, LocalVar, Typedef, EnumConst, Func };
-struct Binding {
-    BindKind kind;
-    const Type* type = nullptr;
-    int64_t value = 0;  // address, frame offset or enumerator value; for a typedef, 1
-                        // when it names an enum without negative constants
-    Function* fn = nullptr;
-    bool hasInit = false;
-};
-struct Scope {
-    std::unordered_map<int, Binding> names;
-    std::unordered_map<int, const Type*> tags;
-};
 
 enum class Flow : uint8_t { Normal, Break, Continue, Return, Goto };
 
@@ -191,89 +39,14 @@ struct ScriptExit {
     int status;
 };
 
-struct Engine {
-    // ---- source ----
-    TokenStream ts;
-    size_t pos = 0;
-
-    // ---- types ----
-    std::deque<Type> typeStore;
-    std::deque<Record> recordStore;
-    const Type *tVoid, *tChar, *tUChar, *tShort, *tUShort, *tInt, *tUInt, *tLong, *tULong, *tLLong, *tULLong,
-        *tFloat, *tDouble, *tCharPtr, *tVoidPtr;
-
-    // ---- code ----
-    std::deque<Expr> exprStore;
-    std::deque<Stmt> stmtStore;
-    std::deque<Function> functions;
-    int functionRecords = 0;     // functions counted against kMaxFunctions
-    std::vector<Scope> scopes;
-    Function* compiling = nullptr;   // function whose body is being compiled
-    uint32_t frameOffset = 0;        // next free frame offset while compiling
-    int loopDepth = 0, switchDepth = 0;
-    Stmt* currentStmt = nullptr;     // statement being compiled (setjmp marks it)
-    bool constContext = false;       // global initialisers: no calls
-    int nesting = 0;
-    std::unordered_map<int, int> labelIds;   // label symbol -> id, per function
-    std::vector<int> gotoTargets;
-    std::vector<int> labelsDefined;
-
-    // ---- memory ----
-    std::vector<uint8_t> data;
-    uint32_t globalTop = 0, frameTop = 0, dataUsed = 0;
-    std::vector<MemObject> globalObjs, frameObjs;
-    std::vector<HeapBlock> heap;
-    uint64_t heapNext = kHeapBase;
-    uint32_t cacheStart = 1, cacheEnd = 0;
-    uint8_t* cacheHost = nullptr;
-    std::vector<uint32_t> stringAddr;        // per string constant, 0 until placed
-
-    // ---- execution ----
-    uint8_t* fp = nullptr;   // host address of the current frame
-    uint32_t fpv = 0;        // its script address
-    int cells = 0;           // evaluation stack cells in use
-    uintptr_t stackBase = 0; // machine stack address where the run began; 0: unchecked
-    int liveVars = 0;
-    int curFile = 0, curLine = 0;
-    Function* curFn = nullptr;
-    Val retVal{};
-    uint32_t retAddr = 0;
-    int64_t gotoLabel = 0;
-    int64_t seekKey = 0;     // entering statements to reach this label or case; 0 when not
-    std::vector<int64_t> jmpActs;    // block activations that setjmp may come back to
-    std::vector<std::pair<int64_t, size_t>> jmpTargets;  // statement running setjmp: (activation, index)
-    int64_t jmpCounter = 0;
-    int setjmpValue = 0;
-    uint64_t steps = 0, stepBudget = 0;  // 0: no budget
-    const std::atomic<int>* stopFlag = nullptr;
-
-    // ---- library ----
-    ScriptConsole* console = nullptr;  // the standard streams and the conio calls
-    bool consoleAtEnd = false;         // standard input read to its end (feof without a host stream)
-    // Carries a call of the editor's to the thread that owns the editor and waits for
-    // it; null when the script runs on that thread.
-    const std::function<void(const std::function<void()>&)>* editorGate = nullptr;
-    std::vector<FILE*> files;        // by handle index; [0..2] the console's host streams, or null
-    std::vector<bool> ownFile;
-    uint32_t strtokNext = 0;
-    uint32_t tmBuf = 0, asctimeBuf = 0, tmpnamBuf = 0, strerrorBuf = 0, lconvBuf = 0, envBuf = 0;
-    uint32_t envBufSize = 0;
-    unsigned randState = 1;
-    int lastErrno = 0;
-    bool sealed = false;             // the library refuses every operating-system service
-    uint64_t heapLimit = 0, heapBytes = 0;  // live malloc bytes; malloc answers NULL past the limit
-    std::vector<std::string> fileNames;  // for __File
-    std::vector<std::pair<std::vector<std::string>, size_t>> finds;  // findfirst searches: paths, next
-    std::vector<std::string> args;       // the run's argument vector
+// One run's whole state: the parser's, the machine's and the library's, and the
+// compiled program.
+struct Engine : CompileContext, Machine, LibraryState {
+    std::unique_ptr<Program> program;  // instructions of the functions compiled so far
 
     Engine();
     ~Engine();
 
-    [[noreturn]] void fail(int code) { raiseScriptError(code, curFile, curLine); }
-    [[noreturn]] void failAt(int code) {
-        const Token& t = ts.toks[pos < ts.toks.size() ? pos : ts.toks.size() - 1];
-        raiseScriptError(code, t.file, t.line);
-    }
 
     // types (interp_types.cpp)
     const Type* basic(TypeKind k, uint32_t size);
@@ -304,8 +77,9 @@ struct Engine {
     uint32_t heapAlloc(uint64_t size, bool zero);        // 0 when refused
     bool heapFree(uint32_t addr);                        // false for an address no malloc gave
     HeapBlock* heapBlock(uint32_t addr);
-    // In line: every script call makes one frame, and the call costs little else.
-    void pushFrame(Function* f, uint32_t size) {
+    // In line: every script call makes one frame, and the call costs little else. A
+    // frame whose address its body never forms needs no objects: no pointer can reach it.
+    void pushFrame(Function* f, uint32_t size, bool objects) {
         if (data.empty()) data.assign(kDataHostSize, 0);
         if (static_cast<uint64_t>(dataUsed) + size > kDataSpaceSize ||
             static_cast<uint64_t>(globalTop) + frameTop + size + 2 * kObjectGap > kDataHostSize)
@@ -314,50 +88,29 @@ struct Engine {
         frameTop += (size + kObjectGap + 7) / 8 * 8;
         fpv = kDataBase + kDataHostSize - frameTop;
         fp = data.data() + (kDataHostSize - frameTop);
-        std::memset(fp, 0, size);
+        // The gap after the frame leaves room to clear it in whole words.
+        if (size <= 64) {
+            const uint64_t zero = 0;
+            for (uint32_t i = 0; i < size; i += 8) std::memcpy(fp + i, &zero, 8);
+        } else {
+            std::memset(fp, 0, size);
+        }
+        if (!objects) return;
         frameObjs.push_back(MemObject{fpv, fpv + f->paramBytes});
         if (size > f->frameSize) frameObjs.push_back(MemObject{fpv + f->frameSize, fpv + size});
         for (const MemObject& o : f->locals) frameObjs.push_back(MemObject{fpv + o.start, fpv + o.end});
     }
-    void popFrame(Function* f, uint32_t size) {
-        const size_t objects = 1 + f->locals.size() + (size > f->frameSize ? 1 : 0);
-        frameObjs.erase(frameObjs.end() - static_cast<std::ptrdiff_t>(objects), frameObjs.end());
+    void popFrame(Function* f, uint32_t size, bool objects) {
         dataUsed -= size;
         frameTop -= (size + kObjectGap + 7) / 8 * 8;
+        if (!objects) return;
+        const size_t count = 1 + f->locals.size() + (size > f->frameSize ? 1 : 0);
+        frameObjs.erase(frameObjs.end() - static_cast<std::ptrdiff_t>(count), frameObjs.end());
         cacheStart = 1;
         cacheEnd = 0;
     }
-    static Val load(const uint8_t* p, const Type* t) {
-        Val v;
-        switch (t->kind) {
-            case kTChar: v.i = static_cast<int8_t>(*p); break;
-            case kTUChar: v.i = *p; break;
-            case kTShort: { int16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
-            case kTUShort: { uint16_t x; std::memcpy(&x, p, 2); v.i = x; break; }
-            case kTInt: case kTLong: { int32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
-            case kTUInt: case kTULong: case kTPtr: { uint32_t x; std::memcpy(&x, p, 4); v.i = x; break; }
-            case kTLLong: case kTULLong: std::memcpy(&v.i, p, 8); break;
-            case kTFloat: { float x; std::memcpy(&x, p, 4); v.d = x; break; }
-            case kTDouble: std::memcpy(&v.d, p, 8); break;
-            default: v.i = 0; break;
-        }
-        return v;
-    }
-    static void store(uint8_t* p, const Type* t, Val v) {
-        switch (t->kind) {
-            case kTChar: case kTUChar: *p = static_cast<uint8_t>(v.i); break;
-            case kTShort: case kTUShort: { const uint16_t x = static_cast<uint16_t>(v.i); std::memcpy(p, &x, 2); break; }
-            case kTInt: case kTLong: case kTUInt: case kTULong: case kTPtr: {
-                const uint32_t x = static_cast<uint32_t>(v.i);
-                std::memcpy(p, &x, 4);
-                break;
-            }
-            case kTLLong: case kTULLong: std::memcpy(p, &v.i, 8); break;
-            case kTFloat: { const float x = static_cast<float>(v.d); std::memcpy(p, &x, 4); break; }
-            case kTDouble: std::memcpy(p, &v.d, 8); break;
-            default: break;
-        }
-    }
+    static Val load(const uint8_t* p, const Type* t) { return loadKind(p, t->kind); }
+    static void store(uint8_t* p, const Type* t, Val v) { storeKind(p, t->kind, v); }
 
     // declarations (interp_decl.cpp)
     const Token& tok() const { return ts.toks[pos]; }
@@ -424,7 +177,6 @@ struct Engine {
     Stmt* block(bool newScope);
     Stmt* caseMarker();
     void collectKeys(Stmt* s);
-    int64_t caseKeys = 0;
 
     // execution (interp_eval.cpp, interp_exec.cpp)
     Val eval(Expr* e);
@@ -484,19 +236,27 @@ struct Engine {
         return av;
     }
     Val call(Function* f, Expr* e);
+    // Before a call's arguments: a step, the machine stack's bound, the body parsed.
+    void prepareCall(Function* f) {
+        tick();
+        checkHostStack();
+        if (!f->compiled) compileFunction(f);
+    }
+    // Unary chains do not hold stack cells, so deep recursion through them is bounded by
+    // the machine stack it takes.
+    void checkHostStack() {
+        const uintptr_t here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
+        if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
+    }
+    // Runs f on the argument values av of the call e, in a frame of its own.
+    Val enter(Function* f, Expr* e, const Val* av);
     Flow exec(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);
     Flow execJumpBlock(Stmt* s, size_t from);
-    void tick() {
-        checkStop();
-        if (stepBudget && ++steps > stepBudget) fail(kErrTerminated);
-    }
-    void checkStop() {
-        if (stopFlag && stopFlag->load(std::memory_order_relaxed)) fail(kErrTerminated);
-    }
 
     // library (builtins_dispatch.cpp)
     Val callBuiltin(Expr* e);
+    Val callBuiltinWith(Expr* e, Val* av);  // on argument values already evaluated
 };
 
 }  // namespace zol

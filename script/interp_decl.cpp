@@ -5,6 +5,7 @@
 
 #include "script/builtin_table.h"
 #include "script/interp.h"
+#include "script/vm.h"
 #include "script/tokens.h"
 
 namespace zol {
@@ -743,6 +744,7 @@ void Engine::compileFunction(Function* f) {
         }
     f->frameSize = alignUp(frameOffset + kObjectGap, 8);  // variable arguments follow after a gap
     f->compiled = true;
+    f->code = generateCode(*this, f);
     scopes.pop_back();
     compiling = saveFn;
     frameOffset = saveOff;

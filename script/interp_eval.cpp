@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "script/arith.h"
 #include "script/interp.h"
 
 namespace zol {
@@ -11,96 +12,9 @@ namespace {
 constexpr uint32_t kJmpMagic = 0x4a4d5042;
 constexpr uint32_t kJmpBufUsed = 16;  // of the script's jmp_buf
 
-inline int64_t norm(const Type* t, int64_t v) {
-    switch (t->kind) {
-        case kTChar: return static_cast<int8_t>(v);
-        case kTUChar: return static_cast<uint8_t>(v);
-        case kTShort: return static_cast<int16_t>(v);
-        case kTUShort: return static_cast<uint16_t>(v);
-        case kTInt: case kTLong: return static_cast<int32_t>(v);
-        case kTUInt: case kTULong: case kTPtr: return static_cast<uint32_t>(v);
-        default: return v;
-    }
-}
+inline int64_t norm(const Type* t, int64_t v) { return normKind(t->kind, v); }
 
 }  // namespace
-
-static Val castVal(Engine& en, Val v, const Type* from, const Type* to) {
-    Val r;
-    if (to->kind == kTVoid) return v;
-    if (isFloating(to)) {
-        if (isFloating(from)) r.d = v.d;
-        else if (from->kind == kTULLong) r.d = static_cast<double>(static_cast<uint64_t>(v.i));
-        else r.d = static_cast<double>(v.i);
-        if (to->kind == kTFloat) r.d = static_cast<float>(r.d);
-        return r;
-    }
-    if (isFloating(from)) {
-        const double d = std::trunc(v.d);
-        if (!(d > -9.3e18 && d < 1.8e19)) en.fail(kErrFloat);
-        if (d >= 9.2e18) r.i = static_cast<int64_t>(static_cast<uint64_t>(d));
-        else r.i = static_cast<int64_t>(d);
-        r.i = norm(to, r.i);
-        return r;
-    }
-    r.i = norm(to, v.i);
-    return r;
-}
-
-static Val binop(Engine& en, Op op, const Type* t, Val l, Val r) {
-    Val v;
-    if (isFloating(t)) {
-        switch (op) {
-            case Op::Add: v.d = l.d + r.d; break;
-            case Op::Sub: v.d = l.d - r.d; break;
-            case Op::Mul: v.d = l.d * r.d; break;
-            case Op::Div:
-                if (r.d == 0) en.fail(kErrFloat);
-                v.d = l.d / r.d;
-                break;
-            case Op::Lt: v.i = l.d < r.d; return v;
-            case Op::Gt: v.i = l.d > r.d; return v;
-            case Op::Le: v.i = l.d <= r.d; return v;
-            case Op::Ge: v.i = l.d >= r.d; return v;
-            case Op::Eq: v.i = l.d == r.d; return v;
-            case Op::Ne: v.i = l.d != r.d; return v;
-            default: en.fail(kErrNotNumeric);
-        }
-        if (t->kind == kTFloat) v.d = static_cast<float>(v.d);
-        return v;
-    }
-    const uint64_t a = static_cast<uint64_t>(l.i), b = static_cast<uint64_t>(r.i);
-    const bool u64 = t->kind == kTULLong;
-    switch (op) {
-        case Op::Add: v.i = static_cast<int64_t>(a + b); break;
-        case Op::Sub: v.i = static_cast<int64_t>(a - b); break;
-        case Op::Mul: v.i = static_cast<int64_t>(a * b); break;
-        case Op::Div:
-        case Op::Mod:
-            if (r.i == 0) en.fail(kErrDivZero);
-            if (u64) v.i = static_cast<int64_t>(op == Op::Div ? a / b : a % b);
-            else if (l.i == INT64_MIN && r.i == -1) v.i = op == Op::Div ? l.i : 0;
-            else v.i = op == Op::Div ? l.i / r.i : l.i % r.i;
-            break;
-        case Op::Shl: v.i = static_cast<int64_t>(a << (b & 63)); break;
-        case Op::Shr:
-            v.i = u64 || isUnsigned(t) ? static_cast<int64_t>((u64 ? a : static_cast<uint64_t>(norm(t, l.i))) >> (b & 63))
-                                       : (l.i >> (b & 63));
-            break;
-        case Op::And: v.i = l.i & r.i; break;
-        case Op::Or: v.i = l.i | r.i; break;
-        case Op::Xor: v.i = l.i ^ r.i; break;
-        case Op::Lt: v.i = u64 ? a < b : l.i < r.i; return v;
-        case Op::Gt: v.i = u64 ? a > b : l.i > r.i; return v;
-        case Op::Le: v.i = u64 ? a <= b : l.i <= r.i; return v;
-        case Op::Ge: v.i = u64 ? a >= b : l.i >= r.i; return v;
-        case Op::Eq: v.i = l.i == r.i; return v;
-        case Op::Ne: v.i = l.i != r.i; return v;
-        default: en.fail(kErrExpression);
-    }
-    v.i = norm(t, v.i);
-    return v;
-}
 
 // The address a pointer expression yields; p[i] is taken in one step.
 inline uint32_t pointerValue(Engine& en, Expr* a);
@@ -202,7 +116,7 @@ Val Engine::eval(Expr* e) {
             v.i = e->fn ? kFuncAddrBase + 16u * static_cast<uint32_t>(e->fn->index) : 0;
             return v;
         case Op::Cast:
-            return castVal(*this, eval(e->a), e->opType ? e->opType : e->a->type, e->type);
+            return castKind(*this, eval(e->a), (e->opType ? e->opType : e->a->type)->kind, e->type->kind);
         case Op::Neg:
             v = eval(e->a);
             if (isFloating(e->type)) v.d = -v.d;
@@ -240,7 +154,7 @@ Val Engine::eval(Expr* e) {
                     default: break;
                 }
             }
-            return binop(*this, e->op, e->opType, l, r);
+            return binopKind(*this, e->op, e->opType->kind, l, r);
         }
         case Op::PtrAdd: {
             const Val l = ev(e->a);
@@ -280,14 +194,7 @@ Val Engine::eval(Expr* e) {
             CellHold h(*this, cells);
             uint8_t* p = lvalHost(e->a, e->type->size);
             const Val old = loadLv(e->a, p);
-            if (e->sub == Op::PtrAdd) {
-                v.i = static_cast<uint32_t>(static_cast<uint64_t>(old.i) + static_cast<uint64_t>(r.i * e->v.i));
-            } else if (e->type->kind == kTInt && e->opType->kind == kTInt && (e->sub == Op::Add || e->sub == Op::Sub)) {
-                const uint32_t a = static_cast<uint32_t>(old.i), b = static_cast<uint32_t>(r.i);
-                v.i = static_cast<int32_t>(e->sub == Op::Add ? a + b : a - b);
-            } else {
-                v = castVal(*this, binop(*this, e->sub, e->opType, castVal(*this, old, e->type, e->opType), r), e->opType, e->type);
-            }
+            v = assignOpValue(*this, e->sub, e->type->kind, e->opType->kind, e->v.i, old, r);
             return storeLv(e->a, p, v);
         }
         case Op::CopyStruct: {
@@ -310,13 +217,7 @@ Val Engine::eval(Expr* e) {
         case Op::PostInc: {
             uint8_t* p = lvalHost(e->a, e->type->size);
             const Val old = loadLv(e->a, p);
-            Val nv;
-            if (isFloating(e->type)) {
-                nv.d = old.d + e->v.d;
-                if (e->type->kind == kTFloat) nv.d = static_cast<float>(nv.d);
-            } else {
-                nv.i = norm(e->type, static_cast<int64_t>(static_cast<uint64_t>(old.i) + static_cast<uint64_t>(e->v.i)));
-            }
+            Val nv = incValue(e->type->kind, old, e->v);
             nv = storeLv(e->a, p, nv);
             return e->op == Op::PreInc ? nv : old;
         }

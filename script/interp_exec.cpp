@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "script/interp.h"
+#include "script/vm.h"
 
 namespace zol {
 namespace {
@@ -16,15 +17,14 @@ uint32_t round4(uint32_t n) { return (n + 3) & ~3u; }
 }  // namespace
 
 Val Engine::call(Function* f, Expr* e) {
-    tick();
-    // Unary chains do not hold stack cells, so deep recursion through them is bounded
-    // by the machine stack it takes.
-    const uintptr_t here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
-    if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
-    if (!f->compiled) compileFunction(f);
-    const size_t n = e->args.size();
+    prepareCall(f);
     ArgValues args;
-    Val* av = evalArgs(e, args);
+    const Val* av = evalArgs(e, args);
+    return enter(f, e, av);
+}
+
+Val Engine::enter(Function* f, Expr* e, const Val* av) {
+    const size_t n = e->args.size();
     const size_t np = f->type->params.size();
     uint32_t extra = 0;
     for (size_t i = np; i < n; ++i) extra += round4(e->argTypes[i]->size);
@@ -39,9 +39,9 @@ Val Engine::call(Function* f, Expr* e) {
         uint32_t fpv, retAddr;
         Function* fn;
         int cells, vars, file, line;
-        bool pushed = false;
+        bool pushed = false, objects = true;
         ~Restore() {
-            if (pushed) en.popFrame(f, size);
+            if (pushed) en.popFrame(f, size, objects);
             en.fp = fp;
             en.fpv = fpv;
             en.curFn = fn;
@@ -56,9 +56,18 @@ Val Engine::call(Function* f, Expr* e) {
     if (++cells > kStackCells) fail(kErrStackOverflow);
     liveVars += f->nVars;
     if (liveVars > kMaxVariables) fail(kErrTooManyVariables);
-    pushFrame(f, size);
+    // A body that might come near the cell limit runs in the tree evaluator, which
+    // counts every cell and fails at the exact one.
+    const Code* code =
+        f->code && cells + f->code->maxHeld <= kStackCells && stackFits(*program, *f->code) ? f->code : nullptr;
+    restore.objects = !code || code->framed;
+    pushFrame(f, size, restore.objects);
     restore.pushed = true;
-    for (size_t i = 0; i < np && i < n; ++i) {
+    // Compiled functions keep their parameters' kinds at hand: the common call, without
+    // a walk through the types.
+    const bool quick = code && !code->structParams && n >= np;
+    if (quick) storeParams(fp, f, *code, av);
+    for (size_t i = 0; !quick && i < np && i < n; ++i) {
         const Type* t = f->type->params[i];
         uint8_t* dst = fp + f->paramOffs[i];
         if (t->kind == kTStruct) std::memmove(dst, host(static_cast<uint32_t>(av[i].i), t->size), t->size);
@@ -72,7 +81,9 @@ Val Engine::call(Function* f, Expr* e) {
     curFn = f;
     retAddr = retTemp;
     retVal.i = 0;
-    const Flow fl = execBlock(f->body, 0);
+    Flow fl;
+    if (code) fl = runCode(*this, *code) ? Flow::Return : Flow::Normal;
+    else fl = execBlock(f->body, 0);
     if (fl == Flow::Goto) fail(kErrUnknownLabel);
     Val result{};
     if (fl == Flow::Return) {
@@ -80,7 +91,7 @@ Val Engine::call(Function* f, Expr* e) {
     } else if (f->type->base->kind != kTVoid && f->name != "main") {
         fail(kErrMustReturn);
     }
-    if (f->type->base->kind == kTStruct) result.i = retTemp;
+    if (code ? code->returnsStruct : f->type->base->kind == kTStruct) result.i = retTemp;
     return result;
 }
 

@@ -193,6 +193,7 @@ Expr* Engine::makeAssign(Expr* l, Expr* r) {
     return sized(e);
 }
 
+// expression: assignment-expression { "," assignment-expression }
 Expr* Engine::expr() {
     Expr* e = assignExpr();
     while (accept(',')) {
@@ -205,6 +206,7 @@ Expr* Engine::expr() {
     return e;
 }
 
+// assignment-expression: conditional-expression [ assignment-operator assignment-expression ]
 Expr* Engine::assignExpr() {
     Expr* l = condExpr();
     const uint8_t c = tok().code;
@@ -255,6 +257,7 @@ Expr* Engine::assignExpr() {
     return result;
 }
 
+// conditional-expression: binary-expression(1) [ "?" expression ":" conditional-expression ]
 Expr* Engine::condExpr() {
     Expr* c = binaryExpr(1);
     if (!accept('?')) return c;
@@ -280,6 +283,7 @@ Expr* Engine::condExpr() {
     return sized(e);
 }
 
+// binary-expression(p): unary-expression { operator-of-precedence-q>=p binary-expression(q+1) }
 Expr* Engine::binaryExpr(int prec) {
     Expr* l = unaryExpr();
     for (;;) {
@@ -314,6 +318,9 @@ Expr* Engine::binaryExpr(int prec) {
     }
 }
 
+// unary-expression: ( "-" | "+" | "~" | "!" | "*" | "&" | "++" | "--" ) unary-expression
+//     | "sizeof" ( "(" type-name ")" | unary-expression ) | "(" type-name ")" unary-expression
+//     | postfix-expression
 Expr* Engine::unaryExpr() {
     if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
     const uint8_t c = tok().code;
@@ -432,6 +439,8 @@ Expr* Engine::unaryExpr() {
     return sized(result);
 }
 
+// postfix-expression: primary-expression
+//     { "[" expression "]" | ( "." | "->" ) identifier | "(" argument-list | "++" | "--" }
 Expr* Engine::postfixExpr() {
     Expr* e = primaryExpr();
     for (;;) {
@@ -498,6 +507,7 @@ Expr* Engine::postfixExpr() {
     }
 }
 
+// primary-expression: number | string | "(" expression ")" | identifier [ "(" argument-list ]
 Expr* Engine::primaryExpr() {
     const Token& t = tok();
     switch (t.code) {
@@ -607,6 +617,7 @@ const Type* sigType(Engine& en, char c) {
 
 }  // namespace
 
+// argument-list: [ assignment-expression { "," assignment-expression } ] ")"
 Expr* Engine::callExpr(Expr* callee, int) {
     std::vector<Expr*> args;
     if (!accept(')')) {
@@ -710,6 +721,7 @@ Expr* Engine::callExpr(Expr* callee, int) {
     return sized(e);
 }
 
+// constant-expression: conditional-expression
 int64_t Engine::constExpr() {
     const bool save = constContext;
     constContext = true;

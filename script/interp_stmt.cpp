@@ -23,6 +23,7 @@ Stmt* Engine::newStmt(SOp op) {
     return &s;
 }
 
+// compound-statement: "{" { declaration | identifier ":" | case-label | statement } "}"
 Stmt* Engine::block(bool newScope) {
     std::vector<SwitchCtx> local;
     if (!tSwitches) tSwitches = &local;
@@ -76,6 +77,8 @@ Stmt* Engine::block(bool newScope) {
 }
 
 // "case N:" or "default:" of the innermost switch, wherever in its body it stands.
+//
+// case-label: "case" constant-expression ":" | "default" ":"
 Stmt* Engine::caseMarker() {
     if (!tSwitches || tSwitches->empty()) failAt(kErrSyntax);
     Stmt* sw = tSwitches->back().sw;
@@ -114,6 +117,11 @@ void Engine::collectKeys(Stmt* s) {
     }
 }
 
+// statement: compound-statement | ";" | "if" "(" expression ")" statement [ "else" statement ]
+//     | "while" "(" expression ")" statement | "do" statement "while" "(" expression ")" ";"
+//     | "for" "(" [ declaration | expression ] ";" [ expression ] ";" [ expression ] ")" statement
+//     | "switch" "(" expression ")" statement | case-label statement | "break" ";" | "continue" ";"
+//     | "goto" identifier ";" | "return" [ expression ] ";" | identifier ":" statement | expression ";"
 Stmt* Engine::statement() {
     if (++nesting > kMaxNesting) failAt(kErrStackOverflow);
     Stmt* result = nullptr;

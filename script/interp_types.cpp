@@ -1,8 +1,9 @@
 #include "script/interp.h"
+#include "script/vm.h"
 
 namespace zol {
 
-Engine::Engine() {
+Engine::Engine() : program(std::make_unique<Program>()) {
     tVoid = basic(kTVoid, 0);
     tChar = basic(kTChar, 1);
     tUChar = basic(kTUChar, 1);

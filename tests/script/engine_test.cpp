@@ -17,6 +17,7 @@
 #include "script/preprocess.h"
 #include "script/runner.h"
 #include "script/tokens.h"
+#include "script/vm.h"
 
 namespace zol {
 namespace {
@@ -82,6 +83,50 @@ TEST(ScriptLexer, TakesFileAndLineFromMarkers) {
     EXPECT_EQ(ts.toks[2].line, 41);
 }
 
+// The body of name in text, parsed and compiled as a first call would.
+const Function* compiled(Engine& en, const std::string& text, const std::string& name) {
+    PreprocessOutput pp;
+    preprocess("/x/t.c", text, "/x", pp);
+    tokenize(pp.text, en.ts);
+    en.scanGlobals();
+    for (Function& f : en.functions)
+        if (f.name == name) {
+            en.compileFunction(&f);
+            return &f;
+        }
+    return nullptr;
+}
+
+TEST(ScriptCompile, LoopsCallsAndJumpsBecomeInstructionsWithNothingLeftToTheTree) {
+    Engine en;
+    const Function* f = compiled(en,
+                                 "int twice(int x) { return x + x; }\n"
+                                 "int sum(char *p, int n) {\n"
+                                 "  int i, s = 0;\n"
+                                 "  for (i = 0; i < n; i++) { if (p[i] == 0) goto done; s += twice(p[i]); }\n"
+                                 "  switch (s & 1) { case 0: s++; break; default: s--; }\n"
+                                 "done:\n"
+                                 "  return s;\n"
+                                 "}\n",
+                                 "sum");
+    ASSERT_TRUE(f && f->code);
+    const std::string listing = listCode(*f->code);
+    EXPECT_NE(listing.find("JumpIfLtI32"), std::string::npos) << listing;  // tested at the bottom, in one step
+    EXPECT_NE(listing.find("LoadLocalIndexI8"), std::string::npos) << listing;
+    EXPECT_NE(listing.find("CaseJump"), std::string::npos) << listing;
+    EXPECT_EQ(listing.find("Eval"), std::string::npos) << listing;
+    EXPECT_EQ(listing.find("Exec"), std::string::npos) << listing;
+    EXPECT_FALSE(f->code->framed);  // no address of its frame is ever formed
+}
+
+TEST(ScriptCompile, SetjmpKeepsAFunctionWithTheTreeEvaluator) {
+    Engine en;
+    const Function* f = compiled(en, "int f(void) { char b[110]; return setjmp(b); }\n", "f");
+    ASSERT_TRUE(f);
+    EXPECT_TRUE(f->compiled);
+    EXPECT_EQ(f->code, nullptr);
+}
+
 struct Captured {
     ScriptRunResult result;
     std::string out;
@@ -125,6 +170,31 @@ TEST(ScriptRun, StepBudgetStopsARunawayLoopAsTheUserWould) {
     const Captured c = run("int main(void) { for (;;) ; }", opts);
     EXPECT_EQ(c.result.error, kErrTerminated);
     EXPECT_FALSE(isScriptRunning());
+}
+
+TEST(ScriptRun, StopReachesALoopInACompiledFunction) {
+    int fds[2];
+    ASSERT_EQ(::pipe(fds), 0);
+    FILE* out = ::fdopen(fds[1], "w");
+    std::setvbuf(out, nullptr, _IONBF, 0);
+    ScriptRunOptions opts;
+    opts.out = out;
+    ScriptRunResult r;
+    std::thread t([&] {
+        r = runScriptText("/x/spin.c",
+                          "int spin(int n)\n{\n    for (;;) { if (++n == 1000) printf(\"in\\n\"); }\n}\n"
+                          "int main(void) { return spin(0); }\n",
+                          {"spin.c"}, opts);
+        std::fputs("end", out);  // the read below returns whatever became of the run
+    });
+    char seen[4] = {};
+    EXPECT_GT(::read(fds[0], seen, 3), 0);  // the loop is running
+    requestScriptStop();
+    t.join();
+    std::fclose(out);
+    ::close(fds[0]);
+    EXPECT_EQ(r.error, kErrTerminated);
+    EXPECT_EQ(r.message, "spin.c Line 3: Program terminated by user");
 }
 
 TEST(ScriptRun, OnlyOneRunAtATime) {

@@ -1,0 +1,421 @@
+// The dispatcher of compiled functions. Each entry from the tree evaluator runs one
+// loop, in which calls between compiled functions run too, remembered in
+// Program::frames; operand stacks share Program::stack; locals live in the script's
+// frame (en.fp), where the tree evaluator keeps them as well.
+#include <cstdio>
+#include <cstring>
+
+#include "script/arith.h"
+#include "script/vm.h"
+
+namespace zol {
+namespace {
+
+inline uint32_t u32(Val v) { return static_cast<uint32_t>(v.i); }
+inline Val intVal(int64_t i) {
+    Val v;
+    v.i = i;
+    return v;
+}
+inline Val wrap32(uint32_t x) { return intVal(static_cast<int32_t>(x)); }
+
+Function* resolveFunction(Engine& en, Val v) {
+    const uint32_t a = u32(v);
+    const uint32_t k = (a - kFuncAddrBase) / 16;
+    if (a < kFuncAddrBase || (a - kFuncAddrBase) % 16 != 0 || k >= en.functions.size()) en.fail(kErrBadCall);
+    Function* f = &en.functions[k];
+    if (!f->defined) en.fail(kErrUndefinedFunction);
+    return f;
+}
+
+inline int32_t localInt(const uint8_t* fp, int64_t off) {
+    int32_t x;
+    std::memcpy(&x, fp + off, 4);
+    return x;
+}
+
+// The int local at in.x against in's other operand: negative, zero or positive.
+inline int localCompare(Engine& en, const uint8_t* fp, const Ins& in) {
+    if (in.k & 1) en.tick();
+    const int64_t l = localInt(fp, in.x);
+    const int64_t r = in.k & 2 ? localInt(fp, in.v.i) : in.v.i;
+    return l < r ? -1 : l > r;
+}
+
+inline uint32_t indexAddress(const uint8_t* fp, const Ins& in) {
+    uint32_t p;
+    std::memcpy(&p, fp + in.x, 4);
+    return static_cast<uint32_t>(static_cast<int64_t>(p) + localInt(fp, in.a));
+}
+
+}  // namespace
+
+bool runCode(Engine& en, const Code& entry) {
+    Program& prog = *en.program;
+    Val* const stackBase = prog.sp;
+    const size_t frameBase = prog.depth;
+    Val* sp = stackBase;
+    const Code* code = &entry;
+    const Ins* start = code->ins.data();
+    const Ins* pc = start;
+    uint8_t* fp = en.fp;
+    uint8_t* const globals = en.data.data();
+    const Val* const stackEnd = prog.stack.get() + kVmStackTotal;
+    int cellsBase = en.cells;
+    // The calls this loop made in line end with it when an error or a longjmp leaves;
+    // the activation that called runCode puts back the rest.
+    struct Unwind {
+        Engine& en;
+        Program& prog;
+        Val* sp;
+        size_t frames;
+        ~Unwind() {
+            for (; prog.depth > frames; --prog.depth) {
+                Function* f = prog.frames[prog.depth - 1].callee;
+                en.popFrame(f, f->frameSize, f->code->framed);
+            }
+            prog.sp = sp;
+        }
+    } unwind{en, prog, stackBase, frameBase};
+    // Each instruction jumps to the next one's code itself (a GNU extension), which
+    // the processor predicts far better than the one shared jump of a switch.
+    static const void* const labels[] = {
+#define VM_OP(name, change, operands) &&op_##name,
+#include "script/opcodes.def"
+#undef VM_OP
+    };
+    const Ins* in;
+#define NEXT()                                            \
+    do {                                                  \
+        in = pc++;                                        \
+        goto* labels[static_cast<size_t>(in->op)];        \
+    } while (0)
+    NEXT();
+    op_Line:
+        en.curFile = in->x;
+        en.curLine = in->a;
+        NEXT();
+    op_Tick:
+        en.tick();
+        NEXT();
+    op_Jump:
+        pc = start + in->a;
+        NEXT();
+    op_JumpIfZero:
+        if ((--sp)->i == 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfNonZero:
+        if ((--sp)->i != 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfZeroF:
+        if ((--sp)->d == 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfNonZeroF:
+        if ((--sp)->d != 0) pc = start + in->a;
+        NEXT();
+    op_CaseJump:
+        if (sp[-1].i == in->v.i) {
+            --sp;
+            pc = start + in->a;
+        }
+        NEXT();
+    op_Pop:
+        --sp;
+        NEXT();
+    op_Dup:
+        sp[0] = sp[-1];
+        ++sp;
+        NEXT();
+    op_Const:
+        *sp++ = in->v;
+        NEXT();
+
+    op_LoadLocal:
+        *sp++ = loadKind(fp + in->a, static_cast<TypeKind>(in->k));
+        NEXT();
+    op_LoadLocalI32: {
+        int32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        *sp++ = intVal(x);
+        NEXT();
+    }
+    op_LoadLocalU32: {
+        uint32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        *sp++ = intVal(x);
+        NEXT();
+    }
+    op_StoreLocal:
+        storeKind(fp + in->a, static_cast<TypeKind>(in->k), *--sp);
+        NEXT();
+    op_StoreLocal32: {
+        const uint32_t x = u32(*--sp);
+        std::memcpy(fp + in->a, &x, 4);
+        NEXT();
+    }
+    op_LoadGlobal:
+        *sp++ = loadKind(globals + in->a, static_cast<TypeKind>(in->k));
+        NEXT();
+    op_StoreGlobal:
+        storeKind(globals + in->a, static_cast<TypeKind>(in->k), *--sp);
+        NEXT();
+    op_AddrLocal:
+        *sp++ = intVal(en.fpv + static_cast<uint32_t>(in->a));
+        NEXT();
+    op_Load: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        sp[-1] = loadKind(en.host(u32(sp[-1]), kindSize(k)), k);
+        NEXT();
+    }
+    op_LoadI8:
+        sp[-1] = intVal(static_cast<int8_t>(*en.host(u32(sp[-1]), 1)));
+        NEXT();
+    op_LoadIndexI8: {
+        --sp;
+        const uint32_t a = static_cast<uint32_t>(static_cast<uint64_t>(sp[-1].i) + static_cast<uint64_t>(sp[0].i));
+        sp[-1] = intVal(static_cast<int8_t>(*en.host(a, 1)));
+        NEXT();
+    }
+    op_LoadLocalIndexI8:
+        *sp++ = intVal(static_cast<int8_t>(*en.host(indexAddress(fp, *in), 1)));
+        NEXT();
+    op_StoreConstLocalIndex8:
+        *en.host(indexAddress(fp, *in), 1) = static_cast<uint8_t>(in->v.i);
+        NEXT();
+    op_StoreLocalIndex8:
+        *en.host(indexAddress(fp, *in), 1) = static_cast<uint8_t>((--sp)->i);
+        NEXT();
+    op_Store: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        sp -= 2;
+        storeKind(en.host(u32(sp[1]), kindSize(k)), k, sp[0]);
+        NEXT();
+    }
+    op_Store8:
+        sp -= 2;
+        *en.host(u32(sp[1]), 1) = static_cast<uint8_t>(sp[0].i);
+        NEXT();
+    op_StoreIndex8: {
+        sp -= 3;
+        const uint32_t a = static_cast<uint32_t>(static_cast<uint64_t>(sp[1].i) + static_cast<uint64_t>(sp[2].i));
+        *en.host(a, 1) = static_cast<uint8_t>(sp[0].i);
+        NEXT();
+    }
+    op_ZeroLocal:
+        std::memset(fp + in->a, 0, static_cast<size_t>(in->v.i));
+        NEXT();
+
+    op_AddI32: --sp; sp[-1] = wrap32(u32(sp[-1]) + u32(sp[0])); NEXT();
+    op_SubI32: --sp; sp[-1] = wrap32(u32(sp[-1]) - u32(sp[0])); NEXT();
+    op_MulI32: --sp; sp[-1] = wrap32(u32(sp[-1]) * u32(sp[0])); NEXT();
+    op_LtI32: --sp; sp[-1].i = sp[-1].i < sp[0].i; NEXT();
+    op_GtI32: --sp; sp[-1].i = sp[-1].i > sp[0].i; NEXT();
+    op_LeI32: --sp; sp[-1].i = sp[-1].i <= sp[0].i; NEXT();
+    op_GeI32: --sp; sp[-1].i = sp[-1].i >= sp[0].i; NEXT();
+    op_EqI32: --sp; sp[-1].i = sp[-1].i == sp[0].i; NEXT();
+    op_NeI32: --sp; sp[-1].i = sp[-1].i != sp[0].i; NEXT();
+    op_LoadLocalAddI32:
+        *sp++ = wrap32(static_cast<uint32_t>(localInt(fp, in->a)) + static_cast<uint32_t>(in->v.i));
+        NEXT();
+    op_AddConstI32: sp[-1] = wrap32(u32(sp[-1]) + static_cast<uint32_t>(in->v.i)); NEXT();
+    op_Offset: sp[-1].i = static_cast<uint32_t>(sp[-1].i + in->v.i); NEXT();
+    op_Binary:
+        --sp;
+        sp[-1] = binopKind(en, static_cast<Op>(in->x), static_cast<TypeKind>(in->k), sp[-1], sp[0]);
+        NEXT();
+    op_PtrAdd:
+        --sp;
+        sp[-1].i = static_cast<uint32_t>(static_cast<uint64_t>(sp[-1].i) + static_cast<uint64_t>(sp[0].i * in->v.i));
+        NEXT();
+    op_PtrDiff:
+        --sp;
+        sp[-1].i = static_cast<int32_t>(u32(sp[-1]) - u32(sp[0])) / in->v.i;
+        NEXT();
+    op_Neg:
+        if (kindFloating(static_cast<TypeKind>(in->k))) sp[-1].d = -sp[-1].d;
+        else sp[-1].i = normKind(static_cast<TypeKind>(in->k), static_cast<int64_t>(0 - static_cast<uint64_t>(sp[-1].i)));
+        NEXT();
+    op_BitNot:
+        sp[-1].i = normKind(static_cast<TypeKind>(in->k), ~sp[-1].i);
+        NEXT();
+    op_Not: sp[-1].i = sp[-1].i == 0; NEXT();
+    op_NotF: sp[-1].i = sp[-1].d == 0; NEXT();
+    op_ToBool: sp[-1].i = sp[-1].i != 0; NEXT();
+    op_ToBoolF: sp[-1].i = sp[-1].d != 0; NEXT();
+    op_Cast:
+        sp[-1] = castKind(en, sp[-1], static_cast<TypeKind>(in->k), static_cast<TypeKind>(in->x));
+        NEXT();
+
+    op_AssignOpLocal:
+    op_AssignOpGlobal:
+    op_AssignOp: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        uint8_t* p;
+        if (in->op == VmOp::AssignOpLocal) p = fp + in->a;
+        else if (in->op == VmOp::AssignOpGlobal) p = globals + in->a;
+        else p = en.host(u32(*--sp), kindSize(k));
+        const Val v = assignOpValue(en, static_cast<Op>(in->x & 0xff), k, static_cast<TypeKind>(in->x >> 8), in->v.i,
+                                    loadKind(p, k), sp[-1]);
+        storeKind(p, k, v);
+        sp[-1] = v;
+        NEXT();
+    }
+    op_AddLocalI32: {
+        int32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        const uint32_t r = static_cast<uint32_t>(x) + u32(*--sp);
+        std::memcpy(fp + in->a, &r, 4);
+        NEXT();
+    }
+    op_AddLocalLocalI32: {
+        const uint32_t r = static_cast<uint32_t>(localInt(fp, in->a)) + static_cast<uint32_t>(localInt(fp, in->x));
+        std::memcpy(fp + in->a, &r, 4);
+        NEXT();
+    }
+    op_IncLocal:
+    op_IncGlobal:
+    op_Inc: {
+        const TypeKind k = static_cast<TypeKind>(in->k);
+        uint8_t* p;
+        if (in->op == VmOp::IncLocal) p = fp + in->a;
+        else if (in->op == VmOp::IncGlobal) p = globals + in->a;
+        else p = en.host(u32(*--sp), kindSize(k));
+        const Val old = loadKind(p, k);
+        const Val nv = incValue(k, old, in->v);
+        storeKind(p, k, nv);
+        *sp++ = in->x ? old : nv;
+        NEXT();
+    }
+    op_IncLocalI32: {
+        uint32_t x;
+        std::memcpy(&x, fp + in->a, 4);
+        x += static_cast<uint32_t>(in->v.i);
+        std::memcpy(fp + in->a, &x, 4);
+        NEXT();
+    }
+
+    op_JumpIfLtI32:
+        if (localCompare(en, fp, *in) < 0) pc = start + in->a;
+        NEXT();
+    op_JumpIfLeI32:
+        if (localCompare(en, fp, *in) <= 0) pc = start + in->a;
+        NEXT();
+    op_JumpUnlessLtI32:
+        if (!(localCompare(en, fp, *in) < 0)) pc = start + in->a;
+        NEXT();
+    op_JumpUnlessLeI32:
+        if (!(localCompare(en, fp, *in) <= 0)) pc = start + in->a;
+        NEXT();
+
+    op_Prepare:
+        if (!in->f->compiled) en.compileFunction(in->f);
+        NEXT();
+    op_Call:
+    op_CallPtr: {
+        sp -= in->a;
+        Function* f = in->op == VmOp::Call ? in->e->fn : &en.functions[static_cast<size_t>(sp[-1].i)];
+        en.cells = cellsBase + in->x;
+        en.tick();
+        if (!f->compiled) en.compileFunction(f);
+        const Code* c = f->code;
+        if (c && c->inlinable && in->a == c->params && en.cells <= c->cellsBelow && sp + c->maxDepth <= stackEnd) {
+            // In line: the callee runs in this loop, its frame remembered to come back to.
+            ++en.cells;
+            en.liveVars += f->nVars;
+            if (en.liveVars > kMaxVariables) en.fail(kErrTooManyVariables);
+            en.pushFrame(f, f->frameSize, c->framed);
+            prog.frames[prog.depth++] = VmFrame{pc, code, f, en.curFn, cellsBase, en.curFile, en.curLine};
+            storeParams(en.fp, f, *c, sp);
+            if (in->op == VmOp::CallPtr) --sp;
+            en.curFn = f;
+            code = c;
+            start = pc = c->ins.data();
+            fp = en.fp;
+            cellsBase = en.cells;
+            NEXT();
+        }
+        en.checkHostStack();
+        prog.sp = sp + in->a;
+        const Val r = en.enter(f, in->e, sp);
+        if (in->op == VmOp::CallPtr) --sp;
+        *sp++ = r;
+        NEXT();
+    }
+    op_Resolve:
+        sp[-1].i = resolveFunction(en, sp[-1])->index;
+        NEXT();
+    op_Builtin:
+        sp -= in->a;
+        en.cells = cellsBase + in->x;
+        prog.sp = sp + in->a;
+        sp[0] = en.callBuiltinWith(in->e, sp);
+        ++sp;
+        NEXT();
+    op_Eval:
+        en.cells = cellsBase + in->x;
+        prog.sp = sp;
+        *sp++ = en.eval(in->e);
+        NEXT();
+    op_Exec: {
+        en.cells = cellsBase;
+        prog.sp = sp;
+        const Flow f = en.exec(in->s);
+        if (f == Flow::Return) goto leave;
+        if (f == Flow::Continue) pc = start + in->a;
+        NEXT();
+    }
+    op_Return:
+        en.retVal = *--sp;
+        goto leave;
+    op_ReturnVoid:
+        en.retVal.i = 0;
+        goto leave;
+    op_End:
+        if (prog.depth == frameBase) return false;
+        if (prog.frames[prog.depth - 1].callee->type->base->kind != kTVoid &&
+            prog.frames[prog.depth - 1].callee->name != "main")
+            en.fail(kErrMustReturn);
+        en.retVal.i = 0;
+        goto leave;
+leave:
+    if (prog.depth == frameBase) return true;
+    {
+        const VmFrame& fr = prog.frames[--prog.depth];
+        Function* f = fr.callee;
+        en.popFrame(f, f->frameSize, f->code->framed);
+        en.fpv = kDataBase + kDataHostSize - en.frameTop;
+        en.fp = globals + (kDataHostSize - en.frameTop);
+        en.curFn = fr.curFn;
+        en.liveVars -= f->nVars;
+        en.curFile = fr.file;
+        en.curLine = fr.line;
+        code = fr.code;
+        start = code->ins.data();
+        pc = fr.pc;
+        fp = en.fp;
+        cellsBase = fr.cellsBase;
+        en.cells = cellsBase + pc[-1].x;
+        *sp++ = en.retVal;
+    }
+    NEXT();
+#undef NEXT
+}
+
+std::string listCode(const Code& code) {
+    static const char* const names[] = {
+#define VM_OP(name, change, operands) #name,
+#include "script/opcodes.def"
+#undef VM_OP
+    };
+    std::string out;
+    char buf[96];
+    for (size_t i = 0; i < code.ins.size(); ++i) {
+        const Ins& in = code.ins[i];
+        std::snprintf(buf, sizeof buf, "%4zu %-22s k=%u x=%u a=%d v=%lld\n", i, names[static_cast<size_t>(in.op)], in.k,
+                      in.x, in.a, static_cast<long long>(in.v.i));
+        out += buf;
+    }
+    return out;
+}
+
+}  // namespace zol

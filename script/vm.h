@@ -1,0 +1,104 @@
+// Script functions compiled once into typed instructions for a stack machine. The
+// locals stay where the tree evaluator keeps them, in the frame of the script's data
+// space, so a compiled function and an evaluated one call each other freely; what the
+// code generator does not translate is handed to the tree evaluator a piece at a time.
+#pragma once
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "script/interp.h"
+
+namespace zol {
+
+enum class VmOp : uint8_t {
+#define VM_OP(name, change, operands) name,
+#include "script/opcodes.def"
+#undef VM_OP
+};
+
+struct Ins {
+    VmOp op;
+    uint8_t k = 0;   // a type kind
+    uint16_t x = 0;
+    int32_t a = 0;
+    union {
+        Val v;
+        Expr* e;
+        Stmt* s;
+        Function* f;
+    };
+    Ins() : op(VmOp::End), v{} {}
+};
+
+// The operand stacks of all activations share one array; a body whose stack would not
+// fit above those of its callers runs in the tree evaluator. A body needs at most
+// kVmStackCells; the total allows the 512 nested calls that the value cells allow, each
+// with a modest expression in flight.
+constexpr int kVmStackCells = 48;
+constexpr int kVmStackTotal = 16384;
+
+struct Code {
+    std::vector<Ins> ins;
+    int maxHeld = 0;   // value cells the tree evaluator would hold at most in this body
+    int maxDepth = 0;  // operand stack cells the body uses at most
+    bool framed = false;  // forms addresses in its frame (or lets the tree evaluator do so)
+    std::vector<TypeKind> paramKinds;
+    bool structParams = false, returnsStruct = false;
+    // Calls from compiled code run it in line when it takes exactly its parameters, none
+    // of them or its result a struct, and the cells in use then are at most cellsBelow.
+    bool inlinable = false;
+    int params = 0, cellsBelow = 0;
+};
+
+// A compiled function called from compiled code, run in the caller's dispatch loop:
+// what its return puts back. The caller's frame is the one below the callee's, and the
+// cells it held are its call instruction's.
+struct VmFrame {
+    const Ins* pc;
+    const Code* code;
+    Function* callee;
+    Function* curFn;
+    int cellsBase, file, line;
+};
+// Every call run in line takes a value cell, so the cell limit bounds their nesting.
+constexpr int kVmFrames = kStackCells + 1;
+
+// The compiled program: one Code per function that compiles, and the machine's stacks.
+struct Program {
+    std::deque<Code> codes;
+    std::unique_ptr<Val[]> stack{new Val[kVmStackTotal]};
+    Val* sp = stack.get();   // the first cell no activation uses
+    std::unique_ptr<VmFrame[]> frames{new VmFrame[kVmFrames]};
+    size_t depth = 0;        // frames in use
+};
+
+// Whether code's operand stack fits above the activations running now.
+inline bool stackFits(const Program& p, const Code& code) { return p.sp + code.maxDepth <= p.stack.get() + kVmStackTotal; }
+
+// Arguments into the parameters of a compiled function's new frame.
+inline void storeParams(uint8_t* fp, const Function* f, const Code& c, const Val* av) {
+    for (size_t i = 0; i < c.paramKinds.size(); ++i) {
+        uint8_t* dst = fp + f->paramOffs[i];
+        const TypeKind k = c.paramKinds[i];
+        if (k == kTInt || k == kTPtr) {
+            const uint32_t x = static_cast<uint32_t>(av[i].i);
+            std::memcpy(dst, &x, 4);
+        } else {
+            storeKind(dst, k, av[i]);
+        }
+    }
+}
+
+// Compiles f's parsed body; null when it calls setjmp or its expressions need more
+// operand stack than an activation has, which only the tree evaluator runs.
+const Code* generateCode(Engine& en, Function* f);
+// Runs one activation whose frame the caller has pushed; true when it returned by a
+// return statement (the value in en.retVal), false when it ran off its end.
+bool runCode(Engine& en, const Code& code);
+// A readable listing, one instruction a line.
+std::string listCode(const Code& code);
+
+}  // namespace zol
