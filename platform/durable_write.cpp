@@ -202,22 +202,22 @@ void undoReplace(const DurableReplace& r, const Undo& u, const std::string& back
 }
 
 ReplaceResult finishAtomic(DurableReplace& r, const std::string& backupPath) {
-    bool ok = flushPending(r) && ::fchmod(r.fd, r.mode) == 0 && fileSync(r.fd) == 0 &&
-              nameTemp(r.fd, folderOf(r.target), r.temp);
+    const bool written = flushPending(r) && ::fchmod(r.fd, r.mode) == 0 && fileSync(r.fd) == 0;
+    const bool backup = r.existed && !backupPath.empty() && backupPath != r.target;
+    Undo u;
+    if (written && r.existed) u.keep = keepOldBytes(r, backup);
+    if (written && backup) u.oldBackup = linkAside(backupPath);
+    const bool kept = !backup || !u.keep.empty();
+    // The new bytes get their name last, just before they take the target's, so that a
+    // save killed on the way has next to no moment in which it leaves them behind.
+    bool ok = written && kept && nameTemp(r.fd, folderOf(r.target), r.temp);
     ok = fileClose(r.fd) == 0 && ok;
     r.fd = -1;
     if (!ok) {
         removeQuietly(r.temp);
-        return ReplaceResult::WriteFailed;
-    }
-    const bool backup = r.existed && !backupPath.empty() && backupPath != r.target;
-    Undo u;
-    if (r.existed) u.keep = keepOldBytes(r, backup);
-    if (backup) u.oldBackup = linkAside(backupPath);
-    if (backup && u.keep.empty()) {
-        removeQuietly(r.temp);
+        removeQuietly(u.keep);
         removeQuietly(u.oldBackup);
-        return ReplaceResult::BackupFailed;
+        return written && !kept ? ReplaceResult::BackupFailed : ReplaceResult::WriteFailed;
     }
     if (fileRename(r.temp.c_str(), r.target.c_str()) != 0) {
         removeQuietly(r.temp);
