@@ -99,6 +99,8 @@ struct RegexProgram {
     size_t requiredLength = 0;
     bool literalOnly = false;       // the whole pattern is one literal: matched by plain search
     bool gaveUp = false;            // the last Execute hit the backtracking bound
+    // Steps one Execute may take; fuzzing lowers it so that runaway patterns end soon.
+    uint64_t stepBudget = kRegexStepBudget;
     std::vector<uint8_t> code;      // code[0] is kRegexMagic, then the nodes
 
     RegexProgram() = default;

@@ -48,6 +48,7 @@ struct Matcher {
     const char* slots[2 * kRegexGroups];
     bool slotsDirty = true;
     uint64_t steps = 0;
+    uint64_t budget = kRegexStepBudget;
     bool gaveUp = false;
 
     const char* operand(size_t node) const { return reinterpret_cast<const char*>(code + node + kNodeHeader); }
@@ -109,7 +110,7 @@ bool Matcher::tryAt(const char* s) {
     size_t scan = 1;
     const char* pos = s;
     for (;;) {
-        if (++steps > kRegexStepBudget || choices.size() > kRegexMaxChoicePoints) {
+        if (++steps > budget || choices.size() > kRegexMaxChoicePoints) {
             gaveUp = true;
             return false;
         }
@@ -185,7 +186,7 @@ bool Matcher::tryAt(const char* s) {
         // Backtrack to the latest choice point that still has something to offer.
         for (;;) {
             if (choices.empty()) return false;
-            if (++steps > kRegexStepBudget) {
+            if (++steps > budget) {
                 gaveUp = true;
                 return false;
             }
@@ -242,6 +243,7 @@ int regexExecute(RegexProgram* prog, const char* text, size_t len, const char* l
     if (prog->mustText && !memmem(text, len, prog->mustText, static_cast<size_t>(prog->mustLength))) return 0;
 
     Matcher m(prog->code.data(), text, textStartIsLineStart);
+    m.budget = prog->stepBudget;
     const char first = prog->firstChar;
     auto found = [&]() {
         for (int i = 0; i < kRegexGroups; ++i) {
