@@ -53,7 +53,7 @@ int digits(int32_t n) {
     return d;
 }
 
-bool frameOf(const PrintOptions& o, const PageSpec& s, int32_t lastNumber, PageFrame& f, std::string& error) {
+bool frameOf(const PrintOptions& o, const PageMetrics& s, int32_t lastNumber, PageFrame& f, std::string& error) {
     f.left = o.leftMargin * s.perTenthMm;
     f.top = o.topMargin * s.perTenthMm;
     f.width = s.width - f.left - o.rightMargin * s.perTenthMm;
@@ -103,9 +103,9 @@ int printFontSize(const Settings& s) {
     return std::clamp(size, screen->minimum, screen->maximum);
 }
 
-bool planPrint(const Document& doc, const PrintOptions& options, const PageSpec& spec, PrintPlan& plan,
+bool planPrint(const Document& doc, const PrintOptions& options, const PageMetrics& metrics, PrintPlan& plan,
                std::string& error) {
-    plan = PrintPlan{&doc, options, spec, {}, 0, lastLine(doc), {}};
+    plan = PrintPlan{&doc, options, metrics, {}, 0, lastLine(doc), {}};
     if (options.selectionOnly) {
         Pos b, e;
         if (!hasSelection(doc) || !selectionRange(doc, b, e)) {
@@ -116,7 +116,7 @@ bool planPrint(const Document& doc, const PrintOptions& options, const PageSpec&
         // A selection that ends at the start of a line takes nothing of it.
         plan.lastLine = e.col == 0 && e.line > b.line && !isColumnSelection(doc) ? e.line - 1 : e.line;
     }
-    if (!frameOf(options, spec, plan.lastLine + 1, plan.frame, error)) return false;
+    if (!frameOf(options, metrics, plan.lastLine + 1, plan.frame, error)) return false;
     const LineList& ll = doc.lines;
     int rowsLeft = 0;
     LineRef r = ll.find(plan.firstLine);

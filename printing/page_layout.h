@@ -37,7 +37,7 @@ std::string printFontName(const Settings& s);
 int printFontSize(const Settings& s);
 
 // The measures of the paper and the font in the device's own units.
-struct PageSpec {
+struct PageMetrics {
     double width = 0, height = 0;  // the whole sheet
     double perTenthMm = 0;         // device units in 0.1 mm
     double cellWidth = 0;          // one character of the (fixed-pitch) font
@@ -63,7 +63,7 @@ struct PageStart {
 struct PrintPlan {
     const Document* doc = nullptr;
     PrintOptions options;
-    PageSpec spec;
+    PageMetrics metrics;
     PageFrame frame;
     int32_t firstLine = 0, lastLine = 0;
     std::vector<PageStart> pages;
@@ -72,7 +72,7 @@ struct PrintPlan {
 // Checks that the page holds text, frames it and finds where every page starts
 // (without colouring or building any page). False with a message for the user when
 // the margins leave no room or there is nothing to print.
-bool planPrint(const Document& doc, const PrintOptions& options, const PageSpec& spec, PrintPlan& plan,
+bool planPrint(const Document& doc, const PrintOptions& options, const PageMetrics& metrics, PrintPlan& plan,
                std::string& error);
 
 enum class RunKind : uint8_t { Text, Keyword, Comment, LineNumber };

@@ -101,7 +101,7 @@ public:
         s_.clear();
         const PageFrame& f = plan_.frame;
         char buf[64];
-        std::snprintf(buf, sizeof buf, "BT\n%.2f TL\n", plan_.spec.lineHeight);
+        std::snprintf(buf, sizeof buf, "BT\n%.2f TL\n", plan_.metrics.lineHeight);
         s_ += buf;
         font_ = -1;
         colour_ = kBlack;
@@ -143,9 +143,9 @@ private:
         const int start = static_cast<int>(lead);
         if (start != lineStart_ || !nextRow) {
             if (start != lineStart_ || nextRow) {
-                pdfNumber(s_, (start - lineStart_) * plan_.spec.cellWidth);
+                pdfNumber(s_, (start - lineStart_) * plan_.metrics.cellWidth);
                 s_ += ' ';
-                pdfNumber(s_, nextRow ? -plan_.spec.lineHeight : 0.0);
+                pdfNumber(s_, nextRow ? -plan_.metrics.lineHeight : 0.0);
                 s_ += " Td\n";
             }
             lineStart_ = start;
@@ -172,8 +172,8 @@ private:
     void moveTo(int column, double top) {
         lineStart_ = 0;
         char buf[64];
-        std::snprintf(buf, sizeof buf, "1 0 0 1 %.2f %.2f Tm\n", plan_.frame.left + column * plan_.spec.cellWidth,
-                      plan_.spec.height - top - kBaseline * size_);
+        std::snprintf(buf, sizeof buf, "1 0 0 1 %.2f %.2f Tm\n", plan_.frame.left + column * plan_.metrics.cellWidth,
+                      plan_.metrics.height - top - kBaseline * size_);
         s_ += buf;
     }
 
@@ -227,7 +227,7 @@ std::string withPath(const char* pattern, const std::string& path) {
 
 }  // namespace
 
-PageSpec pdfPageSpec(double fontSize, double width, double height) {
+PageMetrics pdfPageMetrics(double fontSize, double width, double height) {
     return {width > 0 ? width : kA4Width, height > 0 ? height : kA4Height, kPointsPerTenthMm,
             kCourierAdvance * fontSize, kLineSpacing * fontSize};
 }
@@ -241,9 +241,9 @@ PrintOutcome writePdf(const PrintPlan& plan, const PageFacts& facts, const std::
     }
     PdfFile pdf(out);
     writeHead(pdf);
-    PageWriter writer(plan, plan.spec.cellWidth / kCourierAdvance);
+    PageWriter writer(plan, plan.metrics.cellWidth / kCourierAdvance);
     char box[96];
-    std::snprintf(box, sizeof box, "/MediaBox [0 0 %.2f %.2f] ", plan.spec.width, plan.spec.height);
+    std::snprintf(box, sizeof box, "/MediaBox [0 0 %.2f %.2f] ", plan.metrics.width, plan.metrics.height);
     const std::string pageDict = std::string("<< /Type /Page /Parent 2 0 R ") + box + fontResources();
     std::string kids;
     const size_t total = plan.pages.size();
@@ -294,7 +294,7 @@ PrintOutcome printDocumentToPdf(const Document& doc, bool selectionOnly, const s
     PrintOptions o = printOptionsFromSettings(settings(), options());
     o.selectionOnly = selectionOnly;
     PrintPlan plan;
-    if (!planPrint(doc, o, pdfPageSpec(printFontSize(settings())), plan, message)) return PrintOutcome::Failed;
+    if (!planPrint(doc, o, pdfPageMetrics(printFontSize(settings())), plan, message)) return PrintOutcome::Failed;
     return writePdf(plan, pageFactsNow(doc), path, progress, message);
 }
 

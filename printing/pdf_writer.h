@@ -13,7 +13,7 @@ namespace zol {
 
 // A sheet of the given size in points (A4, the paper of most of the world, unless
 // told) with the cell of Courier at fontSize.
-PageSpec pdfPageSpec(double fontSize, double width = 0, double height = 0);
+PageMetrics pdfPageMetrics(double fontSize, double width = 0, double height = 0);
 
 enum class PrintOutcome { Done, Cancelled, Failed };
 // Called after every page with the pages done and the total; false stops the printing.

@@ -38,7 +38,7 @@ PrintFonts printFonts(const PrintOptions& o, QPaintDevice* device) {
     return f;
 }
 
-PageSpec pageSpecOf(const QPageLayout& layout, int dpi, const PrintFonts& fonts, QPaintDevice* device) {
+PageMetrics pageMetricsOf(const QPageLayout& layout, int dpi, const PrintFonts& fonts, QPaintDevice* device) {
     const QRect sheet = layout.fullRectPixels(dpi);
     const QFontMetricsF fm(fonts.text, device);
     return {static_cast<double>(sheet.width()), static_cast<double>(sheet.height()), dpi / 254.0,
@@ -56,7 +56,7 @@ PrintFonts scaledFonts(const PrintFonts& fonts, double scale, int fromDpi, QPain
 
 void paintPage(QPainter& p, const PrintPlan& plan, const PrintPage& page, const PrintFonts& fonts, double scale) {
     const PageFrame& f = plan.frame;
-    const PageSpec& s = plan.spec;
+    const PageMetrics& s = plan.metrics;
     const double ascent = QFontMetricsF(fonts.text, p.device()).ascent();
     auto show = [&](int column, double top, const QString& text, const QFont& font, QColor colour) {
         p.setFont(font);

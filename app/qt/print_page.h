@@ -20,7 +20,7 @@ struct PrintFonts {
 // bold and comments italic, so that the highlighting still shows.
 PrintFonts printFonts(const PrintOptions& o, QPaintDevice* device);
 // The paper in the device's units, from the sheet's corner.
-PageSpec pageSpecOf(const QPageLayout& layout, int dpi, const PrintFonts& fonts, QPaintDevice* device);
+PageMetrics pageMetricsOf(const QPageLayout& layout, int dpi, const PrintFonts& fonts, QPaintDevice* device);
 
 // scale: painter units per device unit of the plan; the fonts must be made for the
 // painter's device at that scale (scaledFonts), since text drawn through a scaled

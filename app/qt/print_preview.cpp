@@ -41,7 +41,7 @@ void TPrintPreviewPage::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), palette().color(QPalette::Dark));
     if (!plan_ || plan_->pages.empty()) return;
-    const double w = plan_->spec.width, h = plan_->spec.height;
+    const double w = plan_->metrics.width, h = plan_->metrics.height;
     const double scale = std::min((width() - 24) / w, (height() - 24) / h);
     if (scale <= 0) return;
     const QRectF sheet((width() - w * scale) / 2, (height() - h * scale) / 2, w * scale, h * scale);
@@ -50,7 +50,7 @@ void TPrintPreviewPage::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::TextAntialiasing);
     p.translate(sheet.topLeft());
     p.setClipRect(QRectF(0, 0, sheet.width(), sheet.height()));
-    const int dpi = static_cast<int>(std::lround(plan_->spec.perTenthMm * 254));
+    const int dpi = static_cast<int>(std::lround(plan_->metrics.perTenthMm * 254));
     paintPage(p, *plan_, layoutPage(*plan_, page_, *facts_), scaledFonts(*fonts_, scale, dpi, this), scale);
 }
 
@@ -93,7 +93,7 @@ bool TPrintPreviewDlg::replan() {
     fonts_ = printFonts(printOptionsFromSettings(settings(), options()), &printer_);
     std::string message;
     const PrintOptions o = printOptionsFromSettings(settings(), options());
-    if (!planPrint(doc_, o, pageSpecOf(printer_.pageLayout(), printer_.resolution(), fonts_, &printer_), plan_,
+    if (!planPrint(doc_, o, pageMetricsOf(printer_.pageLayout(), printer_.resolution(), fonts_, &printer_), plan_,
                    message)) {
         QMessageBox::information(parentWidget(), txt(qtmsg::kAppTitle), qs(message));
         return false;

@@ -54,7 +54,7 @@ bool toPdf(QWidget* parent, const Document& doc, QPrinter& printer, const PrintO
     const QSizeF paper = printer.pageLayout().fullRect(QPageLayout::Point).size();
     PrintPlan plan;
     std::string message;
-    if (!planPrint(doc, o, pdfPageSpec(printFontSize(settings()), paper.width(), paper.height()), plan, message)) {
+    if (!planPrint(doc, o, pdfPageMetrics(printFontSize(settings()), paper.width(), paper.height()), plan, message)) {
         tell(parent, message);
         return false;
     }
@@ -69,7 +69,7 @@ bool toPrinter(QWidget* parent, const Document& doc, QPrinter& printer, const Pr
     const PrintFonts fonts = printFonts(o, &printer);
     PrintPlan plan;
     std::string message;
-    if (!planPrint(doc, o, pageSpecOf(printer.pageLayout(), printer.resolution(), fonts, &printer), plan, message)) {
+    if (!planPrint(doc, o, pageMetricsOf(printer.pageLayout(), printer.resolution(), fonts, &printer), plan, message)) {
         tell(parent, message);
         return false;
     }

@@ -43,7 +43,7 @@ TEST(PageCodes, ExpandWhereTheyStand) {
 class Layout : public ::testing::Test {
 protected:
     // A sheet of 100 by 60 units with 10-unit margins: 80 columns of 1 unit, 40 rows.
-    PageSpec spec{100, 60, 1, 1, 1};
+    PageMetrics metrics{100, 60, 1, 1, 1};
     PrintOptions opt;
     Document doc;
     PrintPlan plan;
@@ -65,7 +65,7 @@ protected:
 
 TEST_F(Layout, PagesWrapOrCutLongLines) {
     test::fill(doc, std::string(100, 'x') + "\nshort\n" + test::numberedLines(37));
-    ASSERT_TRUE(planPrint(doc, opt, spec, plan, error)) << error;
+    ASSERT_TRUE(planPrint(doc, opt, metrics, plan, error)) << error;
     // 2 rows, 1, 37 numbered lines and the empty last: 41 rows on pages of 40.
     ASSERT_EQ(plan.pages.size(), 2u);
     PrintPage p = layoutPage(plan, 0, facts());
@@ -76,7 +76,7 @@ TEST_F(Layout, PagesWrapOrCutLongLines) {
     opt.wrap = false;
     opt.header = "&p/&P";
     opt.footer = "x";
-    ASSERT_TRUE(planPrint(doc, opt, spec, plan, error));
+    ASSERT_TRUE(planPrint(doc, opt, metrics, plan, error));
     EXPECT_EQ(plan.frame.textRows, 36);
     ASSERT_EQ(plan.pages.size(), 2u);
     p = layoutPage(plan, 1, facts());
@@ -88,7 +88,7 @@ TEST_F(Layout, PagesWrapOrCutLongLines) {
 TEST_F(Layout, LineNumbersTakeTheirColumnsAndTabsExpand) {
     test::fill(doc, "a\tb\n" + test::numberedLines(10));
     opt.lineNumbers = true;
-    ASSERT_TRUE(planPrint(doc, opt, spec, plan, error));
+    ASSERT_TRUE(planPrint(doc, opt, metrics, plan, error));
     EXPECT_EQ(plan.frame.numberColumns, 3);
     const PrintPage p = layoutPage(plan, 0, facts());
     EXPECT_EQ(rowText(p, 0), " 1 a       b");
@@ -98,9 +98,9 @@ TEST_F(Layout, LineNumbersTakeTheirColumnsAndTabsExpand) {
 TEST_F(Layout, SelectionOnlyPrintsTheSelectedText) {
     test::fill(doc, "zero\none two\nthree\nfour");
     opt.selectionOnly = true;
-    EXPECT_FALSE(planPrint(doc, opt, spec, plan, error));
+    EXPECT_FALSE(planPrint(doc, opt, metrics, plan, error));
     setSelection(doc, {4, 1}, {0, 3});  // from "two" to the start of "four"
-    ASSERT_TRUE(planPrint(doc, opt, spec, plan, error)) << error;
+    ASSERT_TRUE(planPrint(doc, opt, metrics, plan, error)) << error;
     PrintPage p = layoutPage(plan, 0, facts());
     ASSERT_EQ(p.rows.size(), 2u);
     EXPECT_EQ(rowText(p, 0), "    two");
@@ -108,7 +108,7 @@ TEST_F(Layout, SelectionOnlyPrintsTheSelectedText) {
 
     doc.selMode = SelMode::Column;
     setSelection(doc, {1, 1}, {3, 2});
-    ASSERT_TRUE(planPrint(doc, opt, spec, plan, error));
+    ASSERT_TRUE(planPrint(doc, opt, metrics, plan, error));
     p = layoutPage(plan, 0, facts());
     ASSERT_EQ(p.rows.size(), 2u);
     EXPECT_EQ(rowText(p, 0), "ne");
@@ -125,7 +125,7 @@ TEST_F(Layout, APageTooSmallForItsMarginsIsRefused) {
         opt.leftMargin = opt.rightMargin = r.left;
         opt.topMargin = opt.bottomMargin = r.top;
         error.clear();
-        EXPECT_FALSE(planPrint(doc, opt, spec, plan, error)) << r.name;
+        EXPECT_FALSE(planPrint(doc, opt, metrics, plan, error)) << r.name;
         EXPECT_NE(error.find("too small for its margins"), std::string::npos) << r.name;
     }
 }
