@@ -41,4 +41,15 @@ inline std::vector<std::string_view> splitLines(std::string_view text, FinalLine
     return rows;
 }
 
+// The lines as one text with CR LF between them, as the clipboard and the undo records
+// hold several lines.
+inline std::string joinLines(const std::vector<std::string>& lines) {
+    std::string out;
+    for (size_t i = 0; i < lines.size(); ++i) {
+        if (i) out += "\r\n";
+        out += lines[i];
+    }
+    return out;
+}
+
 }  // namespace zol

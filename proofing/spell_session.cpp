@@ -7,6 +7,7 @@
 #include "engine/command_table.h"
 #include "engine/edit.h"
 #include "engine/selection.h"
+#include "engine/text_util.h"
 #include "engine/words.h"
 #include "proofing/speller.h"
 
@@ -15,15 +16,6 @@ namespace {
 
 size_t offsetOfColumn(const Document& doc, Pos p) {
     return locateColumn(lineText(doc, p.line), p.col).offset;
-}
-
-std::string joinLines(const std::vector<std::string>& lines) {
-    std::string out;
-    for (size_t i = 0; i < lines.size(); ++i) {
-        if (i) out += "\r\n";
-        out += lines[i];
-    }
-    return out;
 }
 
 }  // namespace

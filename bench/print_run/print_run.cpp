@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "app/application.h"
+#include "bench/offscreen_desktop.h"
 #include "app/qt/main_frame.h"
 #include "app/qt/print_preview.h"
 #include "app/qt/qt_shell.h"
@@ -16,23 +17,16 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: print_run preview HOME FILE\n");
         return 2;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication qapp(argc, argv);
-    zol::Application app;
-    zol::TMainFrame frame(app);
-    zol::setShell(&frame.qtShell());
-    zol::startUp(app, zol::StartupOptions{argv[2], {}, {}});
-    zol::Document* doc = frame.openFile(argv[3]);
+    OffscreenDesktop desk(argc, argv, argv[2]);
+    zol::Document* doc = desk.frame().openFile(argv[3]);
     if (!doc) return 1;
     const auto start = std::chrono::steady_clock::now();
-    zol::TPrintPreviewDlg dlg(&frame, *doc);
+    zol::TPrintPreviewDlg dlg(&desk.frame(), *doc);
     dlg.show();
     QImage shot(dlg.size(), QImage::Format_RGB32);
     dlg.render(&shot);
     const double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     std::printf("print preview of %s: first page shown in %.1f ms (%zu pages; asked: at most 300 ms)\n",
                 argv[3], ms, dlg.pageCount());
-    zol::shutDown(app);
-    zol::setShell(nullptr);
     return 0;
 }

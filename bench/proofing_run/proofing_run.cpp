@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "app/application.h"
+#include "bench/offscreen_desktop.h"
 #include "app/qt/completion_popup.h"
 #include "app/qt/editor_view.h"
 #include "app/qt/main_frame.h"
@@ -112,16 +113,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: proofing_run spell HOME FILE | popup HOME\n");
         return 2;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication qapp(argc, argv);
-    zol::Application app;
-    zol::TMainFrame frame(app);
-    zol::setShell(&frame.qtShell());
-    zol::startUp(app, zol::StartupOptions{argv[2], {}, {}});
-    frame.applySettings();
-    frame.resize(1000, 720);
-    const int status = std::strcmp(argv[1], "spell") == 0 && argc == 4 ? spell(argv[3]) : popup(frame, app);
-    zol::shutDown(app);
-    zol::setShell(nullptr);
+    OffscreenDesktop desk(argc, argv, argv[2]);
+    const int status = std::strcmp(argv[1], "spell") == 0 && argc == 4 ? spell(argv[3]) : popup(desk.frame(), desk.app());
     return status;
 }

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "app/application.h"
+#include "bench/offscreen_desktop.h"
 #include "app/qt/command_palette.h"
 #include "app/qt/editor_view.h"
 #include "app/qt/main_frame.h"
@@ -146,22 +147,15 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: qt_run firstpaint|repaint HOME FILE\n");
         return 2;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication qapp(argc, argv);
-    zol::Application app;
-    zol::TMainFrame frame(app);
-    zol::setShell(&frame.qtShell());
-    zol::startUp(app, zol::StartupOptions{argv[2], {}, {}});
-    frame.applySettings();
-    frame.resize(1000, 720);
+    OffscreenDesktop desk(argc, argv, argv[2]);
+    zol::Application& app = desk.app();
+    zol::TMainFrame& frame = desk.frame();
 
     if (std::strcmp(argv[1], "scriptkey") == 0 || std::strcmp(argv[1], "script") == 0) {
         // The stopped script's error report must not wait for someone to close its box.
         zol::setShell(nullptr);
         const int status = argv[1][6] == 'k' ? scriptKeys(frame, argv[3]) : scriptRuns(frame, argv[3], argc == 5 ? argv[4] : nullptr);
         for (const auto& d : app.documents) d->modified = false;
-        zol::shutDown(app);
-        zol::setShell(nullptr);
         return status;
     }
     if (std::strcmp(argv[1], "palette") == 0) {
@@ -187,7 +181,7 @@ int main(int argc, char** argv) {
     } else if (std::strcmp(argv[1], "firstpaint") == 0) {
         FirstPaint probe;
         probe.start = start;
-        qapp.installEventFilter(&probe);
+        desk.qapp().installEventFilter(&probe);
         if (!frame.openFile(argv[3])) return 1;
         frame.show();
         QApplication::exec();
@@ -214,7 +208,5 @@ int main(int argc, char** argv) {
         report("page scroll, painted", pages);
         for (const auto& d : app.documents) d->modified = false;
     }
-    zol::shutDown(app);
-    zol::setShell(nullptr);
     return 0;
 }

@@ -154,15 +154,6 @@ std::vector<std::string> alignLines(const std::vector<std::string>& lines, Align
     return out;
 }
 
-std::string joinLines(const std::vector<std::string>& lines) {
-    std::string s;
-    for (size_t i = 0; i < lines.size(); ++i) {
-        if (i) s += "\r\n";
-        s += lines[i];
-    }
-    return s;
-}
-
 // Without a selection: the paragraph at (or after) the cursor, together with the
 // blank lines up to the next paragraph, so that the records of repeated alignments
 // join end to start and undo together. The cursor goes on to the next paragraph.
