@@ -100,11 +100,15 @@ SeedResult seedHome(std::string_view dataDir, const std::set<std::string>& offer
     for (; it != end; it.increment(ec)) {
         if (ec) return {false, result.copied, result.offered};
         std::error_code st;
+        // The walk's own paths start with source, so no symbolic link needs resolving.
+        const std::string relative = it->path().lexically_relative(source).generic_string();
+        if (it->is_directory(st)) {
+            // The manual is read where it ships; a home needs no copy of it.
+            if (kUnseededFolder == relative + "/") it.disable_recursion_pending();
+            continue;
+        }
         if (!it->is_regular_file(st)) continue;
-        const std::string relative = fs::relative(it->path(), source, st).generic_string();
-        if (st || relative.empty() || offeredBefore.count(relative)) continue;
-        // The manual is read where it ships; a home needs no copy of it.
-        if (relative.starts_with(kUnseededFolder)) continue;
+        if (relative.empty() || offeredBefore.count(relative)) continue;
         result.offered.push_back(relative);
         const std::string target = home + relative;
         if (fs::exists(fs::symlink_status(target, st))) continue;
