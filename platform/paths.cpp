@@ -49,6 +49,8 @@ bool equalNoCase(std::string_view a, std::string_view b) {
 }
 
 bool makeDirs(const std::string& dir) {
+    struct stat st {};
+    if (::stat(dir.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) return true;
     std::error_code ec;
     fs::create_directories(dir, ec);
     return fs::is_directory(dir, ec);
@@ -82,11 +84,10 @@ std::string resolveBareName(std::string_view name) {
     std::string path = homeDir() + std::string(name);
     struct stat st {};
     if (name.empty() || ::lstat(path.c_str(), &st) == 0) return path;
-    std::error_code ec;
-    for (fs::directory_iterator it(homeDir(), ec), end; !ec && it != end; it.increment(ec)) {
-        std::string entry = it->path().filename().string();
-        if (equalNoCase(entry, name)) return homeDir() + entry;
-    }
+    std::vector<FolderEntry> entries;
+    listFolder(homeDir(), entries);
+    for (const FolderEntry& e : entries)
+        if (equalNoCase(e.name, name)) return homeDir() + e.name;
     return path;
 }
 
