@@ -134,12 +134,17 @@ void startUp(Application& app, const StartupOptions& opts) {
     installConvertCommand();
     installTools();
     installProofing();
-    loadProfile();
-    keyMap() = defaultKeyMap();
-    macros() = MacroTable{};
-    loadKeyFile();
-    initSearch(&settings().findHistory, &settings().replaceHistory);
-    loadDefinitions(syntaxTable(), homeDir() + "syntax.hgl");
+    {
+        // Until the plug-ins and scripts run, nothing but this start-up changes the
+        // home's profile files.
+        ProfileReadScope scope;
+        loadProfile();
+        keyMap() = defaultKeyMap();
+        macros() = MacroTable{};
+        loadKeyFile();
+        initSearch(&settings().findHistory, &settings().replaceHistory);
+        loadDefinitionsOnFirstUse(homeDir() + kSyntaxFile);
+    }
     initSyntax([] { return settings().includeDirs; });
     addFileNameListener(&followFileName);
     app.anotherInstance = !acquireInstanceLock();

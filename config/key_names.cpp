@@ -36,12 +36,30 @@ std::string baseName(uint16_t base) {
     return {};
 }
 
-uint16_t parseBase(std::string_view name) {
-    for (uint16_t base = 0x100; base <= 0x1FF; ++base) {
-        const std::string n = baseName(base);
-        if (!n.empty() && equalsNoCase(n, name)) return base;
-    }
+// The base of prefix + a number written as baseName writes it ("F1".."F12"), 0 when
+// name is none of them.
+uint16_t numberedBase(std::string_view name, std::string_view prefix, uint16_t firstBase, int first, int count) {
+    if (name.size() <= prefix.size() || !equalsNoCase(name.substr(0, prefix.size()), prefix)) return 0;
+    const std::string_view digits = name.substr(prefix.size());
+    for (int n = first; n < first + count; ++n)
+        if (digits == std::to_string(n)) return static_cast<uint16_t>(firstBase + n - first);
     return 0;
+}
+
+// The inverse of baseName, without building every name: the default key map parses
+// its rows at every start.
+uint16_t parseBase(std::string_view name) {
+    if (name.size() == 1) {
+        const char c = name[0];
+        if (c >= 'a' && c <= 'z') return static_cast<uint16_t>(0x141 + c - 'a');
+        if (c >= 'A' && c <= 'Z') return static_cast<uint16_t>(0x141 + c - 'A');
+        if (c >= '0' && c <= '9') return static_cast<uint16_t>(0x130 + c - '0');
+        return 0;
+    }
+    for (const NamedKey& k : kNamedKeys)
+        if (equalsNoCase(k.name, name)) return k.base;
+    if (const uint16_t f = numberedBase(name, "F", 0x170, 1, 12)) return f;
+    return numberedBase(name, "NumPad", 0x160, 0, 10);
 }
 
 }  // namespace

@@ -113,6 +113,7 @@ void loadOptionSections(const ProfileEnv& env) {
 }
 
 void loadProfile(const ProfileEnv& env) {
+    ProfileReadScope scope;
     settings() = Settings();
     firstRunStep();
     uninstallFixup();

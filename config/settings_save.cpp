@@ -62,6 +62,7 @@ void saveList(const char* section, const char* prefix, const std::vector<std::st
 
 bool saveProfile(bool saveOptions) {
     const Settings& s = settings();
+    ProfileReadScope scope;
     ProfileBatch batch(kSettingsFile);
     if (saveOptions) {
         saveRows(false);

@@ -5,38 +5,42 @@
 #include <link.h>
 
 #include <cstring>
-#include <fstream>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace zol {
 namespace {
+
+bool readAt(int fd, void* into, size_t bytes, uint64_t at) {
+    return ::pread(fd, into, bytes, static_cast<off_t>(at)) == static_cast<ssize_t>(bytes);
+}
 
 // The loader maps a library's segments straight from the file; a truncated file
 // then faults on first touch instead of failing to load. So every part the headers
 // name must lie inside the file before the loader sees it.
 bool wholeLibraryFile(const std::string& path, std::string* error) {
-    std::ifstream in(path, std::ios::binary | std::ios::ate);
-    if (!in) return true;  // the loader reports this one itself
-    const auto size = static_cast<uint64_t>(in.tellg());
-    in.seekg(0);
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return true;  // the loader reports this one itself
+    struct stat st {};
     ElfW(Ehdr) eh{};
-    auto fail = [&] {
-        if (error) *error = "not a complete shared library";
-        return false;
-    };
-    if (size < sizeof eh || !in.read(reinterpret_cast<char*>(&eh), sizeof eh)) return fail();
-    if (std::memcmp(eh.e_ident, ELFMAG, SELFMAG) != 0) return fail();
-    if (eh.e_phentsize != sizeof(ElfW(Phdr))) return fail();
-    const uint64_t phEnd = uint64_t{eh.e_phoff} + uint64_t{eh.e_phnum} * eh.e_phentsize;
-    const uint64_t shEnd = uint64_t{eh.e_shoff} + uint64_t{eh.e_shnum} * eh.e_shentsize;
-    if (phEnd > size || shEnd > size) return fail();
-    std::vector<ElfW(Phdr)> ph(eh.e_phnum);
-    in.seekg(static_cast<std::streamoff>(eh.e_phoff));
-    if (!in.read(reinterpret_cast<char*>(ph.data()), static_cast<std::streamsize>(ph.size() * sizeof(ElfW(Phdr)))))
-        return fail();
+    std::vector<ElfW(Phdr)> ph;
+    bool whole = ::fstat(fd, &st) == 0 && readAt(fd, &eh, sizeof eh, 0) &&
+                 std::memcmp(eh.e_ident, ELFMAG, SELFMAG) == 0 && eh.e_phentsize == sizeof(ElfW(Phdr));
+    const auto size = static_cast<uint64_t>(st.st_size);
+    if (whole) {
+        const uint64_t phEnd = uint64_t{eh.e_phoff} + uint64_t{eh.e_phnum} * eh.e_phentsize;
+        const uint64_t shEnd = uint64_t{eh.e_shoff} + uint64_t{eh.e_shnum} * eh.e_shentsize;
+        ph.resize(eh.e_phnum);
+        whole = phEnd <= size && shEnd <= size && readAt(fd, ph.data(), ph.size() * sizeof(ElfW(Phdr)), eh.e_phoff);
+    }
+    ::close(fd);
     for (const ElfW(Phdr)& p : ph)
-        if (uint64_t{p.p_offset} + p.p_filesz > size) return fail();
-    return true;
+        if (uint64_t{p.p_offset} + p.p_filesz > size) whole = false;
+    if (!whole && error) *error = "not a complete shared library";
+    return whole;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "platform/paths.h"
 
 #include "platform/file_io.h"
+#include "platform/folder_walk.h"
 
 #include <cctype>
 #include <climits>
@@ -48,6 +49,8 @@ bool equalNoCase(std::string_view a, std::string_view b) {
 }
 
 bool makeDirs(const std::string& dir) {
+    struct stat st {};
+    if (::stat(dir.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) return true;
     std::error_code ec;
     fs::create_directories(dir, ec);
     return fs::is_directory(dir, ec);
@@ -81,44 +84,70 @@ std::string resolveBareName(std::string_view name) {
     std::string path = homeDir() + std::string(name);
     struct stat st {};
     if (name.empty() || ::lstat(path.c_str(), &st) == 0) return path;
-    std::error_code ec;
-    for (fs::directory_iterator it(homeDir(), ec), end; !ec && it != end; it.increment(ec)) {
-        std::string entry = it->path().filename().string();
-        if (equalNoCase(entry, name)) return homeDir() + entry;
-    }
+    std::vector<FolderEntry> entries;
+    listFolder(homeDir(), entries);
+    for (const FolderEntry& e : entries)
+        if (equalNoCase(e.name, name)) return homeDir() + e.name;
     return path;
 }
 
-SeedResult seedHome(std::string_view dataDir, const std::set<std::string>& offeredBefore) {
+namespace {
+
+struct SeedWalk {
+    const std::string home;
+    const std::set<std::string>& offeredBefore;
     SeedResult result;
-    std::error_code ec;
-    const fs::path source(dataDir);
-    auto opts = fs::directory_options::follow_directory_symlink | fs::directory_options::skip_permission_denied;
-    fs::recursive_directory_iterator it(source, opts, ec), end;
-    if (ec || !fs::is_directory(source, ec)) return {false, 0, {}};
-    const std::string home = homeDir();
-    for (; it != end; it.increment(ec)) {
-        if (ec) return {false, result.copied, result.offered};
-        std::error_code st;
-        if (!it->is_regular_file(st)) continue;
-        const std::string relative = fs::relative(it->path(), source, st).generic_string();
-        if (st || relative.empty() || offeredBefore.count(relative)) continue;
-        // The manual is read where it ships; a home needs no copy of it.
-        if (relative.starts_with(kUnseededFolder)) continue;
-        result.offered.push_back(relative);
-        const std::string target = home + relative;
-        if (fs::exists(fs::symlink_status(target, st))) continue;
-        std::string data;
-        const size_t slash = target.rfind('/');
-        if (!makeDirs(target.substr(0, slash)) || !readWholeFile(it->path().string(), data)) {
-            result.ok = false;
-            continue;
-        }
-        const auto perms = static_cast<unsigned>(fs::status(it->path(), st).permissions()) & 0777;
-        if (createFileNoReplace(target, data, perms | 0600)) ++result.copied;
-        else if (!fs::exists(fs::symlink_status(target, st))) result.ok = false;
+    std::set<FolderId> entered;  // a link back up the tree is walked once
+};
+
+void offerFile(SeedWalk& walk, const std::string& path, const std::string& relative) {
+    if (walk.offeredBefore.count(relative)) return;
+    walk.result.offered.push_back(relative);
+    const std::string target = walk.home + relative;
+    std::error_code st;
+    if (fs::exists(fs::symlink_status(target, st))) return;
+    std::string data;
+    if (!makeDirs(target.substr(0, target.rfind('/'))) || !readWholeFile(path, data)) {
+        walk.result.ok = false;
+        return;
     }
-    return result;
+    const auto perms = static_cast<unsigned>(fs::status(path, st).permissions()) & 0777;
+    if (createFileNoReplace(target, data, perms | 0600)) ++walk.result.copied;
+    else if (!fs::exists(fs::symlink_status(target, st))) walk.result.ok = false;
+}
+
+// relative is folder's path below the shipped folder, empty or ending in "/". False
+// when the walk has to stop.
+bool seedFolder(SeedWalk& walk, const std::string& folder, const std::string& relative) {
+    FolderId id;
+    if (folderIdentity(folder, id) && !walk.entered.insert(id).second) return true;
+    std::vector<FolderEntry> entries;
+    switch (listFolder(folder, entries)) {
+    case FsResult::Ok: break;
+    case FsResult::Denied: return !relative.empty();
+    default: return false;
+    }
+    for (const FolderEntry& e : entries) {
+        const std::string path = folder + "/" + e.name;
+        if (e.kind == EntryKind::File) {
+            offerFile(walk, path, relative + e.name);
+        } else if (e.kind == EntryKind::Folder) {
+            const std::string sub = relative + e.name + "/";
+            // The manual is read where it ships; a home needs no copy of it.
+            if (sub != kUnseededFolder && !seedFolder(walk, path, sub)) return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+SeedResult seedHome(std::string_view dataDir, const std::set<std::string>& offeredBefore) {
+    SeedWalk walk{homeDir(), offeredBefore, {}, {}};
+    std::string source(dataDir);
+    while (source.size() > 1 && source.back() == '/') source.pop_back();
+    if (!seedFolder(walk, source, "")) walk.result.ok = false;
+    return walk.result;
 }
 
 std::string executablePath() {

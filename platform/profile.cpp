@@ -35,11 +35,23 @@ struct CachedProfile {
     int64_t readAtNs = 0;  // wall clock when id was last known to match doc
     int batchDepth = 0;    // > 0: doc is authoritative until the batch ends
     bool dirty = false;    // batch only: doc differs from the file
+    uint64_t trustedInScope = 0;  // the read scope in which the file was last checked
 };
 
 std::map<std::string, CachedProfile>& cache() {
     static std::map<std::string, CachedProfile> files;
     return files;
+}
+
+struct ReadScope {
+    int depth = 0;
+    uint64_t number = 0;  // of the outermost scope, counted from 1
+    std::map<std::string, std::string> resolved;  // home + bare name -> profile path
+};
+
+ReadScope& readScope() {
+    static ReadScope scope;
+    return scope;
 }
 
 int64_t nanos(const timespec& ts) { return int64_t(ts.tv_sec) * 1'000'000'000 + ts.tv_nsec; }
@@ -75,6 +87,8 @@ void trimCache(const std::string& keep) {
 CachedProfile& load(const std::string& path) {
     CachedProfile& entry = cache()[path];
     if (entry.batchDepth > 0) return entry;
+    const ReadScope& scope = readScope();
+    if (scope.depth > 0 && entry.trustedInScope == scope.number) return entry;
     FileIdentity id = identityOf(path);
     bool fresh = id == entry.id && entry.readAtNs - id.mtimeNs > kRacyWindowNs && entry.readAtNs - id.ctimeNs > kRacyWindowNs;
     if (!fresh) {
@@ -89,6 +103,7 @@ CachedProfile& load(const std::string& path) {
         entry.id = identityOf(path) == id ? id : FileIdentity();
         entry.readAtNs = readAt;
     }
+    if (scope.depth > 0) entry.trustedInScope = scope.number;
     trimCache(path);
     return entry;
 }
@@ -142,7 +157,14 @@ size_t copyList(const std::vector<std::string>& names, char* buffer, size_t size
 
 }  // namespace
 
-std::string profilePath(std::string_view file) { return resolveBareName(file); }
+std::string profilePath(std::string_view file) {
+    ReadScope& scope = readScope();
+    if (scope.depth == 0 || hasFolderPart(file)) return resolveBareName(file);
+    const std::string key = homeDir() + std::string(file);
+    auto it = scope.resolved.find(key);
+    if (it == scope.resolved.end()) it = scope.resolved.emplace(key, resolveBareName(file)).first;
+    return it->second;
+}
 
 std::optional<std::string> findProfileString(std::string_view section, std::string_view key, std::string_view file) {
     return profileValue(load(profilePath(file)).doc, section, key);
@@ -234,7 +256,18 @@ bool endProfileBatch(std::string_view file) {
     return store(path, entry);
 }
 
+void beginProfileReadScope() {
+    ReadScope& scope = readScope();
+    if (scope.depth++ == 0) ++scope.number;
+}
+
+void endProfileReadScope() {
+    ReadScope& scope = readScope();
+    if (scope.depth > 0 && --scope.depth == 0) scope.resolved.clear();
+}
+
 void flushProfileCache() {
+    readScope().resolved.clear();
     auto& files = cache();
     for (auto it = files.begin(); it != files.end();) {
         if (it->second.batchDepth == 0) it = files.erase(it);

@@ -106,4 +106,19 @@ private:
 // Forgets every parsed file kept for repeated lookups (not the open batches).
 void flushProfileCache();
 
+// Between begin and the matching end, a file is checked for outside changes at its
+// first lookup only, and a bare name is resolved once: loading or saving the settings
+// makes hundreds of lookups in a millisecond. Writes still reach the disk at once.
+// Outside every scope, each lookup sees a change that another program made.
+void beginProfileReadScope();
+void endProfileReadScope();
+
+class ProfileReadScope {
+public:
+    ProfileReadScope() { beginProfileReadScope(); }
+    ~ProfileReadScope() { endProfileReadScope(); }
+    ProfileReadScope(const ProfileReadScope&) = delete;
+    ProfileReadScope& operator=(const ProfileReadScope&) = delete;
+};
+
 }  // namespace zol

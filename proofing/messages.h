@@ -14,6 +14,7 @@ inline constexpr char kNoDictionary[] =
     "folder \"dict\" of the Zolder home, or name another language under MainLexicon in section "
     "Spelling of zol.ini.";
 inline constexpr char kDictionaryUnreadable[] = "The spelling dictionary %s could not be read.";
+inline constexpr char kNoSpellingLibrary[] = "Checking the spelling needs the hunspell library %s, which cannot be loaded.";
 inline constexpr char kCheckComplete[] = "The spelling check is complete.";
 inline constexpr char kNothingToCheck[] = "There is nothing to check: this document has no comments or strings.";
 inline constexpr char kNoSpellingDialog[] = "Checking the spelling needs the desktop editor.";

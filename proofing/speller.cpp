@@ -9,6 +9,7 @@
 #include "engine/case_map.h"
 #include "engine/text_util.h"
 #include "files/codepage.h"
+#include "platform/dynlib.h"
 #include "platform/file_io.h"
 #include "platform/fileinfo.h"
 #include "platform/paths.h"
@@ -74,10 +75,51 @@ bool isAscii(std::string_view s) {
 
 }  // namespace
 
+namespace {
+
+// The library is opened when a dictionary is first loaded: most runs check no word,
+// and mapping it cost every start of the program.
+struct HunspellCalls {
+    decltype(&Hunspell_create) create = nullptr;
+    decltype(&Hunspell_destroy) destroy = nullptr;
+    decltype(&Hunspell_get_dic_encoding) encoding = nullptr;
+    decltype(&Hunspell_add) add = nullptr;
+    decltype(&Hunspell_spell) spell = nullptr;
+    decltype(&Hunspell_suggest) suggest = nullptr;
+    decltype(&Hunspell_free_list) freeList = nullptr;
+};
+
+template <typename Fn>
+bool bind(LibraryHandle lib, Fn& fn, const char* name) {
+    fn = reinterpret_cast<Fn>(librarySymbol(lib, name));
+    return fn != nullptr;
+}
+
+// Null when the library cannot be opened.
+const HunspellCalls* hunspell() {
+    static const HunspellCalls* const calls = []() -> const HunspellCalls* {
+        static HunspellCalls c;
+        LibraryHandle lib = openLibrary(ZOLDER_HUNSPELL_LIBRARY);
+        if (!lib) return nullptr;
+        if (bind(lib, c.create, "Hunspell_create") && bind(lib, c.destroy, "Hunspell_destroy") &&
+            bind(lib, c.encoding, "Hunspell_get_dic_encoding") && bind(lib, c.add, "Hunspell_add") &&
+            bind(lib, c.spell, "Hunspell_spell") && bind(lib, c.suggest, "Hunspell_suggest") &&
+            bind(lib, c.freeList, "Hunspell_free_list"))
+            return &c;
+        closeLibrary(lib);
+        return nullptr;
+    }();
+    return calls;
+}
+
+}  // namespace
+
+// Only made once the library is open.
 struct Speller::Handle {
+    const HunspellCalls& calls;
     Hunhandle* h = nullptr;
     ~Handle() {
-        if (h) Hunspell_destroy(h);
+        if (h) calls.destroy(h);
     }
 };
 
@@ -125,20 +167,25 @@ bool Speller::load(const DictionaryFiles& files, const std::string& userDictPath
         error = proofmsg::fill(proofmsg::kNoDictionary, files.language, dictionaryPackage(files.language));
         return false;
     }
-    auto h = std::make_unique<Handle>();
-    h->h = Hunspell_create(files.aff.c_str(), files.dic.c_str());
+    const HunspellCalls* calls = hunspell();
+    if (!calls) {
+        error = proofmsg::fill(proofmsg::kNoSpellingLibrary, ZOLDER_HUNSPELL_LIBRARY);
+        return false;
+    }
+    auto h = std::make_unique<Handle>(Handle{*calls});
+    h->h = calls->create(files.aff.c_str(), files.dic.c_str());
     if (!h->h) {
         error = proofmsg::fill(proofmsg::kDictionaryUnreadable, files.dic);
         return false;
     }
-    const char* enc = Hunspell_get_dic_encoding(h->h);
+    const char* enc = calls->encoding(h->h);
     utf8_ = enc && equalsNoCase(std::string_view(enc), "UTF-8");
     h_ = std::move(h);
     std::string words;
     if (readWholeFile(userPath_, words)) {
         for (std::string_view w : splitLines(words, FinalLineEnd::EndsLastRow)) {
             const std::string_view t = prooftext::trim(w);
-            if (!t.empty()) Hunspell_add(h_->h, std::string(t).c_str());
+            if (!t.empty()) h_->calls.add(h_->h, std::string(t).c_str());
         }
     }
     return true;
@@ -158,7 +205,7 @@ bool Speller::correct(std::string_view word) {
     if (!h_) return true;
     std::string key(word);
     if (auto it = cache_.find(key); it != cache_.end()) return it->second;
-    bool ok = ignored_.count(word) || Hunspell_spell(h_->h, toDictionary(word).c_str()) != 0;
+    bool ok = ignored_.count(word) || h_->calls.spell(h_->h, toDictionary(word).c_str()) != 0;
     if (cache_.size() >= kMaxCachedWords) cache_.clear();
     cache_.emplace(std::move(key), ok);
     return ok;
@@ -168,9 +215,9 @@ std::vector<std::string> Speller::suggest(std::string_view word) {
     std::vector<std::string> out;
     if (!h_) return out;
     char** list = nullptr;
-    const int n = Hunspell_suggest(h_->h, &list, toDictionary(word).c_str());
+    const int n = h_->calls.suggest(h_->h, &list, toDictionary(word).c_str());
     for (int i = 0; i < n; ++i) out.push_back(fromDictionary(list[i]));
-    if (list) Hunspell_free_list(h_->h, &list, n);
+    if (list) h_->calls.freeList(h_->h, &list, n);
     return out;
 }
 
@@ -181,7 +228,7 @@ void Speller::ignore(std::string_view word) {
 
 bool Speller::add(std::string_view word) {
     ignore(word);
-    if (h_) Hunspell_add(h_->h, toDictionary(word).c_str());
+    if (h_) h_->calls.add(h_->h, toDictionary(word).c_str());
     std::string text;
     readWholeFile(userPath_, text);
     if (!text.empty() && text.back() != '\n') text += '\n';

@@ -265,12 +265,16 @@ SyntaxHighlight loadDefinition(std::string_view section, const ProfileDoc& file)
     return definitionFrom(HglIndex(file), section);
 }
 
-int loadDefinitions(SyntaxHighlightTable& table, const std::string& path) {
+namespace {
+
+// The table's slots are emptied before index is made, so that a failure leaves them so.
+template <typename MakeIndex>
+int loadDefinitionsWith(SyntaxHighlightTable& table, MakeIndex makeIndex) {
     for (auto& s : table.slots) s.reset();
     int loaded = 0;
     std::unique_ptr<HglIndex> index;
     try {
-        index = std::make_unique<HglIndex>(path);
+        index = makeIndex();
     } catch (const std::bad_alloc&) {
         return 0;
     }
@@ -286,6 +290,16 @@ int loadDefinitions(SyntaxHighlightTable& table, const std::string& path) {
         table.slots[static_cast<size_t>(loaded++)] = std::move(d);
     }
     return loaded;
+}
+
+}  // namespace
+
+int loadDefinitions(SyntaxHighlightTable& table, const std::string& path) {
+    return loadDefinitionsWith(table, [&path] { return std::make_unique<HglIndex>(path); });
+}
+
+int loadDefinitionsFromText(SyntaxHighlightTable& table, std::string_view data) {
+    return loadDefinitionsWith(table, [data] { return std::make_unique<HglIndex>(parseProfile(data)); });
 }
 
 }  // namespace zol

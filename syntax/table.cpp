@@ -2,6 +2,9 @@
 
 #include <cctype>
 
+#include "platform/file_io.h"
+#include "platform/profile.h"
+
 namespace zol {
 namespace {
 
@@ -30,9 +33,37 @@ bool wildcardMatches(std::string_view pat, std::string_view name) {
 
 }  // namespace
 
+namespace {
+
+struct ProgramTable {
+    SyntaxHighlightTable table;
+    std::optional<std::string> pending;  // the file's bytes, until the table is first used
+};
+
+ProgramTable& programTable() {
+    static ProgramTable program;
+    return program;
+}
+
+}  // namespace
+
 SyntaxHighlightTable& syntaxTable() {
-    static SyntaxHighlightTable table;
-    return table;
+    ProgramTable& p = programTable();
+    if (p.pending) {
+        const std::string data = std::move(*p.pending);
+        p.pending.reset();
+        loadDefinitionsFromText(p.table, data);
+    }
+    return p.table;
+}
+
+void loadDefinitionsOnFirstUse(const std::string& path) {
+    ProgramTable& p = programTable();
+    for (auto& s : p.table.slots) s.reset();
+    std::string data;
+    // A file that cannot be read leaves the table empty, as loadDefinitions does.
+    if (!readWholeFile(profilePath(path), data)) data.clear();
+    p.pending = std::move(data);
 }
 
 const SyntaxHighlight* definitionAt(const SyntaxHighlightTable& table, int slot) {

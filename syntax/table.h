@@ -32,6 +32,11 @@ const SyntaxHighlight* definitionAt(const SyntaxHighlightTable& table, int slot)
 // Empties every slot, then loads the sections of the file in order. A file that
 // cannot be read leaves the table empty. Returns the number of definitions loaded.
 int loadDefinitions(SyntaxHighlightTable& table, const std::string& path);
+// The same from the file's bytes.
+int loadDefinitionsFromText(SyntaxHighlightTable& table, std::string_view data);
+// Reads the file now and loads its definitions into syntaxTable() when the table is
+// first asked for: a run that colours no document never parses them.
+void loadDefinitionsOnFirstUse(const std::string& path);
 // One section into a definition, with every correction of bad values applied.
 SyntaxHighlight loadDefinition(std::string_view section, const std::string& path);
 // The same from a file held in memory.

@@ -126,7 +126,7 @@ TEST(KeyNames, EveryNameReadsBackAsItsKey) {
     }
     EXPECT_EQ(named, (26 + 10 + 12 + 14 + 10 + 5 + 1) * 8);
     EXPECT_EQ(parseKeyName("shift+ctrl+pagedown"), C | S | V | 0x22);
-    for (const char* bad : {"", "Ctrl+", "Ctrl+Ctrl+A", "Hyper+A", "F13", "AB", "Ctrl+K B"})
+    for (const char* bad : {"", "Ctrl+", "Ctrl+Ctrl+A", "Hyper+A", "F13", "F0", "F01", "NumPad10", "AB", "Ctrl+K B"})
         EXPECT_EQ(parseKeyName(bad), 0) << bad;
 }
 

@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
+
+#include <sys/stat.h>
 
 #include "tests/support/process.h"
 #include "tests/support/temp_dir.h"
@@ -30,6 +33,39 @@ TEST(Batch, ScriptRunsAfterStartUpOnTheOpenFilesAndItsValueIsTheStatus) {
     EXPECT_EQ(r.err, "broken.c Line 3: Divide by 0\n");
     EXPECT_EQ(tmp.get("a.txt"), "alpha\n");
     EXPECT_EQ(tmp.get("b.txt"), "beta\r\n");
+}
+
+TEST(Batch, ARunThatChangesNoSettingLeavesTheSettingsFilesUntouched) {
+    TempDir tmp("zolbatch");
+    const std::string home = tmp.path("home/");
+    const std::string script = tmp.put("count.c", "int main(void) {\n  return 7;\n}\n");
+    const std::string a = tmp.put("a.c", "int a;\n");
+    const std::vector<std::string> runs[] = {
+        {zolderBinary(), "--headless", "--home", home, a, "--run", script},
+        {zolderBinary(), "--headless", "--home", home, a},
+    };
+    // The first run seeds the home and remembers the script among the recent ones.
+    ASSERT_EQ(run(runs[0]).status, 7);
+    struct Seen {
+        std::string bytes;
+        struct stat st {};
+    };
+    auto look = [&](const char* name) {
+        Seen s{tmp.get(std::string("home/") + name)};
+        EXPECT_EQ(::stat(tmp.path(std::string("home/") + name).c_str(), &s.st), 0) << name;
+        return s;
+    };
+    const char* const names[] = {"zol.ini", "vek.ini", "registry.ini"};
+    std::vector<Seen> before;
+    for (const char* name : names) before.push_back(look(name));
+    for (const auto& argv : runs) EXPECT_EQ(run(argv).status, argv.size() > 5 ? 7 : 0);
+    for (size_t i = 0; i < std::size(names); ++i) {
+        const Seen after = look(names[i]);
+        EXPECT_EQ(after.bytes, before[i].bytes) << names[i];
+        EXPECT_EQ(after.st.st_ino, before[i].st.st_ino) << names[i] << " was replaced";
+        EXPECT_EQ(after.st.st_mtim.tv_sec, before[i].st.st_mtim.tv_sec) << names[i];
+        EXPECT_EQ(after.st.st_mtim.tv_nsec, before[i].st.st_mtim.tv_nsec) << names[i];
+    }
 }
 
 }  // namespace

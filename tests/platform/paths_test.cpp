@@ -77,6 +77,9 @@ TEST_F(HomeFolder, SeedingCopiesWhatTheHomeLacksOfWhatWasNotOfferedBefore) {
     put("data/zol.ini", "shipped settings");
     put("data/script/include/a.h", "header");
     put("data/samples/gone.c", "deleted by the user");
+    put("data/help/index.txt", "the manual stays where it ships");
+    // A link back up the tree is walked once, not until the paths grow too long.
+    std::filesystem::create_directory_symlink("..", dir + "data/script/up");
     ASSERT_TRUE(setHomeDir(dir + "home"));
     put("home/zol.ini", "user settings");
     const SeedResult first = seedHome(dir + "data", {"samples/gone.c"});

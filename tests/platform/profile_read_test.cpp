@@ -133,6 +133,31 @@ TEST_F(ProfileRead, ChangesMadeByOthersAreSeen) {
     EXPECT_EQ(getProfileString("S", "k", "gone", "a.ini"), "gone");
 }
 
+TEST_F(ProfileRead, AReadScopeChecksTheFileOnceAndWritesThrough) {
+    namespace fs = std::filesystem;
+    put("a.ini", "[S]\nk=old\n");
+    fs::last_write_time(path("a.ini"), fs::file_time_type::clock::now() - std::chrono::hours(2));
+    {
+        ProfileReadScope scope;
+        EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "old");
+        put("a.ini", "[S]\nk=changed by another program\n");
+        EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "old") << "checked once per scope";
+        ASSERT_TRUE(writeProfileString("S", "w", "1", "a.ini"));
+        EXPECT_EQ(get("a.ini"), "[S]\nk=old\nw=1\n") << "a write reaches the disk at once";
+        put("a.ini", "[S]\nk=new\n");
+    }
+    EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "new") << "after the scope, every lookup checks again";
+    // A bare name is resolved once per scope: a file of another letter case that
+    // appears meanwhile is found by the next scope.
+    {
+        ProfileReadScope scope;
+        EXPECT_EQ(getProfileString("S", "k", "none", "b.ini"), "none");
+        put("B.INI", "[S]\nk=upper\n");
+        EXPECT_EQ(getProfileString("S", "k", "none", "b.ini"), "none");
+    }
+    EXPECT_EQ(getProfileString("S", "k", "none", "b.ini"), "upper");
+}
+
 TEST_F(ProfileRead, GarbageNeverBreaksReading) {
     using namespace std::string_literals;
     put("j.ini", "[\0]=\n[[x]]]\n=\n=v\n[ a ]\r\r\n \t[b\n]]\n\xff\xfe=\x80\n"s);
