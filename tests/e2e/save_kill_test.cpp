@@ -99,7 +99,7 @@ TEST(SaveKill, TheFileIsAlwaysWholeOldOrWholeNew) {
     // kill leaves them behind only by landing in that moment (with named temporary files
     // nearly every interrupted save did). A loaded machine may stretch the moment.
     if (unnamedFilesIn(tmp.dir())) {
-        EXPECT_LE(strays, std::max(1, interrupted / 4));
+        EXPECT_LE(strays, std::max(2, interrupted / 2)) << interrupted << " interrupted saves";
     }
 }
 
