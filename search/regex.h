@@ -98,6 +98,12 @@ struct RegexProgram {
     const char* required = nullptr;
     size_t requiredLength = 0;
     bool literalOnly = false;       // the whole pattern is one literal: matched by plain search
+    // Where a match can begin: at leadByte, followed by a byte whose leadNext entry is
+    // set (every byte when a match can be one byte long). Unknown (hasLead false) when
+    // a match can be empty or can begin with more than one byte.
+    bool hasLead = false;
+    char leadByte = 0;
+    bool leadNext[256] = {};
     bool gaveUp = false;            // the last Execute hit the backtracking bound
     // Steps one Execute may take; fuzzing lowers it so that runaway patterns end soon.
     uint64_t stepBudget = kRegexStepBudget;
@@ -111,6 +117,14 @@ struct RegexProgram {
 // Compiles a pattern. Returns null and a non-zero *error on failure; *error is 0 on
 // success. `error` may be null.
 std::unique_ptr<RegexProgram> regexCompile(const char* pattern, int* error);
+
+// Fills the program's lead (hasLead, leadByte, leadNext) from its code.
+void findLead(RegexProgram& prog);
+
+// True when a match can begin at p, as far as the lead tells; p[1] must be readable.
+inline bool leadAllows(const RegexProgram& prog, const char* p) {
+    return !prog.hasLead || (p[0] == prog.leadByte && prog.leadNext[static_cast<unsigned char>(p[1])]);
+}
 
 // Runs the program over a NUL-terminated text. `limit` (null: the end of the text)
 // bounds the candidate starts: forwards they run from `text` up to but not including
