@@ -43,8 +43,9 @@ int main(int argc, char** argv) {
     if (!zol::readFile(doc, argv[mode == "replace" ? 4 : 3], true)) return 2;
     if (mode == "count-open") {
         for (zol::LineRef r = doc.lines.first; r != zol::kNoLine; r = doc.lines.next(r)) {
+            const std::string_view text = doc.lines.text(r);
             zol::LineHit h;
-            if (zol::searchLine(s, doc.lines.text(r), 0, h) == zol::kSearchFound) ++count;
+            if (zol::lineCanHold(s, text) && zol::searchLine(s, text, 0, h) == zol::kSearchFound) ++count;
         }
         std::printf("%ld\n", count);
         return 0;
