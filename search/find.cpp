@@ -147,7 +147,7 @@ bool lineCanHold(const Searcher& s, std::string_view line) {
     if (!s.prog) return findLiteral(line.data(), line.size(), s.pattern.data(), s.pattern.size());
     const RegexProgram& p = *s.prog;
     if (p.required && !findLiteral(line.data(), line.size(), p.required, p.requiredLength)) return false;
-    return !p.hasLead || findLead(line.data(), line.size(), p.leadByte, p.leadNext);
+    return !p.lead.first || findLead(line.data(), line.size(), p.lead);
 }
 
 int searchDocument(const Document& doc, Searcher& s, Pos from, bool oneLine, DocumentHit& hit) {

@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstring>
 
+#include "search/regex.h"
+
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -48,11 +50,12 @@ inline const char* findLiteralSse2(const char* hay, size_t len, const char* lit,
 }
 #endif
 
-// The first place p in hay[0, len) where hay[p] is lead and next[hay[p + 1]] is set,
-// or null; hay[len] must be readable.
-inline const char* findLeadScalar(const char* hay, size_t len, char lead, const bool* next) {
-    for (const char* const end = hay + len; (hay = static_cast<const char*>(std::memchr(hay, lead, end - hay))); ++hay)
-        if (next[static_cast<unsigned char>(hay[1])]) return hay;
+// The first place p in hay[0, len) where a match can begin, as lead tells (its first
+// byte must be set), or null; hay[len] must be readable.
+inline const char* findLeadScalar(const char* hay, size_t len, const RegexLead& lead) {
+    for (const char* const end = hay + len; (hay = static_cast<const char*>(std::memchr(hay, lead.first, end - hay)));
+         ++hay)
+        if (lead.next[static_cast<unsigned char>(hay[1])]) return hay;
     return nullptr;
 }
 
@@ -64,17 +67,24 @@ inline size_t countByteScalar(const char* hay, size_t len, char c) {
 }
 
 #if defined(__SSE2__)
-inline const char* findLeadSse2(const char* hay, size_t len, char lead, const bool* next) {
-    const __m128i first = _mm_set1_epi8(lead);
+// Places holding the first byte with a second byte in [low, high] are found 16 at a
+// time; only they are looked up in the table.
+inline const char* findLeadSse2(const char* hay, size_t len, const RegexLead& lead) {
+    const __m128i first = _mm_set1_epi8(lead.first);
+    const __m128i low = _mm_set1_epi8(static_cast<char>(lead.low));
+    const __m128i span = _mm_set1_epi8(static_cast<char>(lead.high - lead.low));
     size_t i = 0;
     for (; i + 16 <= len; i += 16) {
         const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i));
-        for (auto mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(a, first))); mask; mask &= mask - 1) {
+        const __m128i b = _mm_sub_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(hay + i + 1)), low);
+        const __m128i inRange = _mm_cmpeq_epi8(_mm_min_epu8(b, span), b);
+        auto mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(a, first), inRange)));
+        for (; mask; mask &= mask - 1) {
             const char* p = hay + i + __builtin_ctz(mask);
-            if (next[static_cast<unsigned char>(p[1])]) return p;
+            if (lead.next[static_cast<unsigned char>(p[1])]) return p;
         }
     }
-    return findLeadScalar(hay + i, len - i, lead, next);
+    return findLeadScalar(hay + i, len - i, lead);
 }
 
 inline size_t countByteSse2(const char* hay, size_t len, char c) {
@@ -94,11 +104,11 @@ inline size_t countByteSse2(const char* hay, size_t len, char c) {
 }
 #endif
 
-inline const char* findLead(const char* hay, size_t len, char lead, const bool* next) {
+inline const char* findLead(const char* hay, size_t len, const RegexLead& lead) {
 #if defined(__SSE2__)
-    return findLeadSse2(hay, len, lead, next);
+    return findLeadSse2(hay, len, lead);
 #else
-    return findLeadScalar(hay, len, lead, next);
+    return findLeadScalar(hay, len, lead);
 #endif
 }
 

@@ -83,6 +83,15 @@ const char* regexErrorMessage(int code);
 constexpr const char kRegexEscapes[] = "*+?{}^|.$&\\[]ntbrf";
 constexpr const char kRegexEscapeValues[] = "*+?{}^|.$&\\[]\n\t\b\r\f";
 
+// Where a match can begin: at `first`, followed by a byte whose `next` entry is set
+// (every byte when a match can be one byte long); the bytes of next lie in [low,
+// high]. first is 0 when unknown: a match can be empty or begin with several bytes.
+struct RegexLead {
+    char first = 0;
+    uint8_t low = 0, high = 255;
+    bool next[256] = {};
+};
+
 // A compiled program. groupStart/groupEnd point into the text of the last
 // successful Execute (null: group unset); they stay valid only as long as that text.
 struct RegexProgram {
@@ -98,12 +107,7 @@ struct RegexProgram {
     const char* required = nullptr;
     size_t requiredLength = 0;
     bool literalOnly = false;       // the whole pattern is one literal: matched by plain search
-    // Where a match can begin: at leadByte, followed by a byte whose leadNext entry is
-    // set (every byte when a match can be one byte long). Unknown (hasLead false) when
-    // a match can be empty or can begin with more than one byte.
-    bool hasLead = false;
-    char leadByte = 0;
-    bool leadNext[256] = {};
+    RegexLead lead;
     bool gaveUp = false;            // the last Execute hit the backtracking bound
     // Steps one Execute may take; fuzzing lowers it so that runaway patterns end soon.
     uint64_t stepBudget = kRegexStepBudget;
@@ -118,12 +122,12 @@ struct RegexProgram {
 // success. `error` may be null.
 std::unique_ptr<RegexProgram> regexCompile(const char* pattern, int* error);
 
-// Fills the program's lead (hasLead, leadByte, leadNext) from its code.
+// Fills the program's lead from its code.
 void findLead(RegexProgram& prog);
 
 // True when a match can begin at p, as far as the lead tells; p[1] must be readable.
 inline bool leadAllows(const RegexProgram& prog, const char* p) {
-    return !prog.hasLead || (p[0] == prog.leadByte && prog.leadNext[static_cast<unsigned char>(p[1])]);
+    return !prog.lead.first || (p[0] == prog.lead.first && prog.lead.next[static_cast<unsigned char>(p[1])]);
 }
 
 // Runs the program over a NUL-terminated text. `limit` (null: the end of the text)

@@ -279,7 +279,7 @@ int regexExecute(RegexProgram* prog, const char* text, size_t len, const char* l
             }
             return 0;
         }
-        const char lead = prog->hasLead ? prog->leadByte : first;
+        const char lead = prog->lead.first ? prog->lead.first : first;
         for (const char* p = text; p <= last; ++p) {
             if (lead) {
                 p = static_cast<const char*>(std::memchr(p, lead, static_cast<size_t>(last - p) + 1));

@@ -2,6 +2,7 @@
 // would while ignoring what a byte must be beyond the set it belongs to. Zero-width
 // nodes (line start and end, group marks) are stepped over, so the answer may admit
 // places that cannot match, never the other way round.
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <vector>
@@ -101,25 +102,22 @@ struct LeadWalk {
 }  // namespace
 
 void findLead(RegexProgram& prog) {
-    prog.hasLead = false;
+    prog.lead = {};
     LeadWalk w{prog.code.data(), prog.code.size()};
     Places start, second, third;
     w.close({1, 0}, start);
     if (w.canEnd) return;  // an empty match can start anywhere
     ByteSet first{}, next{};
     w.step(start, first, second);
-    int count = 0;
-    for (size_t c = 0; c < first.size(); ++c) {
-        if (!first[c]) continue;
-        prog.leadByte = static_cast<char>(c);
-        ++count;
-    }
-    if (count != 1) return;
+    if (std::count(first.begin(), first.end(), true) != 1) return;
     // A match of one byte can be followed by anything.
     if (w.canEnd) next.fill(true);
     else w.step(second, next, third);
-    for (size_t c = 0; c < next.size(); ++c) prog.leadNext[c] = next[c];
-    prog.hasLead = true;
+    RegexLead& lead = prog.lead;
+    lead.first = static_cast<char>(std::find(first.begin(), first.end(), true) - first.begin());
+    std::copy(next.begin(), next.end(), lead.next);
+    lead.low = static_cast<uint8_t>(std::find(next.begin(), next.end(), true) - next.begin());
+    lead.high = static_cast<uint8_t>(next.rend() - std::find(next.rbegin(), next.rend(), true) - 1);
 }
 
 }  // namespace zol

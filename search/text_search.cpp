@@ -30,7 +30,7 @@ Prefilter prefilterOf(const Searcher& s) {
     if (p.literalOnly && p.required) return {Filter::Literal, p.required, p.requiredLength};
     // A literal of two bytes or more is rarer than most byte pairs and found as fast.
     if (p.required && p.requiredLength >= 2) return {Filter::Required, p.required, p.requiredLength};
-    if (p.hasLead) return {Filter::Lead, nullptr, 0};
+    if (p.lead.first) return {Filter::Lead, nullptr, 0};
     if (p.required) return {Filter::Required, p.required, p.requiredLength};
     return {};
 }
@@ -58,8 +58,7 @@ struct PieceSearch {
                 return at ? static_cast<size_t>(at - hay) : size;
             }
             case Filter::Lead: {
-                const RegexProgram& p = *s.prog;
-                const char* at = findLead(hay + from, size - from, p.leadByte, p.leadNext);
+                const char* at = findLead(hay + from, size - from, s.prog->lead);
                 return at ? static_cast<size_t>(at - hay) : size;
             }
             case Filter::EveryLine: break;

@@ -54,7 +54,7 @@ TEST(Prefilter, RequiredLiteralAndExactResults) {
 std::string leadNextOf(const RegexProgram& p) {
     std::string next;
     for (int c = 0; c < 256; ++c)
-        if (p.leadNext[c]) next += static_cast<char>(c);
+        if (p.lead.next[c]) next += static_cast<char>(c);
     return next.size() == 256 ? "*" : next;
 }
 
@@ -88,8 +88,8 @@ TEST(Prefilter, LeadBytesOfAMatch) {
         SCOPED_TRACE(r.name);
         Searcher s;
         ASSERT_EQ(prepareSearch(s, r.pattern, {false, r.matchCase, true, true}), kSearchFound);
-        EXPECT_EQ(s.prog->hasLead ? s.prog->leadByte : 0, r.lead);
-        EXPECT_EQ(s.prog->hasLead ? leadNextOf(*s.prog) : "", r.next);
+        EXPECT_EQ(s.prog->lead.first, r.lead);
+        EXPECT_EQ(s.prog->lead.first ? leadNextOf(*s.prog) : "", r.next);
     }
 }
 
@@ -120,9 +120,9 @@ TEST(Prefilter, VectorAndScalarScansAgree) {
         ASSERT_EQ(findLineEndSse2(hay.data() + from, hay.data() + len),
                   findLineEndScalar(hay.data() + from, hay.data() + len));
         ASSERT_EQ(countByteSse2(hay.data() + from, len - from, '\n'), countByteScalar(hay.data() + from, len - from, '\n'));
-        bool next[256] = {};
-        next[static_cast<unsigned char>(lit.back())] = true;
-        ASSERT_EQ(findLeadSse2(hay.c_str(), len, lit[0], next), findLeadScalar(hay.c_str(), len, lit[0], next));
+        RegexLead lead{lit[0], 'a', 'c', {}};
+        lead.next[static_cast<unsigned char>(lit.back())] = true;
+        ASSERT_EQ(findLeadSse2(hay.c_str(), len, lead), findLeadScalar(hay.c_str(), len, lead));
     }
     // Byte lanes that would overflow past 255 line ends in a row.
     const std::string lines(10000, '\n');

@@ -231,7 +231,7 @@ TEST(RegexDifferential, EngineAgreesWithTheReference) {
             const bool want = ref.search(root, backward, last);
             // The lead is a filter on match starts: it must admit every place a match begins.
             Reference probe = ref;
-            for (size_t p = 0; prog->hasLead && p <= len; ++p) {
+            for (size_t p = 0; prog->lead.first && p <= len; ++p) {
                 if (!probe.tryAt(root, p)) continue;
                 ++leadChecked;
                 ASSERT_TRUE(leadAllows(*prog, text + p)) << "pattern " << pattern << " text \"" << ref.text
