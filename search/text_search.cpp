@@ -25,9 +25,15 @@ struct Prefilter {
 };
 
 Prefilter prefilterOf(const Searcher& s) {
-    if (!s.prog) return {Filter::Literal, s.pattern.data(), s.pattern.size()};
+    // A literal holding a line end stands across lines, where the line search never
+    // finds it.
+    auto literal = [](const char* text, size_t n) {
+        const bool oneLine = std::string_view(text, n).find_first_of("\r\n") == std::string_view::npos;
+        return Prefilter{oneLine ? Filter::Literal : Filter::Required, text, n};
+    };
+    if (!s.prog) return literal(s.pattern.data(), s.pattern.size());
     const RegexProgram& p = *s.prog;
-    if (p.literalOnly && p.required) return {Filter::Literal, p.required, p.requiredLength};
+    if (p.literalOnly && p.required) return literal(p.required, p.requiredLength);
     // A literal of two bytes or more is rarer than most byte pairs and found as fast.
     if (p.required && p.requiredLength >= 2) return {Filter::Required, p.required, p.requiredLength};
     if (p.lead.first) return {Filter::Lead, nullptr, 0};
@@ -35,7 +41,8 @@ Prefilter prefilterOf(const Searcher& s) {
     return {};
 }
 
-// One piece of the text, whole lines only (but for the text's last line), searched.
+// The search of one piece of the text: whole lines, but for the text's last line,
+// which may lack its line end.
 struct PieceSearch {
     Searcher& s;
     const Prefilter& filter;

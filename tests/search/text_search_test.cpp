@@ -72,6 +72,7 @@ TEST(TextSearch, PiecesFindWhatALineByLineSearchFinds) {
         {"^int", {false, true, true, true}},
         {"t$", {false, true, true, true}},
         {"[0-9]y", {false, true, true, true}},
+        {"t\nx", {false, true, false, true}},
     };
     for (const auto& [name, text] : texts) {
         for (const auto& [pattern, options] : patterns) {
