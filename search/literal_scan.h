@@ -55,7 +55,7 @@ inline const char* findLiteralSse2(const char* hay, size_t len, const char* lit,
 inline const char* findLeadScalar(const char* hay, size_t len, const RegexLead& lead) {
     for (const char* const end = hay + len; (hay = static_cast<const char*>(std::memchr(hay, lead.first, end - hay)));
          ++hay)
-        if (lead.next[static_cast<unsigned char>(hay[1])]) return hay;
+        if (lead.takes(hay[1])) return hay;
     return nullptr;
 }
 
@@ -81,7 +81,7 @@ inline const char* findLeadSse2(const char* hay, size_t len, const RegexLead& le
         auto mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(a, first), inRange)));
         for (; mask; mask &= mask - 1) {
             const char* p = hay + i + __builtin_ctz(mask);
-            if (lead.next[static_cast<unsigned char>(p[1])]) return p;
+            if (lead.takes(p[1])) return p;
         }
     }
     return findLeadScalar(hay + i, len - i, lead);

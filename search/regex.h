@@ -83,13 +83,18 @@ const char* regexErrorMessage(int code);
 constexpr const char kRegexEscapes[] = "*+?{}^|.$&\\[]ntbrf";
 constexpr const char kRegexEscapeValues[] = "*+?{}^|.$&\\[]\n\t\b\r\f";
 
-// Where a match can begin: at `first`, followed by a byte whose `next` entry is set
-// (every byte when a match can be one byte long); the bytes of next lie in [low,
-// high]. first is 0 when unknown: a match can be empty or begin with several bytes.
+// Where a match can begin: at `first`, followed by a byte that `next` holds (every
+// byte when a match can be one byte long); those bytes lie in [low, high]. first is 0
+// when unknown: a match can be empty or begin with several bytes.
 struct RegexLead {
     char first = 0;
     uint8_t low = 0, high = 255;
-    bool next[256] = {};
+    uint64_t next[4] = {};  // one bit a byte value
+
+    bool takes(char c) const {
+        const auto b = static_cast<unsigned char>(c);
+        return next[b >> 6] >> (b & 63) & 1;
+    }
 };
 
 // A compiled program. groupStart/groupEnd point into the text of the last
@@ -127,7 +132,7 @@ void findLead(RegexProgram& prog);
 
 // True when a match can begin at p, as far as the lead tells; p[1] must be readable.
 inline bool leadAllows(const RegexProgram& prog, const char* p) {
-    return !prog.lead.first || (p[0] == prog.lead.first && prog.lead.next[static_cast<unsigned char>(p[1])]);
+    return !prog.lead.first || (p[0] == prog.lead.first && prog.lead.takes(p[1]));
 }
 
 // Runs the program over a NUL-terminated text. `limit` (null: the end of the text)

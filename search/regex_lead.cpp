@@ -3,8 +3,8 @@
 // nodes (line start and end, group marks) are stepped over, so the answer may admit
 // places that cannot match, never the other way round.
 #include <algorithm>
-#include <array>
-#include <cstring>
+#include <cstdint>
+#include <iterator>
 #include <vector>
 
 #include "search/regex.h"
@@ -12,7 +12,26 @@
 namespace zol {
 namespace {
 
-using ByteSet = std::array<bool, 256>;
+// 256 bits, one a byte value.
+struct ByteSet {
+    uint64_t bits[4] = {};
+    void add(unsigned c) { bits[c >> 6] |= uint64_t{1} << (c & 63); }
+    int count() const {
+        int n = 0;
+        for (uint64_t b : bits) n += __builtin_popcountll(b);
+        return n;
+    }
+    unsigned lowest() const {
+        for (unsigned i = 0; i < 4; ++i)
+            if (bits[i]) return i * 64 + static_cast<unsigned>(__builtin_ctzll(bits[i]));
+        return 0;
+    }
+    unsigned highest() const {
+        for (unsigned i = 4; i-- > 0;)
+            if (bits[i]) return i * 64 + 63 - static_cast<unsigned>(__builtin_clzll(bits[i]));
+        return 255;
+    }
+};
 
 // A place in the program: a node, and how far into it: the byte of an EXACTLY literal
 // about to be taken, or for PLUS, 1 once a repetition has been taken. node + sub is
@@ -22,44 +41,47 @@ struct Place {
     size_t sub;
 };
 
-struct Places {
-    std::vector<Place> list;
-    std::vector<bool> seen;  // by node + sub
+// Kept between compilations: a string search compiles its pattern at every call.
+struct LeadScratch {
+    std::vector<Place> places;  // where a match starts, then where it is after one byte
+    std::vector<uint8_t> seen;  // by node + sub, one bit for each of the two lists
+    std::vector<Place> todo;
 };
+thread_local LeadScratch tScratch;
 
 struct LeadWalk {
     const uint8_t* code;
-    size_t size;
+    LeadScratch& w;
     bool canEnd = false;  // END was reached: a match can stop here
 
     const char* operand(size_t node) const { return reinterpret_cast<const char*>(code + node + kNodeHeader); }
 
-    // Adds the places that `from` reaches without taking a byte, itself included.
-    void close(Place from, Places& out) {
-        if (out.seen.empty()) out.seen.assign(size, false);
-        std::vector<Place> todo{from};
-        while (!todo.empty()) {
-            const Place at = todo.back();
-            todo.pop_back();
+    // Adds the places that `from` reaches without taking a byte, itself included, to
+    // the list marked by `list`.
+    void close(Place from, uint8_t list) {
+        w.todo.assign(1, from);
+        while (!w.todo.empty()) {
+            const Place at = w.todo.back();
+            w.todo.pop_back();
             // A sequence that stops short of END never matches.
-            if (at.node == 0 || out.seen[at.node + at.sub]) continue;
-            out.seen[at.node + at.sub] = true;
+            if (at.node == 0 || (w.seen[at.node + at.sub] & list)) continue;
+            w.seen[at.node + at.sub] |= list;
             const uint8_t op = code[at.node];
             const size_t next = nextNode(code, at.node);
             if (op == kOpEnd) {
                 canEnd = true;
             } else if (op == kOpBranch) {
-                todo.push_back({at.node + kNodeHeader, 0});
-                if (code[next] == kOpBranch) todo.push_back({next, 0});
+                w.todo.push_back({at.node + kNodeHeader, 0});
+                if (code[next] == kOpBranch) w.todo.push_back({next, 0});
             } else if (op == kOpStar || (op == kOpPlus && at.sub == 1)) {
-                out.list.push_back(at);
-                todo.push_back({next, 0});
+                w.places.push_back(at);
+                w.todo.push_back({next, 0});
             } else if (op == kOpBol || op == kOpEol || op == kOpNothing || op == kOpBack ||
                        (op > kOpOpen && op < kOpOpen + kRegexGroups) ||
                        (op > kOpClose && op < kOpClose + kRegexGroups)) {
-                todo.push_back({next, 0});
+                w.todo.push_back({next, 0});
             } else {
-                out.list.push_back(at);
+                w.places.push_back(at);
             }
         }
     }
@@ -68,33 +90,38 @@ struct LeadWalk {
     void taken(size_t node, size_t sub, ByteSet& set) const {
         const char* arg = operand(node);
         switch (code[node]) {
-            case kOpExactly: set[static_cast<unsigned char>(arg[sub])] = true; return;
+            case kOpExactly: set.add(static_cast<unsigned char>(arg[sub])); return;
             case kOpAnyOf:
-                for (; *arg; ++arg) set[static_cast<unsigned char>(*arg)] = true;
+                for (; *arg; ++arg) set.add(static_cast<unsigned char>(*arg));
                 return;
             case kOpAny:
-            case kOpAnyBut:
-                for (int c = 1; c < 256; ++c)
-                    if (c != '\n' && (code[node] == kOpAny || !std::strchr(arg, c))) set[c] = true;
+            case kOpAnyBut: {
+                // Every byte but NUL and newline, less the set's own.
+                ByteSet all{{~uint64_t{0} ^ 1 ^ uint64_t{1} << '\n', ~uint64_t{0}, ~uint64_t{0}, ~uint64_t{0}}};
+                for (; code[node] == kOpAnyBut && *arg; ++arg) {
+                    const auto c = static_cast<unsigned char>(*arg);
+                    all.bits[c >> 6] &= ~(uint64_t{1} << (c & 63));
+                }
+                for (int i = 0; i < 4; ++i) set.bits[i] |= all.bits[i];
                 return;
+            }
             default: return;
         }
     }
 
-    // The bytes the places take next, and the places after taking one of them.
-    void step(const Places& from, ByteSet& bytes, Places& to) {
-        for (const Place& p : from.list) {
+    // The bytes that the places [from, to) take next; with `list`, the places after
+    // taking one of them join that list.
+    void step(size_t from, size_t to, ByteSet& bytes, uint8_t list) {
+        for (size_t i = from; i < to; ++i) {
+            const Place p = w.places[i];
             const uint8_t op = code[p.node];
-            if (op == kOpStar || op == kOpPlus) {
-                taken(p.node + kNodeHeader, 0, bytes);
-                close({p.node, op == kOpPlus ? 1u : 0u}, to);
-            } else if (op == kOpExactly && operand(p.node)[p.sub + 1] != '\0') {
-                taken(p.node, p.sub, bytes);
-                close({p.node, p.sub + 1}, to);
-            } else {
-                taken(p.node, p.sub, bytes);
-                close({nextNode(code, p.node), 0}, to);
-            }
+            const bool repeat = op == kOpStar || op == kOpPlus;
+            const bool inLiteral = op == kOpExactly && operand(p.node)[p.sub + 1] != '\0';
+            taken(repeat ? p.node + kNodeHeader : p.node, repeat ? 0 : p.sub, bytes);
+            if (!list) continue;
+            if (repeat) close({p.node, op == kOpPlus ? 1u : 0u}, list);
+            else if (inLiteral) close({p.node, p.sub + 1}, list);
+            else close({nextNode(code, p.node), 0}, list);
         }
     }
 };
@@ -103,21 +130,24 @@ struct LeadWalk {
 
 void findLead(RegexProgram& prog) {
     prog.lead = {};
-    LeadWalk w{prog.code.data(), prog.code.size()};
-    Places start, second, third;
-    w.close({1, 0}, start);
+    LeadScratch& scratch = tScratch;
+    scratch.places.clear();
+    scratch.seen.assign(prog.code.size(), 0);
+    LeadWalk w{prog.code.data(), scratch};
+    w.close({1, 0}, 1);
     if (w.canEnd) return;  // an empty match can start anywhere
-    ByteSet first{}, next{};
-    w.step(start, first, second);
-    if (std::count(first.begin(), first.end(), true) != 1) return;
+    const size_t starts = scratch.places.size();
+    ByteSet first, next;
+    w.step(0, starts, first, 2);
+    if (first.count() != 1) return;
     // A match of one byte can be followed by anything.
-    if (w.canEnd) next.fill(true);
-    else w.step(second, next, third);
+    if (w.canEnd) next = ByteSet{{~uint64_t{0}, ~uint64_t{0}, ~uint64_t{0}, ~uint64_t{0}}};
+    else w.step(starts, scratch.places.size(), next, 0);
     RegexLead& lead = prog.lead;
-    lead.first = static_cast<char>(std::find(first.begin(), first.end(), true) - first.begin());
-    std::copy(next.begin(), next.end(), lead.next);
-    lead.low = static_cast<uint8_t>(std::find(next.begin(), next.end(), true) - next.begin());
-    lead.high = static_cast<uint8_t>(next.rend() - std::find(next.rbegin(), next.rend(), true) - 1);
+    lead.first = static_cast<char>(first.lowest());
+    std::copy(std::begin(next.bits), std::end(next.bits), lead.next);
+    lead.low = static_cast<uint8_t>(next.lowest());
+    lead.high = static_cast<uint8_t>(next.highest());
 }
 
 }  // namespace zol

@@ -54,7 +54,7 @@ TEST(Prefilter, RequiredLiteralAndExactResults) {
 std::string leadNextOf(const RegexProgram& p) {
     std::string next;
     for (int c = 0; c < 256; ++c)
-        if (p.lead.next[c]) next += static_cast<char>(c);
+        if (p.lead.takes(static_cast<char>(c))) next += static_cast<char>(c);
     return next.size() == 256 ? "*" : next;
 }
 
@@ -121,7 +121,8 @@ TEST(Prefilter, VectorAndScalarScansAgree) {
                   findLineEndScalar(hay.data() + from, hay.data() + len));
         ASSERT_EQ(countByteSse2(hay.data() + from, len - from, '\n'), countByteScalar(hay.data() + from, len - from, '\n'));
         RegexLead lead{lit[0], 'a', 'c', {}};
-        lead.next[static_cast<unsigned char>(lit.back())] = true;
+        const auto last = static_cast<unsigned char>(lit.back());
+        lead.next[last >> 6] |= uint64_t{1} << (last & 63);
         ASSERT_EQ(findLeadSse2(hay.c_str(), len, lead), findLeadScalar(hay.c_str(), len, lead));
     }
     // Byte lanes that would overflow past 255 line ends in a row.
