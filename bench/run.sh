@@ -49,6 +49,8 @@ row "count lines matching int" "1.2 grep" "'$zs' count int '$big'" \
     "grep -c" "grep -c int '$big' > '$out_dir/grep.out'"
 row "count lines matching x[0-9]+y" "1.2 grep" "'$zs' count 'x[0-9]+y' '$big'" \
     "grep -cE" "grep -cE 'x[0-9]+y' '$big' > '$out_dir/grep.out'"
+row "count lines matching int in an open document" "-" "'$zs' count-open int '$big'" \
+    "grep -c" "grep -c int '$big' > '$out_dir/grep.out'"
 row "replace-all int by long, save" "1.2 sed" "'$zs' replace int long '$big' '$out_dir/z.c'" \
     "sed" "sed 's/int/long/g' '$big' > '$out_dir/s.c'"
 row "  the same beside vim" "-" "'$zs' replace int long '$big' '$out_dir/z.c'" \

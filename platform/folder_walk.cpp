@@ -63,33 +63,54 @@ bool folderIdentity(const std::string& path, FolderId& id) {
     return true;
 }
 
-FsResult readRegularFile(const std::string& path, std::string& out) {
-    out.clear();
+FsResult RegularFileReader::open(const std::string& path) {
+    close();
     // Without O_NONBLOCK, opening a pipe would wait for a writer.
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (fd < 0) return errno == ELOOP ? FsResult::Missing : fromErrno(errno);
+    fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (fd_ < 0) return errno == ELOOP ? FsResult::Missing : fromErrno(errno);
     struct stat st {};
-    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
-        ::close(fd);
+    if (::fstat(fd_, &st) != 0 || !S_ISREG(st.st_mode)) {
+        close();
         return FsResult::NotRegular;
     }
+    size_ = static_cast<uint64_t>(st.st_size);
+    return FsResult::Ok;
+}
+
+long RegularFileReader::read(char* buf, size_t size) {
+    for (;;) {
+        const ssize_t n = ::read(fd_, buf, size);
+        if (n >= 0) return n;
+        if (errno == EINTR) continue;
+        failure_ = fromErrno(errno) == FsResult::Missing ? FsResult::Missing : FsResult::Failed;
+        return -1;
+    }
+}
+
+void RegularFileReader::close() {
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = -1;
+    size_ = 0;
+    failure_ = FsResult::Ok;
+}
+
+FsResult readRegularFile(const std::string& path, std::string& out) {
+    out.clear();
+    RegularFileReader f;
+    if (const FsResult res = f.open(path); res != FsResult::Ok) return res;
     // The size is a first guess only: the file may grow while it is read.
     size_t used = 0;
-    out.resize(static_cast<size_t>(st.st_size) + 1);
+    out.resize(static_cast<size_t>(f.sizeWhenOpened()) + 1);
     for (;;) {
         if (used == out.size()) out.resize(out.size() * 2);
-        const ssize_t n = ::read(fd, out.data() + used, out.size() - used);
-        if (n < 0 && errno == EINTR) continue;
+        const long n = f.read(out.data() + used, out.size() - used);
         if (n < 0) {
-            const int e = errno;
-            ::close(fd);
             out.clear();
-            return fromErrno(e) == FsResult::Missing ? FsResult::Missing : FsResult::Failed;
+            return f.failure();
         }
         if (n == 0) break;
         used += static_cast<size_t>(n);
     }
-    ::close(fd);
     out.resize(used);
     return FsResult::Ok;
 }

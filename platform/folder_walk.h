@@ -40,8 +40,31 @@ struct FolderId {
 // The identity of the folder path leads to (links followed); false when unreachable.
 bool folderIdentity(const std::string& path, FolderId& id);
 
+// A regular file open for reading in pieces. A pipe or device is refused (NotRegular)
+// without being opened for long.
+class RegularFileReader {
+public:
+    RegularFileReader() = default;
+    ~RegularFileReader() { close(); }
+    RegularFileReader(const RegularFileReader&) = delete;
+    RegularFileReader& operator=(const RegularFileReader&) = delete;
+
+    // Opens path, closing what was open before.
+    FsResult open(const std::string& path);
+    // Up to size bytes into buf; 0 at the end, -1 when reading failed (failure() says how).
+    long read(char* buf, size_t size);
+    FsResult failure() const { return failure_; }
+    // The size when opened: the file may still grow or shrink.
+    uint64_t sizeWhenOpened() const { return size_; }
+    void close();
+
+private:
+    int fd_ = -1;
+    uint64_t size_ = 0;
+    FsResult failure_ = FsResult::Ok;
+};
+
 // Reads a regular file whole into out, reusing out's memory; out is emptied on failure.
-// A pipe or device is refused (NotRegular) without being opened for long.
 FsResult readRegularFile(const std::string& path, std::string& out);
 
 }  // namespace zol

@@ -8,6 +8,7 @@
 #include "engine/columns.h"
 #include "engine/document.h"
 #include "engine/case_map.h"
+#include "search/literal_scan.h"
 
 namespace zol {
 namespace {
@@ -141,6 +142,14 @@ int searchLine(Searcher& s, std::string_view line, size_t start, LineHit& hit) {
     return plainSearch(s, std::string_view(hay, line.size()), line, start, hit);
 }
 
+bool lineCanHold(const Searcher& s, std::string_view line) {
+    if (!s.options.matchCase) return true;
+    if (!s.prog) return findLiteral(line.data(), line.size(), s.pattern.data(), s.pattern.size());
+    const RegexProgram& p = *s.prog;
+    if (p.required && !findLiteral(line.data(), line.size(), p.required, p.requiredLength)) return false;
+    return !p.lead.first || findLead(line.data(), line.size(), p.lead);
+}
+
 int searchDocument(const Document& doc, Searcher& s, Pos from, bool oneLine, DocumentHit& hit) {
     const LineList& ll = doc.lines;
     if (from.line < 0 || from.line > ll.lastIndex) return kSearchError;
@@ -150,7 +159,7 @@ int searchDocument(const Document& doc, Searcher& s, Pos from, bool oneLine, Doc
     for (int32_t line = from.line;;) {
         const std::string_view text = ll.text(r);
         LineHit h;
-        const int res = searchLine(s, text, locateColumn(text, col).offset, h);
+        const int res = lineCanHold(s, text) ? searchLine(s, text, locateColumn(text, col).offset, h) : kSearchNotFound;
         if (res == kSearchFound) {
             hit.line = line;
             hit.offset = h.offset;

@@ -76,45 +76,17 @@ struct Walker {
     }
 };
 
-// Counts the line ends in text[from, to): LF, CR LF and a lone CR each end one line.
-int64_t countLineEnds(std::string_view text, size_t from, size_t to, bool hasCr) {
-    int64_t n = 0;
-    const char* p = text.data() + from;
-    const char* end = text.data() + to;
-    while ((p = static_cast<const char*>(std::memchr(p, '\n', static_cast<size_t>(end - p))))) {
-        ++n;
-        ++p;
-    }
-    if (!hasCr) return n;
-    for (size_t i = from; i < to; ++i)
-        if (text[i] == '\r' && (i + 1 >= text.size() || text[i + 1] != '\n')) ++n;
-    return n;
-}
-
-size_t lineStartBefore(std::string_view text, size_t at) {
-    while (at > 0 && text[at - 1] != '\n' && text[at - 1] != '\r') --at;
-    return at;
-}
-
-size_t lineEndFrom(std::string_view text, size_t at, bool hasCr) {
-    const size_t lf = text.find('\n', at);
-    if (!hasCr) return lf == std::string_view::npos ? text.size() : lf;
-    const size_t end = text.find_first_of("\r\n", at);
-    return end == std::string_view::npos ? text.size() : end;
-}
-
-// Where the next line that can hold a hit starts its search: a hit begins with the
-// regular expression's first character or contains its literal, and plain text is
-// itself the literal. npos when no line further on can hold one.
-size_t nextCandidate(const Searcher& s, std::string_view hay, size_t from) {
-    if (!s.prog) return hay.find(s.pattern, from);
-    if (s.prog->mustText && s.prog->mustLength > 0)
-        return hay.find(std::string_view(s.prog->mustText, static_cast<size_t>(s.prog->mustLength)), from);
-    if (s.prog->firstChar && !s.prog->anchored) return hay.find(s.prog->firstChar, from);
-    return from;
-}
-
 }  // namespace
+
+StreamOutcome searchFile(Searcher& s, StreamBuffer& buf, const std::string& path, const FoundLineFn& found,
+                         FsResult& read) {
+    RegularFileReader f;
+    read = f.open(path);
+    if (read != FsResult::Ok) return {};
+    const StreamOutcome o = searchStream(s, buf, [&f](char* out, size_t size) { return f.read(out, size); }, found);
+    if (o.readFailed) read = f.failure();
+    return o;
+}
 
 std::string countLine(const searchmsg::CountText& t, uint64_t n) {
     std::string s = n == 1 ? t.one : t.many;
@@ -172,52 +144,6 @@ void walkFiles(const FileSearchQuery& q, FileWalkVisitor& visitor) {
     Walker w{q, visitor, splitMasks(q.masks), {}};
     w.folder(q.folder, "");
 }
-
-int searchText(Searcher& s, std::string& text, const FoundLineFn& found, int64_t* lineGaveUp) {
-    std::string* hay = &text;
-    if (!s.options.matchCase) {
-        s.folded.resize(text.size());
-        for (size_t i = 0; i < text.size(); ++i) s.folded[i] = cpLower(text[i]);
-        hay = &s.folded;
-    }
-    // The pattern and the text now agree in case: searchLine need not fold each line.
-    const SearchOptions saved = s.options;
-    s.options.matchCase = true;
-    s.options.forward = true;
-    const bool hasCr = std::memchr(text.data(), '\r', text.size()) != nullptr;
-    int result = kSearchNotFound;
-    int64_t line = 1;
-    size_t counted = 0;  // line ends before this offset are in `line`
-    for (size_t pos = 0; pos <= hay->size();) {
-        const size_t candidate = nextCandidate(s, *hay, pos);
-        if (candidate == std::string::npos) break;
-        const size_t start = lineStartBefore(*hay, candidate);
-        const size_t end = lineEndFrom(*hay, candidate, hasCr);
-        line += countLineEnds(*hay, counted, start, hasCr);
-        counted = start;
-        // The regular expression must see the line alone: a NUL ends it for a moment.
-        const char saved0 = (*hay)[end];
-        (*hay)[end] = '\0';
-        LineHit hit;
-        const int res = searchLine(s, std::string_view(hay->data() + start, end - start), 0, hit);
-        (*hay)[end] = saved0;
-        if (res == kSearchError) {
-            if (lineGaveUp) *lineGaveUp = line;
-            result = kSearchError;
-            break;
-        }
-        if (res == kSearchFound) {
-            result = kSearchFound;
-            if (!found(line, std::string_view(text.data() + start, end - start))) break;
-        }
-        if (end >= hay->size()) break;
-        pos = end + 1;
-    }
-    s.options = saved;
-    return result;
-}
-
-bool isBinaryText(std::string_view text) { return std::memchr(text.data(), '\0', text.size()) != nullptr; }
 
 std::string hitLine(std::string_view rel, int64_t line, std::string_view text) {
     std::string s(rel);
@@ -279,45 +205,53 @@ private:
     uint64_t last_ = monotonicMilliseconds();
 };
 
+Unreadable unreadableOf(FsResult res) {
+    return res == FsResult::Denied ? Unreadable::Denied
+           : res == FsResult::NotRegular ? Unreadable::NotRegular
+                                         : Unreadable::Failed;
+}
+
 struct SearchVisitor final : FileWalkVisitor {
     Searcher& s;
     const OpenTexts& open;
     const std::atomic<bool>& stop;
     Batcher& out;
     FileSearchTotals totals;
-    std::string bytes;  // reused from file to file
+    StreamBuffer buf;                  // reused from file to file
+    std::vector<std::string> pending;  // a file's hits, shown once the file proves to be text
 
     SearchVisitor(Searcher& se, const OpenTexts& o, const std::atomic<bool>& st, Batcher& b)
         : s(se), open(o), stop(st), out(b) {}
 
     void file(const std::string& path, std::string_view rel) override {
+        pending.clear();
+        const FoundLineFn collect = [&](int64_t line, std::string_view text) {
+            pending.push_back(hitLine(rel, line, text));
+            return !stop.load(std::memory_order_relaxed);
+        };
+        StreamOutcome o;
+        FsResult res = FsResult::Ok;
         const auto it = open.find(path);
-        if (it != open.end()) {
-            bytes = it->second;
-        } else if (const FsResult res = readRegularFile(path, bytes); res != FsResult::Ok) {
-            // A file that vanished since the folder was listed is no longer there to search.
-            if (res != FsResult::Missing) unreadable(rel, res == FsResult::Denied ? Unreadable::Denied
-                                                           : res == FsResult::NotRegular ? Unreadable::NotRegular
-                                                                                         : Unreadable::Failed);
-            return;
-        }
-        if (isBinaryText(bytes)) {
+        if (it != open.end()) o = searchStream(s, buf, textReader(it->second), collect);
+        else o = searchFile(s, buf, path, collect, res);
+        s.gaveUp = false;
+        // A file that vanished since the folder was listed is no longer there to search.
+        if (res != FsResult::Ok && res != FsResult::Missing) unreadable(rel, unreadableOf(res));
+        if (res != FsResult::Ok) return;
+        if (o.binary) {
             ++totals.binary;
             return;
         }
         ++totals.searched;
-        uint64_t before = totals.lines;
-        int64_t gaveUpAt = 0;
-        const int res = searchText(s, bytes, [&](int64_t line, std::string_view text) {
+        if (!pending.empty()) ++totals.withHits;
+        for (std::string& line : pending) {
             ++totals.lines;
-            out.add(hitLine(rel, line, text));
-            return !stop.load(std::memory_order_relaxed);
-        }, &gaveUpAt);
-        if (totals.lines > before) ++totals.withHits;
-        if (res == kSearchError) {
-            s.gaveUp = false;
+            out.add(std::move(line));
+            if (stop.load(std::memory_order_relaxed)) break;
+        }
+        if (o.result == kSearchError) {
             ++totals.unreadable;
-            out.add(hitLine(rel, gaveUpAt, unreadableReason(Unreadable::TooLong)));
+            out.add(hitLine(rel, o.lineGaveUp, unreadableReason(Unreadable::TooLong)));
         }
     }
     void unreadable(std::string_view rel, Unreadable why) override {

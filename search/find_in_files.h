@@ -11,8 +11,10 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/folder_walk.h"
 #include "search/find.h"
 #include "search/messages.h"
+#include "search/text_search.h"
 
 namespace zol {
 
@@ -51,17 +53,10 @@ struct FileWalkVisitor {
 // version-control folders ".git", ".hg" and ".svn".
 void walkFiles(const FileSearchQuery& q, FileWalkVisitor& visitor);
 
-// Called for each line that holds a hit: the line's number (1-based) and its text
-// without its line end; false ends the search.
-using FoundLineFn = std::function<bool(int64_t line, std::string_view text)>;
-// Searches a whole file's bytes line by line (lines end at LF, CR LF or CR). The text is
-// briefly changed while it is searched and put back; a NUL must follow it, as in a
-// std::string. kSearchError when a regular expression gave up (s.gaveUp is set and
-// *lineGaveUp names the line), else kSearchFound or kSearchNotFound.
-int searchText(Searcher& s, std::string& text, const FoundLineFn& found, int64_t* lineGaveUp = nullptr);
-
-// True when the bytes hold a NUL: a binary file, which find in files skips.
-bool isBinaryText(std::string_view text);
+// Searches one file as find in files does, reading it a piece at a time. read is Ok,
+// or why the file could not be opened, or read to its end (the search ended there).
+StreamOutcome searchFile(Searcher& s, StreamBuffer& buf, const std::string& path, const FoundLineFn& found,
+                         FsResult& read);
 
 // The texts of open documents by full path: searched in place of their files, whose
 // contents on disk may be older. Lines are joined by "\n".

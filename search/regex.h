@@ -83,6 +83,20 @@ const char* regexErrorMessage(int code);
 constexpr const char kRegexEscapes[] = "*+?{}^|.$&\\[]ntbrf";
 constexpr const char kRegexEscapeValues[] = "*+?{}^|.$&\\[]\n\t\b\r\f";
 
+// Where a match can begin: at `first`, followed by a byte that `next` holds (every
+// byte when a match can be one byte long); those bytes lie in [low, high]. first is 0
+// when unknown: a match can be empty or begin with several bytes.
+struct RegexLead {
+    char first = 0;
+    uint8_t low = 0, high = 255;
+    uint64_t next[4] = {};  // one bit a byte value
+
+    bool takes(char c) const {
+        const auto b = static_cast<unsigned char>(c);
+        return next[b >> 6] >> (b & 63) & 1;
+    }
+};
+
 // A compiled program. groupStart/groupEnd point into the text of the last
 // successful Execute (null: group unset); they stay valid only as long as that text.
 struct RegexProgram {
@@ -98,6 +112,7 @@ struct RegexProgram {
     const char* required = nullptr;
     size_t requiredLength = 0;
     bool literalOnly = false;       // the whole pattern is one literal: matched by plain search
+    RegexLead lead;
     bool gaveUp = false;            // the last Execute hit the backtracking bound
     // Steps one Execute may take; fuzzing lowers it so that runaway patterns end soon.
     uint64_t stepBudget = kRegexStepBudget;
@@ -111,6 +126,14 @@ struct RegexProgram {
 // Compiles a pattern. Returns null and a non-zero *error on failure; *error is 0 on
 // success. `error` may be null.
 std::unique_ptr<RegexProgram> regexCompile(const char* pattern, int* error);
+
+// Fills the program's lead from its code.
+void findLead(RegexProgram& prog);
+
+// True when a match can begin at p, as far as the lead tells; p[1] must be readable.
+inline bool leadAllows(const RegexProgram& prog, const char* p) {
+    return !prog.lead.first || (p[0] == prog.lead.first && prog.lead.takes(p[1]));
+}
 
 // Runs the program over a NUL-terminated text. `limit` (null: the end of the text)
 // bounds the candidate starts: forwards they run from `text` up to but not including

@@ -376,6 +376,7 @@ std::unique_ptr<RegexProgram> regexCompile(const char* pattern, int* error) {
         return nullptr;
     }
     findShortcuts(*prog, flags);
+    findLead(*prog);
     return prog;
 }
 

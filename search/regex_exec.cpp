@@ -272,17 +272,19 @@ int regexExecute(RegexProgram* prog, const char* text, size_t len, const char* l
     if (!backward) {
         if (prog->anchored) {
             for (const char* p = text; p && p <= last;) {
-                if (m.tryAt(p)) return found();
+                if (leadAllows(*prog, p) && m.tryAt(p)) return found();
                 if (stop()) return 0;
                 p = static_cast<const char*>(std::memchr(p, '\n', static_cast<size_t>(end - p)));
                 if (p) ++p;
             }
             return 0;
         }
+        const char lead = prog->lead.first ? prog->lead.first : first;
         for (const char* p = text; p <= last; ++p) {
-            if (first) {
-                p = static_cast<const char*>(std::memchr(p, first, static_cast<size_t>(last - p) + 1));
+            if (lead) {
+                p = static_cast<const char*>(std::memchr(p, lead, static_cast<size_t>(last - p) + 1));
                 if (!p) return 0;
+                if (!leadAllows(*prog, p)) continue;
             }
             if (m.tryAt(p)) return found();
             if (stop()) return 0;
@@ -290,7 +292,7 @@ int regexExecute(RegexProgram* prog, const char* text, size_t len, const char* l
         return 0;
     }
     for (const char* p = last;; --p) {
-        const bool candidate = prog->anchored ? (p == text || p[-1] == '\n') : (!first || *p == first);
+        const bool candidate = prog->anchored ? (p == text || p[-1] == '\n') : (!first || *p == first) && leadAllows(*prog, p);
         if (candidate) {
             if (m.tryAt(p)) return found();
             if (stop()) return 0;

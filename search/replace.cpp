@@ -198,6 +198,7 @@ int eachReplacedLine(Document& doc, Searcher& s, const char* replacement, const 
     LineRef r = ll.find(std::max(sc.from.line, 0));
     for (int32_t i = std::max(sc.from.line, 0); i <= std::min(sc.to.line, ll.lastIndex); ++i, r = ll.next(r)) {
         const std::string_view line = ll.text(r);
+        if (!lineCanHold(s, line)) continue;
         size_t lo, hi;
         spanOf(sc, i, line, lo, hi);
         const int hits = replaceInSpan(s, line, lo, hi, replacement, current);

@@ -46,6 +46,50 @@ TEST(Prefilter, RequiredLiteralAndExactResults) {
         LineHit h;
         const int res = searchLine(s, r.line, 0, h);
         EXPECT_EQ(res == kSearchFound ? static_cast<int>(h.offset) : -1, r.hit) << r.name;
+        EXPECT_TRUE(res != kSearchFound || lineCanHold(s, r.line)) << r.name;
+    }
+}
+
+// The bytes after a lead byte that the lead lets through, "*" when every one does.
+std::string leadNextOf(const RegexProgram& p) {
+    std::string next;
+    for (int c = 0; c < 256; ++c)
+        if (p.lead.takes(static_cast<char>(c))) next += static_cast<char>(c);
+    return next.size() == 256 ? "*" : next;
+}
+
+TEST(Prefilter, LeadBytesOfAMatch) {
+    struct Row {
+        const char* name;
+        const char* pattern;
+        bool matchCase;
+        char lead;         // 0 when a match can be empty or begin with several bytes
+        const char* next;
+    };
+    const Row rows[] = {
+        {"literal, then a set", "x[0-9]+y", true, 'x', "0123456789"},
+        {"group first", "{x}[0-9]", true, 'x', "0123456789"},
+        {"repeated first byte", "a+b", true, 'a', "ab"},
+        {"repeated group", "{ab}+c", true, 'a', "b"},
+        {"alternatives sharing a first byte", "ab|ac", true, 'a', "bc"},
+        {"line start", "^ab", true, 'a', "b"},
+        {"case folded", "INT", false, 'i', "n"},
+        {"escaped line end second", "a\\nb", true, 'a', "\n"},
+        {"one byte long", "a", true, 'a', "*"},
+        {"one byte before the line end", "a$", true, 'a', "*"},
+        {"optional second byte", "ab?", true, 'a', "*"},
+        {"alternatives with other first bytes", "ab|cd", true, 0, ""},
+        {"a set first", "[ab]c", true, 0, ""},
+        {"a repetition that can be skipped", "x*y", true, 0, ""},
+        {"empty match", "x?", true, 0, ""},
+        {"a loop of alternatives", "{a|b}+c", true, 0, ""},
+    };
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.name);
+        Searcher s;
+        ASSERT_EQ(prepareSearch(s, r.pattern, {false, r.matchCase, true, true}), kSearchFound);
+        EXPECT_EQ(s.prog->lead.first, r.lead);
+        EXPECT_EQ(s.prog->lead.first ? leadNextOf(*s.prog) : "", r.next);
     }
 }
 
@@ -75,7 +119,15 @@ TEST(Prefilter, VectorAndScalarScansAgree) {
         const size_t from = len ? rng() % len : 0;
         ASSERT_EQ(findLineEndSse2(hay.data() + from, hay.data() + len),
                   findLineEndScalar(hay.data() + from, hay.data() + len));
+        ASSERT_EQ(countByteSse2(hay.data() + from, len - from, '\n'), countByteScalar(hay.data() + from, len - from, '\n'));
+        RegexLead lead{lit[0], 'a', 'c', {}};
+        const auto last = static_cast<unsigned char>(lit.back());
+        lead.next[last >> 6] |= uint64_t{1} << (last & 63);
+        ASSERT_EQ(findLeadSse2(hay.c_str(), len, lead), findLeadScalar(hay.c_str(), len, lead));
     }
+    // Byte lanes that would overflow past 255 line ends in a row.
+    const std::string lines(10000, '\n');
+    EXPECT_EQ(countByteSse2(lines.data(), lines.size(), '\n'), lines.size());
 }
 #endif
 

@@ -209,7 +209,7 @@ private:
 
 TEST(RegexDifferential, EngineAgreesWithTheReference) {
     Generator gen(20261121);
-    int compared = 0, matched = 0;
+    int compared = 0, matched = 0, leadChecked = 0;
     for (int i = 0; i < 2500; ++i) {
         const Node root = gen.pattern();
         const std::string pattern = render(root);
@@ -229,6 +229,14 @@ TEST(RegexDifferential, EngineAgreesWithTheReference) {
             const int got = regexExecute(prog.get(), text, limit == std::string::npos ? nullptr : text + limit,
                                          backward, ref.lineStart);
             const bool want = ref.search(root, backward, last);
+            // The lead is a filter on match starts: it must admit every place a match begins.
+            Reference probe = ref;
+            for (size_t p = 0; prog->lead.first && p <= len; ++p) {
+                if (!probe.tryAt(root, p)) continue;
+                ++leadChecked;
+                ASSERT_TRUE(leadAllows(*prog, text + p)) << "pattern " << pattern << " text \"" << ref.text
+                                                         << "\" start " << p;
+            }
             ++compared;
             ASSERT_EQ(got == 1, want) << "pattern " << pattern << " text \"" << ref.text << "\" backward "
                                       << backward;
@@ -245,6 +253,7 @@ TEST(RegexDifferential, EngineAgreesWithTheReference) {
     // The generator must produce both outcomes in quantity for the comparison to mean much.
     EXPECT_GT(matched, compared / 5);
     EXPECT_LT(matched, compared * 4 / 5);
+    EXPECT_GT(leadChecked, 1000);
 }
 
 }  // namespace
