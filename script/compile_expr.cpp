@@ -161,6 +161,15 @@ void emitArgs(CodeGen& g, Expr* e) {
     hold(g, -static_cast<int>(e->args.size()));
 }
 
+// A call that passes exactly the parameters, none of them or the result a struct.
+bool plainCall(const Expr* e) {
+    const Type* t = e->fn->type;
+    if (e->args.size() != t->params.size() || t->base->kind == kTStruct || e->temp) return false;
+    for (const Type* p : t->params)
+        if (p->kind == kTStruct) return false;
+    return true;
+}
+
 void emitCall(CodeGen& g, Expr* e) {
     if (e->op == Op::Call) {
         if (!e->fn->compiled) {
@@ -168,14 +177,20 @@ void emitCall(CodeGen& g, Expr* e) {
             last(g).f = e->fn;
         }
         emitArgs(g, e);
-        emit(g, VmOp::Call);
+        if (plainCall(e)) {
+            emit(g, VmOp::CallDirect);
+            last(g).f = e->fn;
+        } else {
+            emit(g, VmOp::Call);
+            last(g).e = e;
+        }
     } else {
         emitExpr(g, e->a);
         emit(g, VmOp::Resolve);
         emitArgs(g, e);
         emit(g, VmOp::CallPtr);
+        last(g).e = e;
     }
-    last(g).e = e;
     last(g).x = static_cast<uint16_t>(g.held);
     last(g).a = static_cast<int32_t>(e->args.size());
     g.depth -= static_cast<int>(e->args.size());

@@ -203,18 +203,27 @@ const Code* generateCode(Engine& en, Function* f) {
     if (!translatable(f->body)) return nullptr;
     Code& code = en.program->codes.emplace_back();
     CodeGen g{en, code, 0, 0, 0, 0, {}, {}, {}};
+    code.fn = f;
+    code.wordParams = true;
     for (const Type* t : f->type->params) {
         code.paramKinds.push_back(t->kind);
         code.structParams |= t->kind == kTStruct;
+        code.wordParams &= t->kind == kTInt || t->kind == kTUInt || t->kind == kTLong || t->kind == kTULong || t->kind == kTPtr;
     }
     code.returnsStruct = f->type->base->kind == kTStruct;
+    code.mustReturn = f->type->base->kind != kTVoid && f->name != "main";
     emitList(g, f->body->list);
     emit(g, VmOp::End);
     for (const auto& j : g.gotos) patch(g, j.first, g.marks.at(j.second));
     code.maxDepth = g.maxDepth;
-    code.inlinable = !code.structParams && !code.returnsStruct;
     code.params = static_cast<int>(code.paramKinds.size());
-    code.cellsBelow = kStackCells - 1 - code.maxHeld;
+    if (!code.structParams && !code.returnsStruct) code.cellsLimit = kStackCells - code.maxHeld;
+    code.frameSize = f->frameSize;
+    code.frameRoom = (f->frameSize + kObjectGap + 7) / 8 * 8;
+    // Word parameters are all written, so clearing starts at the word they end in.
+    code.zeroFrom = code.wordParams ? f->paramBytes / 8 * 8 : 0;
+    code.zeroTo = f->frameSize - kObjectGap;
+    code.nVars = f->nVars;
     if (g.maxDepth > kVmStackCells) {
         en.program->codes.pop_back();
         return nullptr;

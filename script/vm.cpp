@@ -63,20 +63,22 @@ bool runCode(Engine& en, const Code& entry) {
     const Val* const stackEnd = prog.stack.get() + kVmStackTotal;
     int cellsBase = en.cells;
     // The calls this loop made in line end with it when an error or a longjmp leaves;
-    // the activation that called runCode puts back the rest.
+    // the activation that called runCode puts back the rest. Each frame remembers its
+    // caller, so the callee of one is the caller remembered by the next.
     struct Unwind {
         Engine& en;
         Program& prog;
         Val* sp;
         size_t frames;
+        const Code*& running;
         ~Unwind() {
             for (; prog.depth > frames; --prog.depth) {
-                Function* f = prog.frames[prog.depth - 1].callee;
-                en.popFrame(f, f->frameSize, f->code->framed);
+                popCodeFrame(en, *running);
+                running = prog.frames[prog.depth - 1].code;
             }
             prog.sp = sp;
         }
-    } unwind{en, prog, stackBase, frameBase};
+    } unwind{en, prog, stackBase, frameBase, code};
     // Each instruction jumps to the next one's code itself (a GNU extension), which
     // the processor predicts far better than the one shared jump of a switch.
     static const void* const labels[] = {
@@ -310,35 +312,72 @@ bool runCode(Engine& en, const Code& entry) {
     op_Prepare:
         if (!in->f->compiled) en.compileFunction(in->f);
         NEXT();
-    op_Call:
-    op_CallPtr: {
+    op_Call: {
+        // Struct arguments or results, or arguments beyond the parameters: the tree
+        // evaluator's frame.
         sp -= in->a;
-        Function* f = in->op == VmOp::Call ? in->e->fn : &en.functions[static_cast<size_t>(sp[-1].i)];
+        Function* f = in->e->fn;
         en.cells = cellsBase + in->x;
         en.tick();
         if (!f->compiled) en.compileFunction(f);
-        const Code* c = f->code;
-        if (c && c->inlinable && in->a == c->params && en.cells <= c->cellsBelow && sp + c->maxDepth <= stackEnd) {
-            // In line: the callee runs in this loop, its frame remembered to come back to.
-            ++en.cells;
-            en.liveVars += f->nVars;
+        en.checkHostStack();
+        prog.sp = sp + in->a;
+        sp[0] = en.enter(f, in->e, sp);
+        ++sp;
+        NEXT();
+    }
+    {
+        Function* f;
+        const Code* c;
+        int calleeCells;
+    op_CallDirect:
+        sp -= in->a;
+        f = in->f;
+        en.tick();
+        c = f->code;
+        calleeCells = cellsBase + in->x + 1;
+        if (c && calleeCells <= c->cellsLimit && sp + c->maxDepth <= stackEnd) goto inlineCall;
+        en.cells = calleeCells - 1;
+        en.checkHostStack();
+        prog.sp = sp + in->a;
+        sp[0] = en.enter(f, nullptr, sp);
+        ++sp;
+        NEXT();
+    op_CallPtr:
+        sp -= in->a;
+        f = &en.functions[static_cast<size_t>(sp[-1].i)];
+        en.cells = cellsBase + in->x;
+        en.tick();
+        if (!f->compiled) en.compileFunction(f);
+        c = f->code;
+        calleeCells = cellsBase + in->x + 1;
+        if (c && in->a == c->params && calleeCells <= c->cellsLimit && sp + c->maxDepth <= stackEnd) {
+            // The arguments go into the frame; the callee's stack starts where the
+            // function was, which is where its result will be.
+            en.liveVars += c->nVars;
             if (en.liveVars > kMaxVariables) en.fail(kErrTooManyVariables);
-            en.pushFrame(f, f->frameSize, c->framed);
-            prog.frames[prog.depth++] = VmFrame{pc, code, f, en.curFn, cellsBase, en.curFile, en.curLine};
+            pushCodeFrame(en, *c);
             storeParams(en.fp, f, *c, sp);
-            if (in->op == VmOp::CallPtr) --sp;
-            en.curFn = f;
-            code = c;
-            start = pc = c->ins.data();
-            fp = en.fp;
-            cellsBase = en.cells;
-            NEXT();
+            --sp;
+            goto framed;
         }
         en.checkHostStack();
         prog.sp = sp + in->a;
-        const Val r = en.enter(f, in->e, sp);
-        if (in->op == VmOp::CallPtr) --sp;
-        *sp++ = r;
+        sp[-1] = en.enter(f, in->e, sp);
+        NEXT();
+    inlineCall:
+        // The callee runs in this loop, its caller remembered to come back to.
+        en.liveVars += c->nVars;
+        if (en.liveVars > kMaxVariables) en.fail(kErrTooManyVariables);
+        pushCodeFrame(en, *c);
+        storeParams(en.fp, f, *c, sp);
+    framed:
+        prog.frames[prog.depth++] = VmFrame{pc, code, en.curFile, en.curLine};
+        en.curFn = f;
+        code = c;
+        start = pc = c->ins.data();
+        fp = en.fp;
+        cellsBase = calleeCells;
         NEXT();
     }
     op_Resolve:
@@ -360,42 +399,45 @@ bool runCode(Engine& en, const Code& entry) {
         en.cells = cellsBase;
         prog.sp = sp;
         const Flow f = en.exec(in->s);
-        if (f == Flow::Return) goto leave;
+        if (f == Flow::Return) {
+            if (prog.depth == frameBase) return true;
+            *sp++ = en.retVal;
+            goto leave;
+        }
         if (f == Flow::Continue) pc = start + in->a;
         NEXT();
     }
+    // A call run in line leaves its result where its arguments began, which is where
+    // the callee's operand stack began too: the value stays where it is.
     op_Return:
-        en.retVal = *--sp;
+        if (prog.depth == frameBase) {
+            en.retVal = sp[-1];
+            return true;
+        }
         goto leave;
     op_ReturnVoid:
-        en.retVal.i = 0;
+        if (prog.depth == frameBase) {
+            en.retVal.i = 0;
+            return true;
+        }
+        *sp++ = intVal(0);
         goto leave;
     op_End:
         if (prog.depth == frameBase) return false;
-        if (prog.frames[prog.depth - 1].callee->type->base->kind != kTVoid &&
-            prog.frames[prog.depth - 1].callee->name != "main")
-            en.fail(kErrMustReturn);
-        en.retVal.i = 0;
-        goto leave;
-leave:
-    if (prog.depth == frameBase) return true;
-    {
+        if (code->mustReturn) en.fail(kErrMustReturn);
+        *sp++ = intVal(0);
+leave: {
         const VmFrame& fr = prog.frames[--prog.depth];
-        Function* f = fr.callee;
-        en.popFrame(f, f->frameSize, f->code->framed);
-        en.fpv = kDataBase + kDataHostSize - en.frameTop;
-        en.fp = globals + (kDataHostSize - en.frameTop);
-        en.curFn = fr.curFn;
-        en.liveVars -= f->nVars;
-        en.curFile = fr.file;
-        en.curLine = fr.line;
+        popCodeFrame(en, *code);
+        en.liveVars -= code->nVars;
+        pc = fr.pc;
+        cellsBase -= pc[-1].x + 1;
         code = fr.code;
         start = code->ins.data();
-        pc = fr.pc;
+        en.curFn = code->fn;
+        en.curFile = fr.file;
+        en.curLine = fr.line;
         fp = en.fp;
-        cellsBase = fr.cellsBase;
-        en.cells = cellsBase + pc[-1].x;
-        *sp++ = en.retVal;
     }
     NEXT();
 #undef NEXT

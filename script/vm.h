@@ -4,6 +4,7 @@
 // code generator does not translate is handed to the tree evaluator a piece at a time.
 #pragma once
 #include <cstdint>
+#include <cstring>
 #include <deque>
 #include <memory>
 #include <string>
@@ -42,26 +43,32 @@ constexpr int kVmStackTotal = 16384;
 
 struct Code {
     std::vector<Ins> ins;
+    Function* fn = nullptr;
     int maxHeld = 0;   // value cells the tree evaluator would hold at most in this body
     int maxDepth = 0;  // operand stack cells the body uses at most
     bool framed = false;  // forms addresses in its frame (or lets the tree evaluator do so)
     std::vector<TypeKind> paramKinds;
     bool structParams = false, returnsStruct = false;
-    // Calls from compiled code run it in line when it takes exactly its parameters, none
-    // of them or its result a struct, and the cells in use then are at most cellsBelow.
-    bool inlinable = false;
-    int params = 0, cellsBelow = 0;
+    bool mustReturn = false;  // running off the end is error 71
+    // Every parameter a 32-bit integer or pointer: the arguments go into the frame's
+    // first words one after the other.
+    bool wordParams = false;
+    // Calls from compiled code run it in line when it takes exactly its parameters and
+    // the cells in use then, its own call's included, are at most cellsLimit; -1 when
+    // it never runs in line (a struct parameter or result).
+    int params = 0, cellsLimit = -1;
+    // The frame as the dispatcher pushes it: size, the room it takes with its gap, and
+    // the bytes that start zeroed (the parameters' and locals' words).
+    uint32_t frameSize = 0, frameRoom = 0, zeroFrom = 0, zeroTo = 0;
+    int nVars = 0;
 };
 
 // A compiled function called from compiled code, run in the caller's dispatch loop:
-// what its return puts back. The caller's frame is the one below the callee's, and the
-// cells it held are its call instruction's.
+// where its return goes back to in the caller and the line the caller stood at.
 struct VmFrame {
     const Ins* pc;
     const Code* code;
-    Function* callee;
-    Function* curFn;
-    int cellsBase, file, line;
+    int file, line;
 };
 // Every call run in line takes a value cell, so the cell limit bounds their nesting.
 constexpr int kVmFrames = kStackCells + 1;
@@ -80,16 +87,35 @@ inline bool stackFits(const Program& p, const Code& code) { return p.sp + code.m
 
 // Arguments into the parameters of a compiled function's new frame.
 inline void storeParams(uint8_t* fp, const Function* f, const Code& c, const Val* av) {
-    for (size_t i = 0; i < c.paramKinds.size(); ++i) {
-        uint8_t* dst = fp + f->paramOffs[i];
-        const TypeKind k = c.paramKinds[i];
-        if (k == kTInt || k == kTPtr) {
+    if (c.wordParams) {
+        for (int i = 0; i < c.params; ++i) {
             const uint32_t x = static_cast<uint32_t>(av[i].i);
-            std::memcpy(dst, &x, 4);
-        } else {
-            storeKind(dst, k, av[i]);
+            std::memcpy(fp + 4 * i, &x, 4);
         }
+        return;
     }
+    for (size_t i = 0; i < c.paramKinds.size(); ++i) storeKind(fp + f->paramOffs[i], c.paramKinds[i], av[i]);
+}
+
+// The frame of a call run in line, as Engine::pushFrame and popFrame keep it, with only
+// its parameters' and locals' words cleared and the gap after them left alone.
+inline void pushCodeFrame(Engine& en, const Code& c) {
+    if (static_cast<uint64_t>(en.dataUsed) + c.frameSize > kDataSpaceSize ||
+        static_cast<uint64_t>(en.globalTop) + en.frameTop + c.frameSize + 2 * kObjectGap > kDataHostSize)
+        en.fail(kErrDataSpace);
+    en.dataUsed += c.frameSize;
+    en.frameTop += c.frameRoom;
+    en.fpv -= c.frameRoom;
+    en.fp -= c.frameRoom;
+    for (uint32_t i = c.zeroFrom; i < c.zeroTo; i += 8) std::memset(en.fp + i, 0, 8);
+    if (c.framed) en.pushFrameObjects(c.fn, c.frameSize);
+}
+inline void popCodeFrame(Engine& en, const Code& c) {
+    en.dataUsed -= c.frameSize;
+    en.frameTop -= c.frameRoom;
+    en.fpv += c.frameRoom;
+    en.fp += c.frameRoom;
+    if (c.framed) en.popFrameObjects(c.fn, c.frameSize);
 }
 
 // Compiles f's parsed body; null when it calls setjmp or its expressions need more
