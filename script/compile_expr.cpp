@@ -179,7 +179,7 @@ void emitCall(CodeGen& g, Expr* e) {
         emitArgs(g, e);
         if (plainCall(e)) {
             emit(g, VmOp::CallDirect);
-            last(g).f = e->fn;
+            last(g).c = &codeOf(*g.en.program, e->fn);
         } else {
             emit(g, VmOp::Call);
             last(g).e = e;
@@ -427,12 +427,22 @@ VmOp localCompareJump(const Expr* e, bool truth) {
     }
 }
 
+VmOp constantCompareJump(VmOp op) {
+    switch (op) {
+        case VmOp::JumpIfLtI32: return VmOp::JumpIfLtI32K;
+        case VmOp::JumpIfLeI32: return VmOp::JumpIfLeI32K;
+        case VmOp::JumpUnlessLtI32: return VmOp::JumpUnlessLtI32K;
+        default: return VmOp::JumpUnlessLeI32K;
+    }
+}
+
 size_t emitJumpIf(CodeGen& g, Expr* e, bool truth, bool tick) {
     const VmOp fused = e->depth <= kVmInlineDepth ? localCompareJump(e, truth) : VmOp::End;
     if (fused != VmOp::End) {
         hold(g, 1);
         hold(g, -1);
-        const size_t j = emit(g, fused);
+        const bool constant = !tick && e->b->op == Op::Const;
+        const size_t j = emit(g, constant ? constantCompareJump(fused) : fused);
         Ins& in = last(g);
         in.x = static_cast<uint16_t>(e->a->v.i);
         in.v.i = e->b->v.i;

@@ -53,11 +53,12 @@ inline uint32_t indexAddress(const uint8_t* fp, const Ins& in) {
 bool runCode(Engine& en, const Code& entry) {
     Program& prog = *en.program;
     Val* const stackBase = prog.sp;
-    const size_t frameBase = prog.depth;
+    // The frames of calls run in line; the one at frameBase is this loop's first.
+    VmFrame* const frameBase = prog.top;
+    VmFrame* top = frameBase;
     Val* sp = stackBase;
     const Code* code = &entry;
-    const Ins* start = code->ins.data();
-    const Ins* pc = start;
+    const Ins* pc = code->ins.data();
     uint8_t* fp = en.fp;
     uint8_t* const globals = en.data.data();
     const Val* const stackEnd = prog.stack.get() + kVmStackTotal;
@@ -69,16 +70,26 @@ bool runCode(Engine& en, const Code& entry) {
         Engine& en;
         Program& prog;
         Val* sp;
-        size_t frames;
+        VmFrame*& top;
+        VmFrame* base;
         const Code*& running;
         ~Unwind() {
-            for (; prog.depth > frames; --prog.depth) {
+            for (; top > base; --top) {
                 popCodeFrame(en, *running);
-                running = prog.frames[prog.depth - 1].code;
+                running = top[-1].code;
             }
+            prog.top = base;
             prog.sp = sp;
         }
-    } unwind{en, prog, stackBase, frameBase, code};
+    } unwind{en, prog, stackBase, top, frameBase, code};
+    // What runs outside this loop (the tree evaluator, built-ins, calls not run in line)
+    // may start a loop of its own above this one's frames and operand stack.
+#define HAND_OVER(cells_, sp_) \
+    do {                       \
+        en.cells = (cells_);   \
+        prog.sp = (sp_);       \
+        prog.top = top;        \
+    } while (0)
     // Each instruction jumps to the next one's code itself (a GNU extension), which
     // the processor predicts far better than the one shared jump of a switch.
     static const void* const labels[] = {
@@ -101,24 +112,24 @@ bool runCode(Engine& en, const Code& entry) {
         en.tick();
         NEXT();
     op_Jump:
-        pc = start + in->a;
+        pc = in + in->a;
         NEXT();
     op_JumpIfZero:
-        if ((--sp)->i == 0) pc = start + in->a;
+        if ((--sp)->i == 0) pc = in + in->a;
         NEXT();
     op_JumpIfNonZero:
-        if ((--sp)->i != 0) pc = start + in->a;
+        if ((--sp)->i != 0) pc = in + in->a;
         NEXT();
     op_JumpIfZeroF:
-        if ((--sp)->d == 0) pc = start + in->a;
+        if ((--sp)->d == 0) pc = in + in->a;
         NEXT();
     op_JumpIfNonZeroF:
-        if ((--sp)->d != 0) pc = start + in->a;
+        if ((--sp)->d != 0) pc = in + in->a;
         NEXT();
     op_CaseJump:
         if (sp[-1].i == in->v.i) {
             --sp;
-            pc = start + in->a;
+            pc = in + in->a;
         }
         NEXT();
     op_Pop:
@@ -297,16 +308,29 @@ bool runCode(Engine& en, const Code& entry) {
     }
 
     op_JumpIfLtI32:
-        if (localCompare(en, fp, *in) < 0) pc = start + in->a;
+        if (localCompare(en, fp, *in) < 0) pc = in + in->a;
         NEXT();
     op_JumpIfLeI32:
-        if (localCompare(en, fp, *in) <= 0) pc = start + in->a;
+        if (localCompare(en, fp, *in) <= 0) pc = in + in->a;
         NEXT();
     op_JumpUnlessLtI32:
-        if (!(localCompare(en, fp, *in) < 0)) pc = start + in->a;
+        if (!(localCompare(en, fp, *in) < 0)) pc = in + in->a;
         NEXT();
     op_JumpUnlessLeI32:
-        if (!(localCompare(en, fp, *in) <= 0)) pc = start + in->a;
+        if (!(localCompare(en, fp, *in) <= 0)) pc = in + in->a;
+        NEXT();
+
+    op_JumpIfLtI32K:
+        if (localInt(fp, in->x) < in->v.i) pc = in + in->a;
+        NEXT();
+    op_JumpIfLeI32K:
+        if (localInt(fp, in->x) <= in->v.i) pc = in + in->a;
+        NEXT();
+    op_JumpUnlessLtI32K:
+        if (!(localInt(fp, in->x) < in->v.i)) pc = in + in->a;
+        NEXT();
+    op_JumpUnlessLeI32K:
+        if (!(localInt(fp, in->x) <= in->v.i)) pc = in + in->a;
         NEXT();
 
     op_Prepare:
@@ -317,11 +341,10 @@ bool runCode(Engine& en, const Code& entry) {
         // evaluator's frame.
         sp -= in->a;
         Function* f = in->e->fn;
-        en.cells = cellsBase + in->x;
         en.tick();
         if (!f->compiled) en.compileFunction(f);
         en.checkHostStack();
-        prog.sp = sp + in->a;
+        HAND_OVER(cellsBase + in->x, sp + in->a);
         sp[0] = en.enter(f, in->e, sp);
         ++sp;
         NEXT();
@@ -332,21 +355,19 @@ bool runCode(Engine& en, const Code& entry) {
         int calleeCells;
     op_CallDirect:
         sp -= in->a;
-        f = in->f;
+        c = in->c;
         en.tick();
-        c = f->code;
         calleeCells = cellsBase + in->x + 1;
-        if (c && calleeCells <= c->cellsLimit && sp + c->maxDepth <= stackEnd) goto inlineCall;
-        en.cells = calleeCells - 1;
+        f = c->fn;
+        if (calleeCells <= c->cellsLimit && sp + c->maxDepth <= stackEnd) goto inlineCall;
         en.checkHostStack();
-        prog.sp = sp + in->a;
+        HAND_OVER(calleeCells - 1, sp + in->a);
         sp[0] = en.enter(f, nullptr, sp);
         ++sp;
         NEXT();
     op_CallPtr:
         sp -= in->a;
         f = &en.functions[static_cast<size_t>(sp[-1].i)];
-        en.cells = cellsBase + in->x;
         en.tick();
         if (!f->compiled) en.compileFunction(f);
         c = f->code;
@@ -362,7 +383,7 @@ bool runCode(Engine& en, const Code& entry) {
             goto framed;
         }
         en.checkHostStack();
-        prog.sp = sp + in->a;
+        HAND_OVER(cellsBase + in->x, sp + in->a);
         sp[-1] = en.enter(f, in->e, sp);
         NEXT();
     inlineCall:
@@ -372,10 +393,10 @@ bool runCode(Engine& en, const Code& entry) {
         pushCodeFrame(en, *c);
         storeParams(en.fp, f, *c, sp);
     framed:
-        prog.frames[prog.depth++] = VmFrame{pc, code, en.curFile, en.curLine};
+        *top++ = VmFrame{pc, code, en.curFile, en.curLine};
         en.curFn = f;
         code = c;
-        start = pc = c->ins.data();
+        pc = c->ins.data();
         fp = en.fp;
         cellsBase = calleeCells;
         NEXT();
@@ -385,62 +406,58 @@ bool runCode(Engine& en, const Code& entry) {
         NEXT();
     op_Builtin:
         sp -= in->a;
-        en.cells = cellsBase + in->x;
-        prog.sp = sp + in->a;
+        HAND_OVER(cellsBase + in->x, sp + in->a);
         sp[0] = en.callBuiltinWith(in->e, sp);
         ++sp;
         NEXT();
     op_Eval:
-        en.cells = cellsBase + in->x;
-        prog.sp = sp;
+        HAND_OVER(cellsBase + in->x, sp);
         *sp++ = en.eval(in->e);
         NEXT();
     op_Exec: {
-        en.cells = cellsBase;
-        prog.sp = sp;
+        HAND_OVER(cellsBase, sp);
         const Flow f = en.exec(in->s);
         if (f == Flow::Return) {
-            if (prog.depth == frameBase) return true;
+            if (top == frameBase) return true;
             *sp++ = en.retVal;
             goto leave;
         }
-        if (f == Flow::Continue) pc = start + in->a;
+        if (f == Flow::Continue) pc = code->ins.data() + in->a;
         NEXT();
     }
     // A call run in line leaves its result where its arguments began, which is where
     // the callee's operand stack began too: the value stays where it is.
     op_Return:
-        if (prog.depth == frameBase) {
+        if (top == frameBase) {
             en.retVal = sp[-1];
             return true;
         }
         goto leave;
     op_ReturnVoid:
-        if (prog.depth == frameBase) {
+        if (top == frameBase) {
             en.retVal.i = 0;
             return true;
         }
         *sp++ = intVal(0);
         goto leave;
     op_End:
-        if (prog.depth == frameBase) return false;
+        if (top == frameBase) return false;
         if (code->mustReturn) en.fail(kErrMustReturn);
         *sp++ = intVal(0);
-leave: {
-        const VmFrame& fr = prog.frames[--prog.depth];
-        popCodeFrame(en, *code);
-        en.liveVars -= code->nVars;
-        pc = fr.pc;
-        cellsBase -= pc[-1].x + 1;
-        code = fr.code;
-        start = code->ins.data();
-        en.curFn = code->fn;
-        en.curFile = fr.file;
-        en.curLine = fr.line;
-        fp = en.fp;
-    }
+leave:
+    --top;
+    popCodeFrame(en, *code);
+    en.liveVars -= code->nVars;
+    pc = top->pc;
+    cellsBase -= pc[-1].x + 1;
+    code = top->code;
+    en.curFn = code->fn;
+    en.curFile = top->file;
+    en.curLine = top->line;
+    fp = en.fp;
     NEXT();
 #undef NEXT
+#undef HAND_OVER
 }
 
 std::string listCode(const Code& code) {

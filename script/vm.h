@@ -20,6 +20,7 @@ enum class VmOp : uint8_t {
 #undef VM_OP
 };
 
+struct Code;
 struct Ins {
     VmOp op;
     uint8_t k = 0;   // a type kind
@@ -30,6 +31,7 @@ struct Ins {
         Expr* e;
         Stmt* s;
         Function* f;
+        const Code* c;
     };
     Ins() : op(VmOp::End), v{} {}
 };
@@ -73,14 +75,27 @@ struct VmFrame {
 // Every call run in line takes a value cell, so the cell limit bounds their nesting.
 constexpr int kVmFrames = kStackCells + 1;
 
-// The compiled program: one Code per function that compiles, and the machine's stacks.
+// The compiled program: a Code for every function that a compiled call names, kept
+// from the first such call, filled when the function compiles; and the machine's stacks.
 struct Program {
     std::deque<Code> codes;
+    std::vector<Code*> byFunction;  // by Function::index; null until needed
     std::unique_ptr<Val[]> stack{new Val[kVmStackTotal]};
     Val* sp = stack.get();   // the first cell no activation uses
     std::unique_ptr<VmFrame[]> frames{new VmFrame[kVmFrames]};
-    size_t depth = 0;        // frames in use
+    VmFrame* top = frames.get();  // the first frame not in use
 };
+
+// f's Code, empty (never run in line) until f compiles.
+inline Code& codeOf(Program& p, Function* f) {
+    const size_t k = static_cast<size_t>(f->index);
+    if (p.byFunction.size() <= k) p.byFunction.resize(k + 1);
+    if (!p.byFunction[k]) {
+        p.byFunction[k] = &p.codes.emplace_back();
+        p.byFunction[k]->fn = f;
+    }
+    return *p.byFunction[k];
+}
 
 // Whether code's operand stack fits above the activations running now.
 inline bool stackFits(const Program& p, const Code& code) { return p.sp + code.maxDepth <= p.stack.get() + kVmStackTotal; }
