@@ -362,6 +362,14 @@ void emitExpr(CodeGen& g, Expr* e) {
         case Op::PostInc:
             if (!knownLvalue(e->a)) return emitEval(g, e);
             return emitInc(g, e);
+        case Op::CopyStruct:
+            // The source's address first, then the target's, with no cell held between.
+            if (!knownLvalue(e->a)) return emitEval(g, e);
+            emitExpr(g, e->b);
+            emitAddress(g, e->a);
+            emit(g, VmOp::CopyStruct);
+            last(g).v.i = e->type->size;
+            return;
         case Op::Call:
         case Op::CallPtr:
             return emitCall(g, e);
@@ -374,8 +382,8 @@ void emitExpr(CodeGen& g, Expr* e) {
             g.depth -= static_cast<int>(e->args.size());
             return;
         default:
-            // Struct copies, string initialisers, setjmp, longjmp and the variable
-            // argument start: the tree evaluator's own.
+            // String initialisers, setjmp, longjmp and the variable argument start:
+            // the tree evaluator's own.
             return emitEval(g, e);
     }
 }

@@ -258,7 +258,7 @@ const Code* generateCode(Engine& en, Function* f) {
     code.zeroFrom = code.wordParams ? f->paramBytes / 8 * 8 : 0;
     code.zeroTo = f->frameSize - kObjectGap;
     code.nVars = f->nVars;
-    if (g.maxDepth > kVmStackCells) {
+    if (g.maxDepth > kVmStackTotal) {
         code = Code{};
         code.fn = f;
         return nullptr;

@@ -214,6 +214,14 @@ bool runCode(Engine& en, const Code& entry) {
         *en.host(a, 1) = static_cast<uint8_t>(sp[0].i);
         NEXT();
     }
+    op_CopyStruct: {
+        const uint32_t n = static_cast<uint32_t>(in->v.i);
+        --sp;
+        uint8_t* d = en.host(u32(sp[0]), n);
+        std::memmove(d, en.host(u32(sp[-1]), n), n);
+        sp[-1] = sp[0];
+        NEXT();
+    }
     op_ZeroLocal:
         std::memset(fp + in->a, 0, static_cast<size_t>(in->v.i));
         NEXT();

@@ -37,10 +37,9 @@ struct Ins {
 };
 
 // The operand stacks of all activations share one array; a body whose stack would not
-// fit above those of its callers runs in the tree evaluator. A body needs at most
-// kVmStackCells; the total allows the 512 nested calls that the value cells allow, each
-// with a modest expression in flight.
-constexpr int kVmStackCells = 48;
+// fit above those of its callers runs in the tree evaluator. The total allows the 512
+// nested calls that the value cells allow, each with a modest expression in flight;
+// deeper recursion of bodies that need more goes on in the tree evaluator.
 constexpr int kVmStackTotal = 16384;
 
 struct Code {
@@ -134,7 +133,7 @@ inline void popCodeFrame(Engine& en, const Code& c) {
 }
 
 // Compiles f's parsed body; null when it calls setjmp or its expressions need more
-// operand stack than an activation has, which only the tree evaluator runs.
+// operand stack than there is, which only the tree evaluator runs.
 const Code* generateCode(Engine& en, Function* f);
 // Runs one activation whose frame the caller has pushed; true when it returned by a
 // return statement (the value in en.retVal), false when it ran off its end.
