@@ -102,9 +102,9 @@ inline bool stackFits(const Program& p, const Code& code) { return p.sp + code.m
 // Arguments into the parameters of a compiled function's new frame.
 inline void storeParams(uint8_t* fp, const Function* f, const Code& c, const Val* av) {
     if (c.wordParams) {
-        for (int i = 0; i < c.params; ++i) {
-            const uint32_t x = static_cast<uint32_t>(av[i].i);
-            std::memcpy(fp + 4 * i, &x, 4);
+        for (const Val* end = av + c.params; av != end; ++av, fp += 4) {
+            const uint32_t x = static_cast<uint32_t>(av->i);
+            std::memcpy(fp, &x, 4);
         }
         return;
     }
