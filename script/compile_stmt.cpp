@@ -254,8 +254,9 @@ const Code* generateCode(Engine& en, Function* f) {
     if (!code.structParams && !code.returnsStruct) code.cellsLimit = kStackCells - code.maxHeld;
     code.frameSize = f->frameSize;
     code.frameRoom = (f->frameSize + kObjectGap + 7) / 8 * 8;
-    // Word parameters are all written, so clearing starts at the word they end in.
-    code.zeroFrom = code.wordParams ? f->paramBytes / 8 * 8 : 0;
+    // Word parameters are all written and a gap that nothing reads follows them, so
+    // clearing starts at the first whole word after them.
+    code.zeroFrom = code.wordParams ? (f->paramBytes + 7) / 8 * 8 : 0;
     code.zeroTo = f->frameSize - kObjectGap;
     code.nVars = f->nVars;
     if (g.maxDepth > kVmStackTotal) {

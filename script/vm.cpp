@@ -58,7 +58,7 @@ bool runCode(Engine& en, const Code& entry) {
     VmFrame* top = frameBase;
     Val* sp = stackBase;
     const Code* code = &entry;
-    const Ins* pc = code->ins.data();
+    const Ins* in = code->ins.data();
     uint8_t* fp = en.fp;
     uint8_t* const globals = en.data.data();
     const Val* const stackEnd = prog.stack.get() + kVmStackTotal;
@@ -97,13 +97,19 @@ bool runCode(Engine& en, const Code& entry) {
 #include "script/opcodes.def"
 #undef VM_OP
     };
-    const Ins* in;
-#define NEXT()                                            \
-    do {                                                  \
-        in = pc++;                                        \
-        goto* labels[static_cast<size_t>(in->op)];        \
+#define DISPATCH() goto* labels[static_cast<size_t>(in->op)]
+#define NEXT()      \
+    do {            \
+        ++in;       \
+        DISPATCH(); \
     } while (0)
-    NEXT();
+    // To the jump's target when cond holds, else on to the next instruction.
+#define JUMP_IF(cond)                    \
+    do {                                 \
+        in += (cond) ? in->a : 1;        \
+        DISPATCH();                      \
+    } while (0)
+    DISPATCH();
     op_Line:
         en.curFile = in->x;
         en.curLine = in->a;
@@ -112,24 +118,21 @@ bool runCode(Engine& en, const Code& entry) {
         en.tick();
         NEXT();
     op_Jump:
-        pc = in + in->a;
-        NEXT();
+        in += in->a;
+        DISPATCH();
     op_JumpIfZero:
-        if ((--sp)->i == 0) pc = in + in->a;
-        NEXT();
+        JUMP_IF((--sp)->i == 0);
     op_JumpIfNonZero:
-        if ((--sp)->i != 0) pc = in + in->a;
-        NEXT();
+        JUMP_IF((--sp)->i != 0);
     op_JumpIfZeroF:
-        if ((--sp)->d == 0) pc = in + in->a;
-        NEXT();
+        JUMP_IF((--sp)->d == 0);
     op_JumpIfNonZeroF:
-        if ((--sp)->d != 0) pc = in + in->a;
-        NEXT();
+        JUMP_IF((--sp)->d != 0);
     op_CaseJump:
         if (sp[-1].i == in->v.i) {
             --sp;
-            pc = in + in->a;
+            in += in->a;
+            DISPATCH();
         }
         NEXT();
     op_Pop:
@@ -316,30 +319,22 @@ bool runCode(Engine& en, const Code& entry) {
     }
 
     op_JumpIfLtI32:
-        if (localCompare(en, fp, *in) < 0) pc = in + in->a;
-        NEXT();
+        JUMP_IF(localCompare(en, fp, *in) < 0);
     op_JumpIfLeI32:
-        if (localCompare(en, fp, *in) <= 0) pc = in + in->a;
-        NEXT();
+        JUMP_IF(localCompare(en, fp, *in) <= 0);
     op_JumpUnlessLtI32:
-        if (!(localCompare(en, fp, *in) < 0)) pc = in + in->a;
-        NEXT();
+        JUMP_IF(!(localCompare(en, fp, *in) < 0));
     op_JumpUnlessLeI32:
-        if (!(localCompare(en, fp, *in) <= 0)) pc = in + in->a;
-        NEXT();
+        JUMP_IF(!(localCompare(en, fp, *in) <= 0));
 
     op_JumpIfLtI32K:
-        if (localInt(fp, in->x) < in->v.i) pc = in + in->a;
-        NEXT();
+        JUMP_IF(localInt(fp, in->x) < in->v.i);
     op_JumpIfLeI32K:
-        if (localInt(fp, in->x) <= in->v.i) pc = in + in->a;
-        NEXT();
+        JUMP_IF(localInt(fp, in->x) <= in->v.i);
     op_JumpUnlessLtI32K:
-        if (!(localInt(fp, in->x) < in->v.i)) pc = in + in->a;
-        NEXT();
+        JUMP_IF(!(localInt(fp, in->x) < in->v.i));
     op_JumpUnlessLeI32K:
-        if (!(localInt(fp, in->x) <= in->v.i)) pc = in + in->a;
-        NEXT();
+        JUMP_IF(!(localInt(fp, in->x) <= in->v.i));
 
     op_Prepare:
         if (!in->f->compiled) en.compileFunction(in->f);
@@ -401,13 +396,13 @@ bool runCode(Engine& en, const Code& entry) {
         pushCodeFrame(en, *c);
         storeParams(en.fp, f, *c, sp);
     framed:
-        *top++ = VmFrame{pc, code, en.curFile, en.curLine};
+        *top++ = VmFrame{in, code, en.curFile, en.curLine};
         en.curFn = f;
         code = c;
-        pc = c->ins.data();
+        in = c->ins.data();
         fp = en.fp;
         cellsBase = calleeCells;
-        NEXT();
+        DISPATCH();
     }
     op_Resolve:
         sp[-1].i = resolveFunction(en, sp[-1])->index;
@@ -430,7 +425,10 @@ bool runCode(Engine& en, const Code& entry) {
             *sp++ = en.retVal;
             goto leave;
         }
-        if (f == Flow::Continue) pc = code->ins.data() + in->a;
+        if (f == Flow::Continue) {
+            in = code->ins.data() + in->a;
+            DISPATCH();
+        }
         NEXT();
     }
     // A call run in line leaves its result where its arguments began, which is where
@@ -456,8 +454,8 @@ leave:
     --top;
     popCodeFrame(en, *code);
     en.liveVars -= code->nVars;
-    pc = top->pc;
-    cellsBase -= pc[-1].x + 1;
+    in = top->call;
+    cellsBase -= in->x + 1;
     code = top->code;
     en.curFn = code->fn;
     en.curFile = top->file;
@@ -465,6 +463,8 @@ leave:
     fp = en.fp;
     NEXT();
 #undef NEXT
+#undef DISPATCH
+#undef JUMP_IF
 #undef HAND_OVER
 }
 

@@ -65,9 +65,9 @@ struct Code {
 };
 
 // A compiled function called from compiled code, run in the caller's dispatch loop:
-// where its return goes back to in the caller and the line the caller stood at.
+// the call it returns to and the line the caller stood at.
 struct VmFrame {
-    const Ins* pc;
+    const Ins* call;
     const Code* code;
     int file, line;
 };
