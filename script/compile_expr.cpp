@@ -161,6 +161,15 @@ void emitArgs(CodeGen& g, Expr* e) {
     hold(g, -static_cast<int>(e->args.size()));
 }
 
+// A call that passes exactly the parameters, none of them or the result a struct.
+bool plainCall(const Expr* e) {
+    const Type* t = e->fn->type;
+    if (e->args.size() != t->params.size() || t->base->kind == kTStruct || e->temp) return false;
+    for (const Type* p : t->params)
+        if (p->kind == kTStruct) return false;
+    return true;
+}
+
 void emitCall(CodeGen& g, Expr* e) {
     if (e->op == Op::Call) {
         if (!e->fn->compiled) {
@@ -168,14 +177,20 @@ void emitCall(CodeGen& g, Expr* e) {
             last(g).f = e->fn;
         }
         emitArgs(g, e);
-        emit(g, VmOp::Call);
+        if (plainCall(e)) {
+            emit(g, VmOp::CallDirect);
+            last(g).c = &codeOf(*g.en.program, e->fn);
+        } else {
+            emit(g, VmOp::Call);
+            last(g).e = e;
+        }
     } else {
         emitExpr(g, e->a);
         emit(g, VmOp::Resolve);
         emitArgs(g, e);
         emit(g, VmOp::CallPtr);
+        last(g).e = e;
     }
-    last(g).e = e;
     last(g).x = static_cast<uint16_t>(g.held);
     last(g).a = static_cast<int32_t>(e->args.size());
     g.depth -= static_cast<int>(e->args.size());
@@ -347,6 +362,14 @@ void emitExpr(CodeGen& g, Expr* e) {
         case Op::PostInc:
             if (!knownLvalue(e->a)) return emitEval(g, e);
             return emitInc(g, e);
+        case Op::CopyStruct:
+            // The source's address first, then the target's, with no cell held between.
+            if (!knownLvalue(e->a)) return emitEval(g, e);
+            emitExpr(g, e->b);
+            emitAddress(g, e->a);
+            emit(g, VmOp::CopyStruct);
+            last(g).v.i = e->type->size;
+            return;
         case Op::Call:
         case Op::CallPtr:
             return emitCall(g, e);
@@ -359,8 +382,8 @@ void emitExpr(CodeGen& g, Expr* e) {
             g.depth -= static_cast<int>(e->args.size());
             return;
         default:
-            // Struct copies, string initialisers, setjmp, longjmp and the variable
-            // argument start: the tree evaluator's own.
+            // String initialisers, setjmp, longjmp and the variable argument start:
+            // the tree evaluator's own.
             return emitEval(g, e);
     }
 }
@@ -412,12 +435,22 @@ VmOp localCompareJump(const Expr* e, bool truth) {
     }
 }
 
+VmOp constantCompareJump(VmOp op) {
+    switch (op) {
+        case VmOp::JumpIfLtI32: return VmOp::JumpIfLtI32K;
+        case VmOp::JumpIfLeI32: return VmOp::JumpIfLeI32K;
+        case VmOp::JumpUnlessLtI32: return VmOp::JumpUnlessLtI32K;
+        default: return VmOp::JumpUnlessLeI32K;
+    }
+}
+
 size_t emitJumpIf(CodeGen& g, Expr* e, bool truth, bool tick) {
     const VmOp fused = e->depth <= kVmInlineDepth ? localCompareJump(e, truth) : VmOp::End;
     if (fused != VmOp::End) {
         hold(g, 1);
         hold(g, -1);
-        const size_t j = emit(g, fused);
+        const bool constant = !tick && e->b->op == Op::Const;
+        const size_t j = emit(g, constant ? constantCompareJump(fused) : fused);
         Ins& in = last(g);
         in.x = static_cast<uint16_t>(e->a->v.i);
         in.v.i = e->b->v.i;

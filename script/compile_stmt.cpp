@@ -75,8 +75,21 @@ void emitList(CodeGen& g, const std::vector<Stmt*>& list) {
     for (size_t i = 0; i < list.size(); ++i) emitStmt(g, list[i], i + 1 < list.size());
 }
 
+bool isJump(VmOp op) {
+    switch (op) {
+        case VmOp::Jump: case VmOp::JumpIfZero: case VmOp::JumpIfNonZero: case VmOp::JumpIfZeroF:
+        case VmOp::JumpIfNonZeroF: case VmOp::CaseJump: case VmOp::JumpIfLtI32: case VmOp::JumpIfLeI32:
+        case VmOp::JumpUnlessLtI32: case VmOp::JumpUnlessLeI32: case VmOp::JumpIfLtI32K: case VmOp::JumpIfLeI32K:
+        case VmOp::JumpUnlessLtI32K: case VmOp::JumpUnlessLeI32K:
+            return true;
+        default:
+            return false;
+    }
+}
+
 bool isLocalCompareJump(VmOp op) {
-    return op == VmOp::JumpIfLtI32 || op == VmOp::JumpIfLeI32 || op == VmOp::JumpUnlessLtI32 || op == VmOp::JumpUnlessLeI32;
+    return op == VmOp::JumpIfLtI32 || op == VmOp::JumpIfLeI32 || op == VmOp::JumpUnlessLtI32 || op == VmOp::JumpUnlessLeI32 ||
+           op == VmOp::JumpIfLtI32K || op == VmOp::JumpIfLeI32K || op == VmOp::JumpUnlessLtI32K || op == VmOp::JumpUnlessLeI32K;
 }
 
 void emitIf(CodeGen& g, Stmt* s, bool followed) {
@@ -100,6 +113,20 @@ void emitIf(CodeGen& g, Stmt* s, bool followed) {
     patch(g, end, here(g));
 }
 
+// Instructions that cannot raise an error, whatever their operands.
+bool cannotFail(VmOp op) {
+    switch (op) {
+        case VmOp::Const: case VmOp::LoadLocal: case VmOp::LoadLocalI32: case VmOp::LoadLocalU32:
+        case VmOp::LoadGlobal: case VmOp::AddrLocal: case VmOp::AddI32: case VmOp::SubI32: case VmOp::MulI32:
+        case VmOp::LtI32: case VmOp::GtI32: case VmOp::LeI32: case VmOp::GeI32: case VmOp::EqI32: case VmOp::NeI32:
+        case VmOp::AddConstI32: case VmOp::LoadLocalAddI32: case VmOp::Offset: case VmOp::Not: case VmOp::NotF:
+        case VmOp::ToBool: case VmOp::ToBoolF:
+            return true;
+        default:
+            return false;
+    }
+}
+
 void emitReturn(CodeGen& g, Stmt* s) {
     if (!s->e) {
         emit(g, VmOp::ReturnVoid);
@@ -108,7 +135,13 @@ void emitReturn(CodeGen& g, Stmt* s) {
         last(g).s = s;
         last(g).a = -1;
     } else {
+        const size_t from = g.code.ins.size();
         emitExpr(g, s->e);
+        // Nothing can fail before the return, after which the caller's line holds again:
+        // the return's own line is never reported.
+        bool pure = from > 0 && g.code.ins[from - 1].op == VmOp::Line;
+        for (size_t i = from; pure && i < g.code.ins.size(); ++i) pure = cannotFail(g.code.ins[i].op);
+        if (pure) g.code.ins.erase(g.code.ins.begin() + static_cast<std::ptrdiff_t>(from - 1));
         emit(g, VmOp::Return);
     }
 }
@@ -201,22 +234,34 @@ void emitStmt(CodeGen& g, Stmt* s, bool followed) {
 
 const Code* generateCode(Engine& en, Function* f) {
     if (!translatable(f->body)) return nullptr;
-    Code& code = en.program->codes.emplace_back();
+    Code& code = codeOf(*en.program, f);
     CodeGen g{en, code, 0, 0, 0, 0, {}, {}, {}};
+    code.wordParams = true;
     for (const Type* t : f->type->params) {
         code.paramKinds.push_back(t->kind);
         code.structParams |= t->kind == kTStruct;
+        code.wordParams &= t->kind == kTInt || t->kind == kTUInt || t->kind == kTLong || t->kind == kTULong || t->kind == kTPtr;
     }
     code.returnsStruct = f->type->base->kind == kTStruct;
+    code.mustReturn = f->type->base->kind != kTVoid && f->name != "main";
     emitList(g, f->body->list);
     emit(g, VmOp::End);
     for (const auto& j : g.gotos) patch(g, j.first, g.marks.at(j.second));
+    for (size_t i = 0; i < code.ins.size(); ++i)
+        if (isJump(code.ins[i].op)) code.ins[i].a -= static_cast<int32_t>(i);
     code.maxDepth = g.maxDepth;
-    code.inlinable = !code.structParams && !code.returnsStruct;
     code.params = static_cast<int>(code.paramKinds.size());
-    code.cellsBelow = kStackCells - 1 - code.maxHeld;
-    if (g.maxDepth > kVmStackCells) {
-        en.program->codes.pop_back();
+    if (!code.structParams && !code.returnsStruct) code.cellsLimit = kStackCells - code.maxHeld;
+    code.frameSize = f->frameSize;
+    code.frameRoom = (f->frameSize + kObjectGap + 7) / 8 * 8;
+    // Word parameters are all written and a gap that nothing reads follows them, so
+    // clearing starts at the first whole word after them.
+    code.zeroFrom = code.wordParams ? (f->paramBytes + 7) / 8 * 8 : 0;
+    code.zeroTo = f->frameSize - kObjectGap;
+    code.nVars = f->nVars;
+    if (g.maxDepth > kVmStackTotal) {
+        code = Code{};
+        code.fn = f;
         return nullptr;
     }
     return &code;

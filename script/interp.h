@@ -95,15 +95,21 @@ struct Engine : CompileContext, Machine, LibraryState {
         } else {
             std::memset(fp, 0, size);
         }
-        if (!objects) return;
-        frameObjs.push_back(MemObject{fpv, fpv + f->paramBytes});
-        if (size > f->frameSize) frameObjs.push_back(MemObject{fpv + f->frameSize, fpv + size});
-        for (const MemObject& o : f->locals) frameObjs.push_back(MemObject{fpv + o.start, fpv + o.end});
+        if (objects) pushFrameObjects(f, size);
     }
     void popFrame(Function* f, uint32_t size, bool objects) {
         dataUsed -= size;
         frameTop -= (size + kObjectGap + 7) / 8 * 8;
-        if (!objects) return;
+        if (objects) popFrameObjects(f, size);
+    }
+    // The current frame's parameters, variable arguments and locals as objects that
+    // pointers may reach.
+    void pushFrameObjects(const Function* f, uint32_t size) {
+        frameObjs.push_back(MemObject{fpv, fpv + f->paramBytes});
+        if (size > f->frameSize) frameObjs.push_back(MemObject{fpv + f->frameSize, fpv + size});
+        for (const MemObject& o : f->locals) frameObjs.push_back(MemObject{fpv + o.start, fpv + o.end});
+    }
+    void popFrameObjects(const Function* f, uint32_t size) {
         const size_t count = 1 + f->locals.size() + (size > f->frameSize ? 1 : 0);
         frameObjs.erase(frameObjs.end() - static_cast<std::ptrdiff_t>(count), frameObjs.end());
         cacheStart = 1;
@@ -248,7 +254,8 @@ struct Engine : CompileContext, Machine, LibraryState {
         const uintptr_t here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
         if (stackBase > here && stackBase - here > kMaxHostStack) fail(kErrStackOverflow);
     }
-    // Runs f on the argument values av of the call e, in a frame of its own.
+    // Runs f on the argument values av of the call e, in a frame of its own; without e,
+    // on exactly its parameters, none of them or its result a struct.
     Val enter(Function* f, Expr* e, const Val* av);
     Flow exec(Stmt* s);
     Flow execBlock(Stmt* s, size_t from);

@@ -24,12 +24,12 @@ Val Engine::call(Function* f, Expr* e) {
 }
 
 Val Engine::enter(Function* f, Expr* e, const Val* av) {
-    const size_t n = e->args.size();
+    const size_t n = e ? e->args.size() : f->type->params.size();
     const size_t np = f->type->params.size();
     uint32_t extra = 0;
     for (size_t i = np; i < n; ++i) extra += round4(e->argTypes[i]->size);
     const uint32_t size = f->frameSize + extra;
-    const uint32_t retTemp = e->temp ? fpv + e->temp : 0;
+    const uint32_t retTemp = e && e->temp ? fpv + e->temp : 0;
 
     struct Restore {
         Engine& en;

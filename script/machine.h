@@ -64,12 +64,25 @@ struct Machine {
     int setjmpValue = 0;
     uint64_t steps = 0, stepBudget = 0;  // 0: no budget
     const std::atomic<int>* stopFlag = nullptr;
-
+    // Ticks left before the Stop request and the budget are looked at again; steps
+    // counts only the ticks before the current stretch.
+    int64_t ticksLeft = 1, stretch = 1;
 
     [[noreturn]] void fail(int code) { raiseScriptError(code, curFile, curLine); }
+    // A loop's turn or a call. Stop is looked at every kStopPoll ticks, a few
+    // microseconds of running; the budget ends the run at its exact tick.
     void tick() {
+        if (--ticksLeft <= 0) tickStretch();
+    }
+    static constexpr int64_t kStopPoll = 1024;
+    void tickStretch() {
+        steps += static_cast<uint64_t>(stretch);
         checkStop();
-        if (stepBudget && ++steps > stepBudget) fail(kErrTerminated);
+        if (stepBudget && steps > stepBudget) fail(kErrTerminated);
+        stretch = kStopPoll;
+        if (stepBudget && stepBudget + 1 - steps < static_cast<uint64_t>(stretch))
+            stretch = static_cast<int64_t>(stepBudget + 1 - steps);
+        ticksLeft = stretch;
     }
     void checkStop() {
         if (stopFlag && stopFlag->load(std::memory_order_relaxed)) fail(kErrTerminated);

@@ -53,30 +53,43 @@ inline uint32_t indexAddress(const uint8_t* fp, const Ins& in) {
 bool runCode(Engine& en, const Code& entry) {
     Program& prog = *en.program;
     Val* const stackBase = prog.sp;
-    const size_t frameBase = prog.depth;
+    // The frames of calls run in line; the one at frameBase is this loop's first.
+    VmFrame* const frameBase = prog.top;
+    VmFrame* top = frameBase;
     Val* sp = stackBase;
     const Code* code = &entry;
-    const Ins* start = code->ins.data();
-    const Ins* pc = start;
+    const Ins* in = code->ins.data();
     uint8_t* fp = en.fp;
     uint8_t* const globals = en.data.data();
     const Val* const stackEnd = prog.stack.get() + kVmStackTotal;
     int cellsBase = en.cells;
     // The calls this loop made in line end with it when an error or a longjmp leaves;
-    // the activation that called runCode puts back the rest.
+    // the activation that called runCode puts back the rest. Each frame remembers its
+    // caller, so the callee of one is the caller remembered by the next.
     struct Unwind {
         Engine& en;
         Program& prog;
         Val* sp;
-        size_t frames;
+        VmFrame*& top;
+        VmFrame* base;
+        const Code*& running;
         ~Unwind() {
-            for (; prog.depth > frames; --prog.depth) {
-                Function* f = prog.frames[prog.depth - 1].callee;
-                en.popFrame(f, f->frameSize, f->code->framed);
+            for (; top > base; --top) {
+                popCodeFrame(en, *running);
+                running = top[-1].code;
             }
+            prog.top = base;
             prog.sp = sp;
         }
-    } unwind{en, prog, stackBase, frameBase};
+    } unwind{en, prog, stackBase, top, frameBase, code};
+    // What runs outside this loop (the tree evaluator, built-ins, calls not run in line)
+    // may start a loop of its own above this one's frames and operand stack.
+#define HAND_OVER(cells_, sp_) \
+    do {                       \
+        en.cells = (cells_);   \
+        prog.sp = (sp_);       \
+        prog.top = top;        \
+    } while (0)
     // Each instruction jumps to the next one's code itself (a GNU extension), which
     // the processor predicts far better than the one shared jump of a switch.
     static const void* const labels[] = {
@@ -84,13 +97,19 @@ bool runCode(Engine& en, const Code& entry) {
 #include "script/opcodes.def"
 #undef VM_OP
     };
-    const Ins* in;
-#define NEXT()                                            \
-    do {                                                  \
-        in = pc++;                                        \
-        goto* labels[static_cast<size_t>(in->op)];        \
+#define DISPATCH() goto* labels[static_cast<size_t>(in->op)]
+#define NEXT()      \
+    do {            \
+        ++in;       \
+        DISPATCH(); \
     } while (0)
-    NEXT();
+    // To the jump's target when cond holds, else on to the next instruction.
+#define JUMP_IF(cond)                    \
+    do {                                 \
+        in += (cond) ? in->a : 1;        \
+        DISPATCH();                      \
+    } while (0)
+    DISPATCH();
     op_Line:
         en.curFile = in->x;
         en.curLine = in->a;
@@ -99,24 +118,21 @@ bool runCode(Engine& en, const Code& entry) {
         en.tick();
         NEXT();
     op_Jump:
-        pc = start + in->a;
-        NEXT();
+        in += in->a;
+        DISPATCH();
     op_JumpIfZero:
-        if ((--sp)->i == 0) pc = start + in->a;
-        NEXT();
+        JUMP_IF((--sp)->i == 0);
     op_JumpIfNonZero:
-        if ((--sp)->i != 0) pc = start + in->a;
-        NEXT();
+        JUMP_IF((--sp)->i != 0);
     op_JumpIfZeroF:
-        if ((--sp)->d == 0) pc = start + in->a;
-        NEXT();
+        JUMP_IF((--sp)->d == 0);
     op_JumpIfNonZeroF:
-        if ((--sp)->d != 0) pc = start + in->a;
-        NEXT();
+        JUMP_IF((--sp)->d != 0);
     op_CaseJump:
         if (sp[-1].i == in->v.i) {
             --sp;
-            pc = start + in->a;
+            in += in->a;
+            DISPATCH();
         }
         NEXT();
     op_Pop:
@@ -199,6 +215,14 @@ bool runCode(Engine& en, const Code& entry) {
         sp -= 3;
         const uint32_t a = static_cast<uint32_t>(static_cast<uint64_t>(sp[1].i) + static_cast<uint64_t>(sp[2].i));
         *en.host(a, 1) = static_cast<uint8_t>(sp[0].i);
+        NEXT();
+    }
+    op_CopyStruct: {
+        const uint32_t n = static_cast<uint32_t>(in->v.i);
+        --sp;
+        uint8_t* d = en.host(u32(sp[0]), n);
+        std::memmove(d, en.host(u32(sp[-1]), n), n);
+        sp[-1] = sp[0];
         NEXT();
     }
     op_ZeroLocal:
@@ -295,110 +319,153 @@ bool runCode(Engine& en, const Code& entry) {
     }
 
     op_JumpIfLtI32:
-        if (localCompare(en, fp, *in) < 0) pc = start + in->a;
-        NEXT();
+        JUMP_IF(localCompare(en, fp, *in) < 0);
     op_JumpIfLeI32:
-        if (localCompare(en, fp, *in) <= 0) pc = start + in->a;
-        NEXT();
+        JUMP_IF(localCompare(en, fp, *in) <= 0);
     op_JumpUnlessLtI32:
-        if (!(localCompare(en, fp, *in) < 0)) pc = start + in->a;
-        NEXT();
+        JUMP_IF(!(localCompare(en, fp, *in) < 0));
     op_JumpUnlessLeI32:
-        if (!(localCompare(en, fp, *in) <= 0)) pc = start + in->a;
-        NEXT();
+        JUMP_IF(!(localCompare(en, fp, *in) <= 0));
+
+    op_JumpIfLtI32K:
+        JUMP_IF(localInt(fp, in->x) < in->v.i);
+    op_JumpIfLeI32K:
+        JUMP_IF(localInt(fp, in->x) <= in->v.i);
+    op_JumpUnlessLtI32K:
+        JUMP_IF(!(localInt(fp, in->x) < in->v.i));
+    op_JumpUnlessLeI32K:
+        JUMP_IF(!(localInt(fp, in->x) <= in->v.i));
 
     op_Prepare:
         if (!in->f->compiled) en.compileFunction(in->f);
         NEXT();
-    op_Call:
-    op_CallPtr: {
+    op_Call: {
+        // Struct arguments or results, or arguments beyond the parameters: the tree
+        // evaluator's frame.
         sp -= in->a;
-        Function* f = in->op == VmOp::Call ? in->e->fn : &en.functions[static_cast<size_t>(sp[-1].i)];
-        en.cells = cellsBase + in->x;
+        Function* f = in->e->fn;
         en.tick();
         if (!f->compiled) en.compileFunction(f);
-        const Code* c = f->code;
-        if (c && c->inlinable && in->a == c->params && en.cells <= c->cellsBelow && sp + c->maxDepth <= stackEnd) {
-            // In line: the callee runs in this loop, its frame remembered to come back to.
-            ++en.cells;
-            en.liveVars += f->nVars;
+        en.checkHostStack();
+        HAND_OVER(cellsBase + in->x, sp + in->a);
+        sp[0] = en.enter(f, in->e, sp);
+        ++sp;
+        NEXT();
+    }
+    {
+        Function* f;
+        const Code* c;
+        int calleeCells;
+    op_CallDirect:
+        sp -= in->a;
+        c = in->c;
+        en.tick();
+        calleeCells = cellsBase + in->x + 1;
+        f = c->fn;
+        if (calleeCells <= c->cellsLimit && sp + c->maxDepth <= stackEnd) goto inlineCall;
+        en.checkHostStack();
+        HAND_OVER(calleeCells - 1, sp + in->a);
+        sp[0] = en.enter(f, nullptr, sp);
+        ++sp;
+        NEXT();
+    op_CallPtr:
+        sp -= in->a;
+        f = &en.functions[static_cast<size_t>(sp[-1].i)];
+        en.tick();
+        if (!f->compiled) en.compileFunction(f);
+        c = f->code;
+        calleeCells = cellsBase + in->x + 1;
+        if (c && in->a == c->params && calleeCells <= c->cellsLimit && sp + c->maxDepth <= stackEnd) {
+            // The arguments go into the frame; the callee's stack starts where the
+            // function was, which is where its result will be.
+            en.liveVars += c->nVars;
             if (en.liveVars > kMaxVariables) en.fail(kErrTooManyVariables);
-            en.pushFrame(f, f->frameSize, c->framed);
-            prog.frames[prog.depth++] = VmFrame{pc, code, f, en.curFn, cellsBase, en.curFile, en.curLine};
+            pushCodeFrame(en, *c);
             storeParams(en.fp, f, *c, sp);
-            if (in->op == VmOp::CallPtr) --sp;
-            en.curFn = f;
-            code = c;
-            start = pc = c->ins.data();
-            fp = en.fp;
-            cellsBase = en.cells;
-            NEXT();
+            --sp;
+            goto framed;
         }
         en.checkHostStack();
-        prog.sp = sp + in->a;
-        const Val r = en.enter(f, in->e, sp);
-        if (in->op == VmOp::CallPtr) --sp;
-        *sp++ = r;
+        HAND_OVER(cellsBase + in->x, sp + in->a);
+        sp[-1] = en.enter(f, in->e, sp);
         NEXT();
+    inlineCall:
+        // The callee runs in this loop, its caller remembered to come back to.
+        en.liveVars += c->nVars;
+        if (en.liveVars > kMaxVariables) en.fail(kErrTooManyVariables);
+        pushCodeFrame(en, *c);
+        storeParams(en.fp, f, *c, sp);
+    framed:
+        *top++ = VmFrame{in, code, en.curFile, en.curLine};
+        en.curFn = f;
+        code = c;
+        in = c->ins.data();
+        fp = en.fp;
+        cellsBase = calleeCells;
+        DISPATCH();
     }
     op_Resolve:
         sp[-1].i = resolveFunction(en, sp[-1])->index;
         NEXT();
     op_Builtin:
         sp -= in->a;
-        en.cells = cellsBase + in->x;
-        prog.sp = sp + in->a;
+        HAND_OVER(cellsBase + in->x, sp + in->a);
         sp[0] = en.callBuiltinWith(in->e, sp);
         ++sp;
         NEXT();
     op_Eval:
-        en.cells = cellsBase + in->x;
-        prog.sp = sp;
+        HAND_OVER(cellsBase + in->x, sp);
         *sp++ = en.eval(in->e);
         NEXT();
     op_Exec: {
-        en.cells = cellsBase;
-        prog.sp = sp;
+        HAND_OVER(cellsBase, sp);
         const Flow f = en.exec(in->s);
-        if (f == Flow::Return) goto leave;
-        if (f == Flow::Continue) pc = start + in->a;
+        if (f == Flow::Return) {
+            if (top == frameBase) return true;
+            *sp++ = en.retVal;
+            goto leave;
+        }
+        if (f == Flow::Continue) {
+            in = code->ins.data() + in->a;
+            DISPATCH();
+        }
         NEXT();
     }
+    // A call run in line leaves its result where its arguments began, which is where
+    // the callee's operand stack began too: the value stays where it is.
     op_Return:
-        en.retVal = *--sp;
+        if (top == frameBase) {
+            en.retVal = sp[-1];
+            return true;
+        }
         goto leave;
     op_ReturnVoid:
-        en.retVal.i = 0;
+        if (top == frameBase) {
+            en.retVal.i = 0;
+            return true;
+        }
+        *sp++ = intVal(0);
         goto leave;
     op_End:
-        if (prog.depth == frameBase) return false;
-        if (prog.frames[prog.depth - 1].callee->type->base->kind != kTVoid &&
-            prog.frames[prog.depth - 1].callee->name != "main")
-            en.fail(kErrMustReturn);
-        en.retVal.i = 0;
-        goto leave;
+        if (top == frameBase) return false;
+        if (code->mustReturn) en.fail(kErrMustReturn);
+        *sp++ = intVal(0);
 leave:
-    if (prog.depth == frameBase) return true;
-    {
-        const VmFrame& fr = prog.frames[--prog.depth];
-        Function* f = fr.callee;
-        en.popFrame(f, f->frameSize, f->code->framed);
-        en.fpv = kDataBase + kDataHostSize - en.frameTop;
-        en.fp = globals + (kDataHostSize - en.frameTop);
-        en.curFn = fr.curFn;
-        en.liveVars -= f->nVars;
-        en.curFile = fr.file;
-        en.curLine = fr.line;
-        code = fr.code;
-        start = code->ins.data();
-        pc = fr.pc;
-        fp = en.fp;
-        cellsBase = fr.cellsBase;
-        en.cells = cellsBase + pc[-1].x;
-        *sp++ = en.retVal;
-    }
+    --top;
+    popCodeFrame(en, *code);
+    en.liveVars -= code->nVars;
+    in = top->call;
+    cellsBase -= in->x + 1;
+    code = top->code;
+    en.curFn = code->fn;
+    en.curFile = top->file;
+    en.curLine = top->line;
+    fp = en.fp;
     NEXT();
 #undef NEXT
+#undef DISPATCH
+#undef JUMP_IF
+#undef HAND_OVER
 }
 
 std::string listCode(const Code& code) {

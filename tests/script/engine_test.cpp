@@ -119,6 +119,24 @@ TEST(ScriptCompile, LoopsCallsAndJumpsBecomeInstructionsWithNothingLeftToTheTree
     EXPECT_FALSE(f->code->framed);  // no address of its frame is ever formed
 }
 
+// Struct copies and bodies whose operands stack high (a printf of sixty values) run as
+// instructions too.
+TEST(ScriptCompile, StructCopiesAndTallOperandStacksBecomeInstructions) {
+    std::string wide = "int wide(int a) { printf(\"\"";
+    for (int i = 0; i < 60; ++i) wide += ", a + " + std::to_string(i);
+    wide += "); return a; }\n";
+    const std::string copies =
+        "struct pt { int x, y; } g;\n"
+        "int copies(struct pt *p) { struct pt a, b[2]; a = *p; b[1] = a; g = b[1]; p[1] = g; return a.x; }\n";
+    for (const auto& [text, name] : {std::pair{wide, "wide"}, std::pair{copies, "copies"}}) {
+        Engine en;
+        const Function* f = compiled(en, text, name);
+        ASSERT_TRUE(f && f->code) << name;
+        const std::string listing = listCode(*f->code);
+        EXPECT_EQ(listing.find("Eval"), std::string::npos) << listing;
+    }
+}
+
 TEST(ScriptCompile, SetjmpKeepsAFunctionWithTheTreeEvaluator) {
     Engine en;
     const Function* f = compiled(en, "int f(void) { char b[110]; return setjmp(b); }\n", "f");
@@ -172,29 +190,75 @@ TEST(ScriptRun, StepBudgetStopsARunawayLoopAsTheUserWould) {
     EXPECT_FALSE(isScriptRunning());
 }
 
-TEST(ScriptRun, StopReachesALoopInACompiledFunction) {
-    int fds[2];
-    ASSERT_EQ(::pipe(fds), 0);
-    FILE* out = ::fdopen(fds[1], "w");
-    std::setvbuf(out, nullptr, _IONBF, 0);
-    ScriptRunOptions opts;
-    opts.out = out;
-    ScriptRunResult r;
-    std::thread t([&] {
-        r = runScriptText("/x/spin.c",
-                          "int spin(int n)\n{\n    for (;;) { if (++n == 1000) printf(\"in\\n\"); }\n}\n"
-                          "int main(void) { return spin(0); }\n",
-                          {"spin.c"}, opts);
-        std::fputs("end", out);  // the read below returns whatever became of the run
-    });
-    char seen[4] = {};
-    EXPECT_GT(::read(fds[0], seen, 3), 0);  // the loop is running
-    requestScriptStop();
-    t.join();
-    std::fclose(out);
-    ::close(fds[0]);
-    EXPECT_EQ(r.error, kErrTerminated);
-    EXPECT_EQ(r.message, "spin.c Line 3: Program terminated by user");
+// Every call and every loop test is one step, main's call included; a budget of
+// exactly the steps a run takes lets it finish.
+TEST(ScriptRun, StepBudgetCountsEveryCallAndLoopTest) {
+    struct Row {
+        const char* name;
+        const char* text;
+        uint64_t steps;
+    };
+    const Row rows[] = {
+        {"three calls", "int f(void) { return 1; }\nint main(void) { return 97 + f() + f() + f(); }\n", 4},
+        {"a long loop", "int main(void) { int i, s = 0; for (i = 0; i < 3000; i++) s += i & 1; return s - 1400; }\n",
+         3002},
+        {"recursion", "int fib(int n) { return n < 2 ? n : fib(n - 1) + fib(n - 2); }\n"
+                      "int main(void) { return fib(15) - 510; }\n",
+         1974},
+        {"through a pointer", "int (*p)(int);\nint d(int n) { return n ? p(n - 1) + 1 : 0; }\n"
+                              "int main(void) { p = d; return d(400) - 300; }\n",
+         402},
+    };
+    for (const Row& r : rows) {
+        ScriptRunOptions opts;
+        opts.stepBudget = r.steps;
+        EXPECT_EQ(run(r.text, opts).result.value, 100) << r.name;
+        opts.stepBudget = r.steps - 1;
+        EXPECT_EQ(run(r.text, opts).result.error, kErrTerminated) << r.name;
+    }
+}
+
+// Stop ends a run that would never end, wherever it spins: the report names the line
+// it was at.
+TEST(ScriptRun, StopReachesRunawayCompiledCode) {
+    struct Row {
+        const char* name;
+        const char* text;
+        const char* message;
+    };
+    const Row rows[] = {
+        {"loop", "int spin(int n)\n{\n    for (;;) { if (++n == 1000) printf(\"in\\n\"); }\n}\n"
+                 "int main(void) { return spin(0); }\n",
+         "spin.c Line 3: Program terminated by user"},
+        {"recursion", "int walk(int n)\n{\n    if (n == 40) return 0;\n    return walk(n + 1) + walk(n + 1);\n}\n"
+                      "int main(void) { printf(\"in\\n\"); return walk(0); }\n",
+         "spin.c Line 4: Program terminated by user"},
+        {"recursion through a pointer",
+         "int (*p)(int);\nint walk(int n)\n{\n    if (n == 40) return 0;\n    return p(n + 1) + p(n + 1);\n}\n"
+         "int main(void) { p = walk; printf(\"in\\n\"); return walk(0); }\n",
+         "spin.c Line 5: Program terminated by user"},
+    };
+    for (const Row& row : rows) {
+        int fds[2];
+        ASSERT_EQ(::pipe(fds), 0);
+        FILE* out = ::fdopen(fds[1], "w");
+        std::setvbuf(out, nullptr, _IONBF, 0);
+        ScriptRunOptions opts;
+        opts.out = out;
+        ScriptRunResult r;
+        std::thread t([&] {
+            r = runScriptText("/x/spin.c", row.text, {"spin.c"}, opts);
+            std::fputs("end", out);  // the read below returns whatever became of the run
+        });
+        char seen[4] = {};
+        EXPECT_GT(::read(fds[0], seen, 3), 0) << row.name;  // the run is spinning
+        requestScriptStop();
+        t.join();
+        std::fclose(out);
+        ::close(fds[0]);
+        EXPECT_EQ(r.error, kErrTerminated) << row.name;
+        EXPECT_EQ(r.message, row.message) << row.name;
+    }
 }
 
 TEST(ScriptRun, OnlyOneRunAtATime) {
