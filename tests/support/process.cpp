@@ -52,6 +52,19 @@ bool Process::kill() {
     return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
+bool Process::waitUntilStopped() {
+    if (!started()) return false;
+    int status = 0;
+    if (::waitpid(pid_, &status, WUNTRACED) != pid_) return false;
+    if (WIFSTOPPED(status)) return true;
+    pid_ = -1;
+    return false;
+}
+
+void Process::resume() {
+    if (started()) ::kill(pid_, SIGCONT);
+}
+
 void Process::terminate() {
     if (started()) ::kill(pid_, SIGTERM);
 }

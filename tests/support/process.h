@@ -36,6 +36,10 @@ public:
     std::string err() const { return files_.get("err"); }
     // Waits until text shows in the output; false when it does not within the limit.
     bool waitForOutput(std::string_view text, std::chrono::milliseconds limit);
+    // Waits until the program stopped itself (raise(SIGSTOP)); false if it ended instead.
+    bool waitUntilStopped();
+    // Lets a stopped program go on.
+    void resume();
     // Ends it with SIGKILL; true when that signal is what ended it.
     bool kill();
     // Asks it to end, as a logout or a closed terminal does (SIGTERM).

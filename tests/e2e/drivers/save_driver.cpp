@@ -1,7 +1,9 @@
-// A save that the kill test can interrupt: reads NEWTEXT into a document, prints
-// "saving", and saves it over TARGET (with a backup when asked), then prints "saved".
+// A save that the kill test can interrupt: reads NEWTEXT into a document, stops itself
+// so that the test knows to the microsecond when the save begins, and once continued
+// saves it over TARGET (with a backup when asked), then prints "saved".
 //
 //   save_driver TARGET NEWTEXT [bak]
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 
@@ -17,8 +19,7 @@ int main(int argc, char** argv) {
     zol::Document doc;
     if (!zol::readFile(doc, argv[2], true)) return 1;
     const int backupStyle = argc > 3 && std::strcmp(argv[3], "bak") == 0 ? 1 : -1;
-    std::puts("saving");
-    std::fflush(stdout);
+    std::raise(SIGSTOP);
     const bool ok = zol::writeFile(doc, argv[1], doc.textFormat, backupStyle, false, false);
     std::puts(ok ? "saved" : "failed");
     zol::setShell(nullptr);
