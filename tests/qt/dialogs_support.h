@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 #include <functional>
@@ -65,3 +67,9 @@ public:
 };
 
 }  // namespace zol::dlgtest
+
+namespace zol::qttest {
+using dlgtest::child;
+using dlgtest::pressOk;
+using dlgtest::whenModal;
+}  // namespace zol::qttest

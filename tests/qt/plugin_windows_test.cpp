@@ -4,7 +4,6 @@
 #include <QContextMenuEvent>
 #include <QDockWidget>
 #include <QMenu>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTreeWidget>
@@ -37,15 +36,6 @@ void settle() {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
-
-class CountPaints : public QObject {
-public:
-    int paints = 0;
-    bool eventFilter(QObject*, QEvent* e) override {
-        if (e->type() == QEvent::Paint) ++paints;
-        return false;
-    }
-};
 
 class PlugInWindowsTest : public DesktopTest {
 protected:
@@ -287,7 +277,7 @@ TEST_F(PlugInWindowsTest, AddRemovePlugInsInstallsRefusesAndRemoves) {
 TEST_F(PlugInWindowsTest, LockUpdateHoldsPaintingUntilTheMatchingUnlock) {
     open("a.txt", "one\ntwo\n");
     TVekWinEditor* v = view();
-    CountPaints counter;
+    PaintCounter counter;
     v->viewport()->installEventFilter(&counter);
     HDOC h = &doc();
     Zol_UnlockUpdate(h);  // without a lock: harmless

@@ -24,6 +24,16 @@
 
 namespace zol::qttest {
 
+// Counts the paint events of the widgets it watches.
+class PaintCounter : public QObject {
+public:
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* e) override {
+        if (e->type() == QEvent::Paint) ++paints;
+        return false;
+    }
+};
+
 class DesktopTest : public ::testing::Test {
 protected:
     void SetUp() override {
