@@ -1,13 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSpinBox>
-#include <QTest>
 
 #include "app/qt/dialogs/options_dialog.h"
 #include "config/settings.h"
@@ -17,12 +11,8 @@
 #include "search/find.h"
 #include "tests/qt/dialogs_support.h"
 
-namespace zol {
+namespace zol::qttest {
 namespace {
-
-using dlgtest::child;
-using dlgtest::pressOk;
-using dlgtest::whenModal;
 
 class OptionsDialogTest : public ::testing::Test {
 protected:
@@ -135,4 +125,4 @@ TEST_F(OptionsDialogTest, RangesComeFromTheSettingsList) {
 }
 
 }  // namespace
-}  // namespace zol
+}  // namespace zol::qttest

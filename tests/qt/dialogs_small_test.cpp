@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTableWidget>
-#include <QTest>
 #include <QTreeWidget>
 
 #include "app/qt/dialogs/character_dialog.h"
@@ -17,12 +12,8 @@
 #include "engine/edit.h"
 #include "tests/qt/dialogs_support.h"
 
-namespace zol {
+namespace zol::qttest {
 namespace {
-
-using dlgtest::whenModal;
-
-using dlgtest::pressOk;
 
 TEST(SmallDialogs, GoToTakesOnlyANumberAndCancelKeepsTheValue) {
     dlgtest::ensureApp();
@@ -111,4 +102,4 @@ TEST(SmallDialogs, NamedBookmarksAddAtTheCursorAndRefuseATakenName) {
 }
 
 }  // namespace
-}  // namespace zol
+}  // namespace zol::qttest

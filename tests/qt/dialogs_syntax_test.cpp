@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTextBlock>
@@ -26,9 +25,6 @@
 namespace zol::qttest {
 namespace {
 
-using dlgtest::child;
-using dlgtest::pressOk;
-using dlgtest::whenModal;
 using Define = TSyntaxHighlightDefineLangDlg;
 
 void click(QWidget* d, const char* name) { child<QPushButton>(d, name)->click(); }

@@ -1,13 +1,11 @@
 // Find and replace in files from the desktop: the dialog refuses what cannot run and
 // keeps its histories, hits stream into an output document from the worker thread,
 // closing the output stops the search, and replace in files asks file by file.
-#include <gtest/gtest.h>
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 
 #include "app/qt/dialogs/find_dialog.h"
 #include "app/qt/dialogs/find_files_dialog.h"
@@ -17,13 +15,10 @@
 #include "tests/qt/qt_fixture.h"
 #include "tests/support/documents.h"
 
-namespace zol {
+namespace zol::qttest {
 namespace {
 
-using dlgtest::child;
-using dlgtest::whenModal;
-
-class FindFilesDesktop : public qttest::DesktopTest {
+class FindFilesDesktop : public DesktopTest {
 protected:
     std::string text(const Document* d) const { return d ? test::textOf(*d) : "no output"; }
     std::string tree() const { return tmp_.path("tree"); }
@@ -128,4 +123,4 @@ TEST_F(FindFilesDesktop, ReplacePromptShowsTheHitAndTakesEachAnswer) {
 }
 
 }  // namespace
-}  // namespace zol
+}  // namespace zol::qttest

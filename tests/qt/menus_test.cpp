@@ -17,7 +17,6 @@
 namespace zol::qttest {
 namespace {
 
-using dlgtest::whenModal;
 using MenuTest = DesktopTest;
 
 // Keeps what the executor records instead of a macro.
