@@ -1,22 +1,14 @@
-#include <gtest/gtest.h>
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 
 #include "app/qt/dialogs/find_dialog.h"
 #include "search/history.h"
 #include "tests/qt/dialogs_support.h"
 
-namespace zol {
+namespace zol::qttest {
 namespace {
-
-using dlgtest::child;
-using dlgtest::whenModal;
 
 class FindDialogTest : public ::testing::Test {
 protected:
@@ -47,29 +39,26 @@ BuilderResult pickPiece(int index, int from, int selected = 0) {
 
 TEST_F(FindDialogTest, PatternBuilderPlacesThePieceAndTheCaret) {
     struct Case {
-        int piece;
+        const char* name;
+        int piece, from, selected;
         const char* text;
         int caret;
     } cases[] = {
-        {0, "ab.XY", 3},          // after
-        {1, "ab[]XY", 3},         // between the brackets
-        {2, "ab[^]XY", 4},        // before the closing bracket
-        {3, "ab\\tXY", 4},        // after the escape
-        {9, "ab{}XY", 3},         // between the braces
-        {17, "ab^$XY", 4},
+        {"after", 0, 2, 0, "ab.XY", 3},
+        {"between the brackets", 1, 2, 0, "ab[]XY", 3},
+        {"before the closing bracket", 2, 2, 0, "ab[^]XY", 4},
+        {"after the escape", 3, 2, 0, "ab\\tXY", 4},
+        {"between the braces", 9, 2, 0, "ab{}XY", 3},
+        {"both anchors", 17, 2, 0, "ab^$XY", 4},
+        {"at the very start", 1, 0, 0, "[]abXY", 1},
+        {"over a selection, which it replaces", 2, 2, 2, "ab[^]", 4},
     };
     for (const Case& c : cases) {
-        const BuilderResult r = pickPiece(c.piece, 2);
-        EXPECT_EQ(r.text, QString(c.text)) << c.piece;
-        EXPECT_EQ(r.caret, c.caret) << c.piece;
+        SCOPED_TRACE(c.name);
+        const BuilderResult r = pickPiece(c.piece, c.from, c.selected);
+        EXPECT_EQ(r.text, QString(c.text));
+        EXPECT_EQ(r.caret, c.caret);
     }
-    // At the very start, and over a selection, which the piece replaces.
-    BuilderResult r = pickPiece(1, 0);
-    EXPECT_EQ(r.text, "[]abXY");
-    EXPECT_EQ(r.caret, 1);
-    r = pickPiece(2, 2, 2);
-    EXPECT_EQ(r.text, "ab[^]");
-    EXPECT_EQ(r.caret, 4);
 }
 
 TEST_F(FindDialogTest, BuilderFromTheDialogEditsTheSearchFieldAndTurnsOnRegex) {
@@ -159,4 +148,4 @@ TEST_F(FindDialogTest, HistoryIsOfferedMostRecentFirst) {
 }
 
 }  // namespace
-}  // namespace zol
+}  // namespace zol::qttest

@@ -1,7 +1,6 @@
 // Spelling, AutoCorrect and completion through the real view and dialogs.
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 
 #include "app/qt/completion_popup.h"
 #include "app/qt/dialogs/spelling_dialog.h"

@@ -4,7 +4,6 @@
 // The new pictures go to BUILD/screenshots/; docs/desktop.md says how to refresh the
 // references.
 #include <QImage>
-#include <QTest>
 #include <filesystem>
 #include <optional>
 
