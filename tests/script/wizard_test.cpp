@@ -69,19 +69,14 @@ std::vector<GeneratedCase> generatedCases() {
     std::vector<GeneratedCase> cases;
     cases.push_back({"console", named(ScriptKind::Console, "hello")});
     cases.push_back({"editor_plain", named(ScriptKind::Editor, "plain")});
-    WizardChoices macros = named(ScriptKind::Editor, "commands");
-    macros.commandMacros = macros.refuseReadOnly = macros.endModes = true;
-    cases.push_back({"editor_macros", macros});
-    WizardChoices options = named(ScriptKind::Editor, "options");
-    options.saveOptions = true;
-    cases.push_back({"editor_options", options});
-    options.name = "fixed";
+    // Without end modes, so that the command macros alone must bring in their header.
+    WizardChoices options = named(ScriptKind::Editor, "fixed");
+    options.commandMacros = options.refuseReadOnly = options.saveOptions = true;
     options.fixed = {OptionFix::On, OptionFix::Off, OptionFix::On, OptionFix::Off, OptionFix::Keep, OptionFix::On,
                      OptionFix::Keep, OptionFix::Off, OptionFix::Keep, OptionFix::On};
     cases.push_back({"options_fixed", options});
     WizardChoices convert = named(ScriptKind::ConvertMacro, "tidy");
-    convert.refuseReadOnly = convert.endModes = convert.saveOptions = true;
-    convert.fixed[0] = OptionFix::Off;
+    convert.refuseReadOnly = convert.endModes = true;
     convert.macro = tidyMacro() + typed(std::string(130, 'x')) +
                     std::vector<MacroStep>{step(Cmd::InsertChar, 1), step(Cmd::InsertChar, '2'), step(Cmd::Param1, '\''),
                                            step(Cmd::CommentBlock, 200)};
@@ -103,6 +98,13 @@ TEST(ScriptWizard, GeneratesTheCommittedScripts) {
         ASSERT_TRUE(fs::exists(file)) << file;
         EXPECT_EQ(generateScript(c.choices), slurp(file)) << c.expected;
     }
+    // Nothing fixed, no block for it; word wrap fixed off turns the document's off too.
+    WizardChoices saved = named(ScriptKind::Editor, "saved");
+    saved.saveOptions = true;
+    EXPECT_EQ(generateScript(saved).find("runs with"), std::string::npos);
+    saved.fixed[0] = OptionFix::Off;
+    EXPECT_NE(generateScript(saved).find("runs with\n   Zol_SetWordWrap(FALSE);\n   Zol_SetDocWordWrap(hDoc, FALSE);\n\n"),
+              std::string::npos);
 }
 
 TEST(ScriptWizard, NamesWithAnyOfTheForbiddenCharactersAreRefused) {
@@ -153,7 +155,7 @@ TEST_F(WizardWriting, WritesOnlyWhereItMayAndReplacesOnlyWhenTold) {
     EXPECT_EQ(get("script/keep"), "");
 }
 
-// A home with the shipped headers and a document; runs scripts as the dialog does.
+// A home with the shipped headers and a document to run the wizard's script on.
 class ConvertedMacroRun : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -167,16 +169,6 @@ protected:
         shutDown(app_);
         setShell(nullptr);
     }
-    // Writes the script the wizard makes of the macro and runs it on the fixture.
-    ScriptRunResult runConverted(const std::vector<MacroStep>& steps) {
-        WizardChoices c = named(ScriptKind::ConvertMacro, "converted");
-        c.refuseReadOnly = c.endModes = c.saveOptions = true;
-        c.macro = steps;
-        const std::string path = wizardScriptPath(c.name);
-        EXPECT_EQ(writeWizardScript(path, generateScript(c), false), WizardWrite::Written);
-        return runScript(path, {}, "converted.c", ScriptStarter::User);
-    }
-
     static constexpr const char* kFixture = "int main(void)\n{\n   return 0;\n}\n";
     test::TempDir tmp_{"zolwizard"};
     std::string home_ = tmp_.dir() + "home/";
@@ -192,16 +184,15 @@ TEST_F(ConvertedMacroRun, ReproducesTheMacrosEdit) {
     execute(played, id);
     ASSERT_NE(test::textOf(played), kFixture);
 
-    const ScriptRunResult r = runConverted(tidyMacro());
+    WizardChoices c = named(ScriptKind::ConvertMacro, "converted");
+    c.refuseReadOnly = c.endModes = c.saveOptions = true;
+    c.macro = tidyMacro();
+    const std::string path = wizardScriptPath(c.name);
+    ASSERT_EQ(writeWizardScript(path, generateScript(c), false), WizardWrite::Written);
+    const ScriptRunResult r = runScript(path, {}, "converted.c", ScriptStarter::User);
     EXPECT_EQ(r.error, 0) << r.message;
     EXPECT_EQ(test::textOf(*app_.active), test::textOf(played));
     EXPECT_EQ(app_.active->cursor, played.cursor);
-}
-
-TEST_F(ConvertedMacroRun, AStepWithoutScriptFormStopsTheScriptBeforeItDoesAnything) {
-    const ScriptRunResult r = runConverted(typed("x") + std::vector<MacroStep>{{kFirstMacroId, 0}});
-    EXPECT_NE(r.message.find("#error directive"), std::string::npos) << r.message;
-    EXPECT_EQ(test::textOf(*app_.active), kFixture);
 }
 
 }  // namespace

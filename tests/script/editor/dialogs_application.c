@@ -9,7 +9,7 @@
 // out: home 1 / program 1 / window 0 temp 1 removed 0 tool 1
 int main(void)
 {
-    char text[256], other[256], path[32], items[16], temp[260];
+    char text[256], other[256], path[32], items[16], temp[260], folder[512];
     BOOL whole = TRUE, match = FALSE, regex = FALSE, forward = TRUE, within = FALSE;
     short format = 3;
     int value = 5, home, program;
@@ -27,10 +27,10 @@ int main(void)
            Zol_ReadMeFileDlg("Read me", "no-such-file", 40, 10));
     printf(" [%s] [%s] %d %d %d %d [%s]\n", text, path, whole, match, value, format, items);
 
-    home = Zol_GetTextEditorDir(path, sizeof path);
-    printf("home %d %c", home, path[strlen(path) - 1]);
-    program = Zol_GetModuleDir(path, sizeof path);
-    printf(" program %d %c window %d", program, path[strlen(path) - 1], Zol_GetMainWndHandle() != 0);
+    home = Zol_GetTextEditorDir(folder, sizeof folder);
+    printf("home %d %c", home, folder[strlen(folder) - 1]);
+    program = Zol_GetModuleDir(folder, sizeof folder);
+    printf(" program %d %c window %d", program, folder[strlen(folder) - 1], Zol_GetMainWndHandle() != 0);
     printf(" temp %d", Zol_GetTempFileName(temp));
     printf(" removed %d tool %d\n", remove(temp), Zol_ExecuteTool("true", "now", 0, "."));
     return 0;

@@ -1,4 +1,7 @@
-/* Macros with arguments, stringizing, pasting, rescanning and conditionals. */
+/* Macros with arguments, stringizing, pasting, rescanning and conditionals. In #if,
+   the operand that "&&", "||" or "?:" does not need is not evaluated, so a division
+   by zero there is no error (one that is evaluated still is: see errors/); a wide
+   character constant has its character's value, in code and in #if. */
 #include <stdio.h>
 #include "inc/square.h"
 // out: 49 13
@@ -7,7 +10,9 @@
 // out: taken elif
 // out: 261 defined
 // out: 3 4
-// out: 46 preproc.c
+// out: and or cond nested
+// out: 120 10 39 1
+// out: 72 preproc.c
 #define STR(x) #x
 #define SHOW(e) printf(STR(e) " = %d\n", e)
 #define CAT(a, b) a##b
@@ -20,6 +25,25 @@
 #define PICK 1
 #elif 1
 #define PICK 2
+#endif
+#if 0 && (1 / 0)
+#error the right of && was taken
+#else
+#define AND "and"
+#endif
+#if 1 || (1 % 0)
+#define OR "or"
+#endif
+#if (1 ? 2 : 1 / 0) == 2 && (0 ? 1 / 0 : 3) == 3
+#define COND "cond"
+#endif
+#if 0 && (1 || 1 / 0) || (1 && (0 && 5 / 0)) == 0
+#define NESTED "nested"
+#endif
+#if L'a' == 97
+#define WIDE_IN_IF 1
+#else
+#define WIDE_IN_IF 0
 #endif
 #
 
@@ -43,6 +67,8 @@ int main(void)
     printf("%d defined\n", __VEKC__);
 #endif
     printf("%d %d\n", __JBUFSIZE__ / 36, SIX - 4 + __BCC__ / 1312 + 1);
+    printf("%s %s %s %s\n", AND, OR, COND, NESTED);
+    printf("%d %d %d %d\n", L'x', L'\n', L'\'', WIDE_IN_IF);
     printf("%d %s\n", __LINE__, __FILE__);
     return 0;
 }

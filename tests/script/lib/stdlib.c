@@ -1,4 +1,5 @@
-/* Memory blocks, number conversion, random numbers, the environment and exit. */
+/* Memory blocks (NULL for sizes malloc cannot give, and the script goes on), number
+   conversion, random numbers, the environment and exit. */
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -8,6 +9,7 @@
 // out: 42 -17 255 3.25 12 [ rest]
 // out: 2147483647 4294967295
 // out: 10 20 30 0
+// out: null null ok
 // out: 1 1 0 1 1 0 1 A z
 // out: 1 1 5758 10113
 // out: 1 2 3 5 8
@@ -31,6 +33,11 @@ int main(int argc, char *argv[])
     free(v);
     free(w);
     free(NULL);
+    v = (int *)malloc(-1);
+    w = (int *)calloc(100000, 100000);
+    end = (char *)malloc(0);
+    printf("%s %s %s\n", v ? "got" : "null", w ? "got" : "null", end ? "ok" : "null");
+    free(end);
     printf("%d %d %d %d %d %d %d %c %c\n", isdigit('5') != 0, isalpha('q') != 0, isupper('q') != 0, isspace('\t') != 0,
            isxdigit('F') != 0, ispunct('a') != 0, isalnum('0') != 0, toupper('a'), tolower('Z'));
     srand(1);

@@ -1,5 +1,6 @@
-/* The thirty-first nested conditional is refused. */
-// error: ifs_31.c Line 33: Limitation: too many nested #ifs
+/* The thirty-first nested conditional is refused: the report names its line, so the
+   thirty around it were allowed. */
+// error: ifs_31.c Line 34: Limitation: too many nested #ifs
 #if 1
 #if 2
 #if 3
