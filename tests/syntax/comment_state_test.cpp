@@ -2,6 +2,7 @@
 // a document's line records while it is edited.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "engine/undo.h"
@@ -88,6 +89,7 @@ TEST_F(DocumentBits, PropagationStopsAtTheFirstUnchangedLine) {
     std::string text;
     for (int i = 0; i < 1000; ++i) text += "line\n";
     fill(doc, text);
+    ensureCommentStates(doc, doc.lines.lastIndex);
     // Typing inside a line recomputes that line and finds the next one unchanged.
     EXPECT_EQ(updateCommentStates(doc, 500, 1), 2);
     LineRef r = doc.lines.find(10);
@@ -96,6 +98,36 @@ TEST_F(DocumentBits, PropagationStopsAtTheFirstUnchangedLine) {
     doc.lines.setText(doc.lines.find(20), "*/");
     EXPECT_EQ(updateCommentStates(doc, 20, 1), 981);
     EXPECT_EQ(commentBits(doc).substr(9, 13), "0111111111100");
+}
+
+// Opening leaves the bits to be worked out as they are asked for; edits above, inside
+// and below the known lines, then asking for more, must give the bits a scan from the
+// top gives.
+TEST_F(DocumentBits, BitsWorkedOutLaterMatchAScanFromTheTop) {
+    doc.fileName = "a.c";
+    followFileName(doc, true);
+    std::string text;
+    for (int i = 0; i < 60; ++i) text += i % 7 == 3 ? "x /* y\n" : i % 11 == 5 ? "*/ z\n" : "w\n";
+    fill(doc, text);
+    EXPECT_EQ(doc.commentsKnown, 0);
+    std::mt19937 rng(11);
+    const char* const pieces[] = {"/*", "*/", "\n", "a\n/*\n", "\"/*\"", "// /*"};
+    for (int step = 0; step < 400; ++step) {
+        SCOPED_TRACE(step);
+        if (rng() % 3 == 0) ensureCommentStates(doc, static_cast<int32_t>(rng() % (doc.lines.count() + 5)));
+        const int32_t line = static_cast<int32_t>(rng() % doc.lines.count());
+        if (rng() % 4 == 0 && line < doc.lines.lastIndex) {
+            deleteRange(doc, makePos(0, line), makePos(0, std::min(doc.lines.lastIndex, line + 1 + static_cast<int32_t>(rng() % 2))));
+        } else {
+            setCursor(doc, makePos(0, line));
+            insertText(doc, pieces[rng() % std::size(pieces)]);
+        }
+        if (step % 50 == 49) {
+            const std::string lazy = commentBits(doc);
+            followFileName(doc, true);
+            ASSERT_EQ(lazy, commentBits(doc));
+        }
+    }
 }
 
 }  // namespace
