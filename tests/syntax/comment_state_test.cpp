@@ -117,17 +117,18 @@ TEST_F(DocumentBits, BitsWorkedOutLaterMatchAScanFromTheTop) {
     doc.fileName = "a.c";
     followFileName(doc, true);
     std::string text;
-    for (int i = 0; i < 60; ++i) text += i % 7 == 3 ? "x /* y\n" : i % 11 == 5 ? "*/ z\n" : "w\n";
+    for (int i = 0; i < 60; ++i) text += i % 13 == 0 ? "x /* y\n" : i % 13 == 9 ? "*/ z\n" : "w\n";
     fill(doc, text);
     EXPECT_EQ(doc.commentsKnown, 0);
     std::mt19937 rng(11);
     const char* const pieces[] = {"/*", "*/", "\n", "a\n/*\n", "\"/*\"", "// /*", "*/\n\n\n"};
-    for (int step = 0; step < 600; ++step) {
+    for (int step = 0; step < 1000; ++step) {
         SCOPED_TRACE(step);
+        if (step % 40 == 0) followFileName(doc, true);  // all unknown again
         if (rng() % 4 == 0) ensureCommentStates(doc, static_cast<int32_t>(rng() % (doc.lines.count() + 5)));
         const int32_t line = static_cast<int32_t>(rng() % doc.lines.count());
         if (rng() % 3 == 0 && line < doc.lines.lastIndex) {
-            const int32_t to = std::min(doc.lines.lastIndex, line + 1 + static_cast<int32_t>(rng() % 4));
+            const int32_t to = std::min(doc.lines.lastIndex, line + 1 + static_cast<int32_t>(rng() % 8));
             deleteRange(doc, makePos(static_cast<int>(rng() % 3), line), makePos(0, to));
         } else {
             setCursor(doc, makePos(static_cast<int>(rng() % 3), line));
@@ -136,6 +137,20 @@ TEST_F(DocumentBits, BitsWorkedOutLaterMatchAScanFromTheTop) {
         expectKnownBitsTrue(doc);
         if (HasFatalFailure()) return;
     }
+}
+
+// A deletion that reaches past the known lines pulls unknown ones up into their places:
+// here line 6 happens to hold the right bit and line 7, an opener, does not.
+TEST_F(DocumentBits, ADeletionPastTheKnownLinesLeavesNoneClaimedWrongly) {
+    doc.fileName = "a.c";
+    followFileName(doc, true);
+    std::string text;
+    for (int i = 0; i < 20; ++i) text += i == 14 ? "/*\n" : "w\n";
+    fill(doc, text);
+    ensureCommentStates(doc, 9);
+    deleteRange(doc, makePos(0, 5), makePos(0, 12));
+    expectKnownBitsTrue(doc);
+    EXPECT_EQ(commentBits(doc), "00000001111111");
 }
 
 }  // namespace
