@@ -40,6 +40,10 @@ struct Document {
     bool lineDrawing = false;
     uint32_t fileTime = 0;          // modification time when last read or written, 0 unknown
     int syntaxSlot = 0;             // language definition 1..20, 0 none
+    // Lines [0, commentsKnown) carry current comment bits; the later ones are worked out
+    // when something first asks for them (syntax/doc_syntax.h), so opening a big file
+    // does not scan it. Mutable: working a bit out does not change the document.
+    mutable int32_t commentsKnown = 0;
 
     UndoStacks undo;
     uint16_t lastCmd = 0, prevCmd = 0;

@@ -13,6 +13,7 @@
 #include "engine/options.h"
 #include "engine/selection.h"
 #include "printing/messages.h"
+#include "syntax/doc_syntax.h"
 #include "syntax/scanner.h"
 
 namespace zol {
@@ -220,6 +221,7 @@ PrintPage layoutPage(const PrintPlan& plan, size_t index, PageFacts facts) {
     const LineList& ll = plan.doc->lines;
     RowBuilder builder(plan, page.rows);
     const PageStart start = plan.pages[index];
+    ensureCommentStates(*plan.doc, plan.lastLine);
     LineRef r = ll.find(start.line);
     int rowFrom = start.row;
     for (int32_t line = start.line; line <= plan.lastLine; ++line, r = ll.next(r), rowFrom = 0) {

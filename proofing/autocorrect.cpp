@@ -8,6 +8,7 @@
 #include "engine/edit.h"
 #include "engine/shell.h"
 #include "platform/file_io.h"
+#include "platform/fileinfo.h"
 #include "platform/paths.h"
 #include "proofing/messages.h"
 #include "proofing/regions.h"
@@ -125,6 +126,12 @@ std::string formatAutoCorrect(const AutoCorrectList& list) {
 }
 
 namespace {
+// True when zol.acr is there but could not be read: saving would replace the user's list
+// with what little was typed since.
+bool& listUnreadable() {
+    static bool unreadable = false;
+    return unreadable;
+}
 // The list as it was read, so that an unchanged list leaves the user's file alone.
 AutoCorrectList& loadedList() {
     static AutoCorrectList l;
@@ -141,7 +148,11 @@ std::string autoCorrectPath() { return joinPath(homeDir(), kAcrFile); }
 
 void loadAutoCorrect() {
     std::string text;
-    AcrParse p = parseAutoCorrect(readWholeFile(autoCorrectPath(), text) ? text : std::string());
+    const std::string path = autoCorrectPath();
+    const bool read = readWholeFile(path, text);
+    listUnreadable() = !read && fileExists(path);
+    if (listUnreadable()) shell().message(proofmsg::fill(proofmsg::kAcrUnreadable, path));
+    AcrParse p = parseAutoCorrect(read ? text : std::string());
     autoCorrect() = p.list;
     loadedList() = std::move(p.list);
     if (p.brokenLines.empty()) return;
@@ -159,7 +170,7 @@ bool saveAutoCorrect() {
         l.options.capitalize == was.options.capitalize && l.options.capsLock == was.options.capsLock &&
         l.options.replaceText == was.options.replaceText)
         return true;
-    if (!replaceFile(autoCorrectPath(), formatAutoCorrect(l))) {
+    if (listUnreadable() || !replaceFile(autoCorrectPath(), formatAutoCorrect(l))) {
         shell().message(proofmsg::fill(proofmsg::kAcrNotSaved, autoCorrectPath()));
         return false;
     }

@@ -27,6 +27,7 @@ inline constexpr char kLineTooLong[] = "The change would make the line longer th
 // line is left out with its line number, and the list keeps loading.
 inline constexpr size_t kMaxAcrEntry = 255;
 inline constexpr char kAcrBrokenLines[] = "zol.acr: these lines were not understood and are left out: %s.";
+inline constexpr char kAcrUnreadable[] = "The AutoCorrect list %s could not be read; it is left as it is.";
 inline constexpr char kAcrNotSaved[] = "The AutoCorrect list could not be saved to %s.";
 
 // Code completion, "CodeCmpl.ini".

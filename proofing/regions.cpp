@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/case_map.h"
+#include "syntax/doc_syntax.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
 
@@ -95,8 +96,7 @@ const std::vector<uint8_t>& RegionScanner::mask(const Document& doc, int32_t lin
     const std::string_view text = lineText(doc, line);
     mask_.assign(text.size(), 1);
     if (!def_ || text.empty()) return mask_;
-    const LineList& ll = doc.lines;
-    const int inComment = line == 0 ? 0 : ll.header(ll.find(line - 1)).comment;
+    const int inComment = commentBitOf(doc, line - 1);
     scanLine(*def_, text, mask_.data(), inComment);
     for (uint8_t& b : mask_) b = (b == kColComment || b == kColString) ? 1 : 0;
     return mask_;

@@ -185,7 +185,8 @@ bool Speller::load(const DictionaryFiles& files, const std::string& userDictPath
     if (readWholeFile(userPath_, words)) {
         for (std::string_view w : splitLines(words, FinalLineEnd::EndsLastRow)) {
             const std::string_view t = prooftext::trim(w);
-            if (!t.empty()) h_->calls.add(h_->h, std::string(t).c_str());
+            // The file holds UTF-8, as add() writes it; the dictionary may want its own.
+            if (!t.empty()) h_->calls.add(h_->h, (utf8_ ? std::string(t) : utf8ToAnsi(t)).c_str());
         }
     }
     return true;
@@ -230,7 +231,8 @@ bool Speller::add(std::string_view word) {
     ignore(word);
     if (h_) h_->calls.add(h_->h, toDictionary(word).c_str());
     std::string text;
-    readWholeFile(userPath_, text);
+    // A dictionary that is there but cannot be read is not written over with one word.
+    if (!readWholeFile(userPath_, text) && fileExists(userPath_)) return false;
     if (!text.empty() && text.back() != '\n') text += '\n';
     text += ansiToUtf8(word);
     text += '\n';

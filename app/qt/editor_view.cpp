@@ -27,6 +27,7 @@
 #include "platform/paths.h"
 #include "proofing/autocorrect.h"
 #include "proofing/underline.h"
+#include "syntax/doc_syntax.h"
 #include "syntax/scanner.h"
 #include "syntax/table.h"
 #include "tools/message_step.h"
@@ -327,6 +328,7 @@ void TVekWinEditor::paintEvent(QPaintEvent*) {
     int32_t scannedLine = -1;
     MisspeltFinder misspelt(*doc_);
     std::vector<WordSpan> misspeltWords;
+    if (!rows.empty()) ensureCommentStates(*doc_, rows.back().line);
     LineRef r = rows.empty() ? kNoLine : doc_->lines.find(rows.front().line);
     p.save();
     p.setClipRect(QRect(gutter, rulerHeight(), viewport()->width() - gutter, viewport()->height()));

@@ -1,7 +1,7 @@
 #include "app/qt/help_window.h"
 
 #include <QDir>
-#include <QFile>
+#include <QHash>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -19,6 +19,7 @@
 #include "app/application.h"
 #include "app/qt/help_messages.h"
 #include "app/qt/local_text.h"
+#include "platform/file_io.h"
 
 namespace zol {
 
@@ -26,11 +27,13 @@ namespace {
 
 QString txt(const char* s) { return QString::fromUtf8(s); }
 
-QStringList readLines(const QString& path) {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly)) return {};
-    return QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+// A help file's text; empty when it cannot be read.
+QString readText(const QString& path) {
+    std::string bytes;
+    return readWholeFile(path.toStdString(), bytes) ? QString::fromStdString(bytes) : QString();
 }
+
+QStringList readLines(const QString& path) { return readText(path).split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
 
 QWidget* filtered(QWidget* parent, QLineEdit* edit, QWidget* list) {
     auto* w = new QWidget(parent);
@@ -142,14 +145,16 @@ void THelpWindow::search(const QString& words) {
     results_->clear();
     const QStringList wanted = words.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     if (wanted.isEmpty()) return;
+    QHash<QString, QString> pages;  // a page holds many sections: each is read once
     for (const QString& line : readLines(helpDir() + QStringLiteral("/contents.txt"))) {
         const QStringList f = line.split(QLatin1Char('\t'));
         if (f.size() != 3) continue;
         // A section's text runs from its anchor to the next one.
         const QString page = f[2].section(QLatin1Char('#'), 0, 0);
-        QFile file(helpDir() + QLatin1Char('/') + page);
-        if (!file.open(QIODevice::ReadOnly)) continue;
-        const QString html = QString::fromUtf8(file.readAll());
+        auto it = pages.find(page);
+        if (it == pages.end()) it = pages.insert(page, readText(helpDir() + QLatin1Char('/') + page));
+        const QString& html = *it;
+        if (html.isEmpty()) continue;
         const QString anchor = QStringLiteral("<a name=\"%1\">").arg(f[2].section(QLatin1Char('#'), 1));
         const qsizetype at = html.indexOf(anchor);
         const qsizetype end = html.indexOf(QStringLiteral("<a name="), at + anchor.size());

@@ -29,7 +29,9 @@ class Progress {
 public:
     explicit Progress(QWidget* parent) : dlg_(QString(), txt(printqt::kPrintCancel), 0, 1, parent) {
         dlg_.setWindowTitle(txt(printqt::kPrintTitle));
-        dlg_.setWindowModality(Qt::WindowModal);
+        // Pages are laid out from the document as they print: no window may edit or
+        // close it meanwhile, the printing one's siblings included.
+        dlg_.setWindowModality(Qt::ApplicationModal);
         dlg_.setMinimumDuration(400);
     }
     // False once the user cancelled.

@@ -1,6 +1,7 @@
 #include "tests/support/documents.h"
 
 #include "engine/edit.h"
+#include "syntax/doc_syntax.h"
 
 namespace zol::test {
 
@@ -25,6 +26,7 @@ std::string textOf(const Document& doc) {
 }
 
 std::string commentBits(const Document& doc) {
+    ensureCommentStates(doc, doc.lines.lastIndex);
     std::string out;
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r))
         out += static_cast<char>('0' + doc.lines.header(r).comment);

@@ -2,6 +2,7 @@
 // a document's line records while it is edited.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "engine/undo.h"
@@ -88,6 +89,7 @@ TEST_F(DocumentBits, PropagationStopsAtTheFirstUnchangedLine) {
     std::string text;
     for (int i = 0; i < 1000; ++i) text += "line\n";
     fill(doc, text);
+    ensureCommentStates(doc, doc.lines.lastIndex);
     // Typing inside a line recomputes that line and finds the next one unchanged.
     EXPECT_EQ(updateCommentStates(doc, 500, 1), 2);
     LineRef r = doc.lines.find(10);
@@ -96,6 +98,59 @@ TEST_F(DocumentBits, PropagationStopsAtTheFirstUnchangedLine) {
     doc.lines.setText(doc.lines.find(20), "*/");
     EXPECT_EQ(updateCommentStates(doc, 20, 1), 981);
     EXPECT_EQ(commentBits(doc).substr(9, 13), "0111111111100");
+}
+
+// The bits of the lines the document claims to know, against a scan from the top.
+void expectKnownBitsTrue(const Document& doc) {
+    const SyntaxHighlight& d = *definitionAt(syntaxTable(), doc.syntaxSlot);
+    int prev = 0;
+    int32_t i = 0;
+    for (LineRef r = doc.lines.first; r != kNoLine && i < doc.commentsKnown; r = doc.lines.next(r), ++i) {
+        prev = commentState(d, doc.lines.text(r), prev);
+        ASSERT_EQ(doc.lines.header(r).comment, prev) << "line " << i << " of " << doc.commentsKnown << " known";
+    }
+}
+
+// Opening leaves the bits to be worked out as they are asked for. Edits above, inside
+// and below the known lines, and asking for more, must keep every known bit true.
+TEST_F(DocumentBits, BitsWorkedOutLaterMatchAScanFromTheTop) {
+    doc.fileName = "a.c";
+    followFileName(doc, true);
+    std::string text;
+    for (int i = 0; i < 60; ++i) text += i % 13 == 0 ? "x /* y\n" : i % 13 == 9 ? "*/ z\n" : "w\n";
+    fill(doc, text);
+    EXPECT_EQ(doc.commentsKnown, 0);
+    std::mt19937 rng(11);
+    const char* const pieces[] = {"/*", "*/", "\n", "a\n/*\n", "\"/*\"", "// /*", "*/\n\n\n"};
+    for (int step = 0; step < 1000; ++step) {
+        SCOPED_TRACE(step);
+        if (step % 40 == 0) followFileName(doc, true);  // all unknown again
+        if (rng() % 4 == 0) ensureCommentStates(doc, static_cast<int32_t>(rng() % (doc.lines.count() + 5)));
+        const int32_t line = static_cast<int32_t>(rng() % doc.lines.count());
+        if (rng() % 3 == 0 && line < doc.lines.lastIndex) {
+            const int32_t to = std::min(doc.lines.lastIndex, line + 1 + static_cast<int32_t>(rng() % 8));
+            deleteRange(doc, makePos(static_cast<int>(rng() % 3), line), makePos(0, to));
+        } else {
+            setCursor(doc, makePos(static_cast<int>(rng() % 3), line));
+            insertText(doc, pieces[rng() % std::size(pieces)]);
+        }
+        expectKnownBitsTrue(doc);
+        if (HasFatalFailure()) return;
+    }
+}
+
+// A deletion that reaches past the known lines pulls unknown ones up into their places:
+// here line 6 happens to hold the right bit and line 7, an opener, does not.
+TEST_F(DocumentBits, ADeletionPastTheKnownLinesLeavesNoneClaimedWrongly) {
+    doc.fileName = "a.c";
+    followFileName(doc, true);
+    std::string text;
+    for (int i = 0; i < 20; ++i) text += i == 14 ? "/*\n" : "w\n";
+    fill(doc, text);
+    ensureCommentStates(doc, 9);
+    deleteRange(doc, makePos(0, 5), makePos(0, 12));
+    expectKnownBitsTrue(doc);
+    EXPECT_EQ(commentBits(doc), "00000001111111");
 }
 
 }  // namespace

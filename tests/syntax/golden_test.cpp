@@ -38,6 +38,7 @@ fs::path sampleIn(const fs::path& dir) {
 std::vector<std::string> paintFromDocument(const Document& doc, const SyntaxHighlight& def) {
     std::vector<std::string> out;
     int prev = 0;
+    ensureCommentStates(doc, doc.lines.lastIndex);
     for (LineRef r = doc.lines.first; r != kNoLine; r = doc.lines.next(r)) {
         out.push_back(styled(def, doc.lines.text(r), prev));
         prev = doc.lines.header(r).comment;
