@@ -36,13 +36,6 @@ TEST_F(TabSize, ColumnFunctionsFollowTabStops) {
     EXPECT_EQ(locateColumn("ab", 5).padding, 3);
 }
 
-TEST_F(TabSize, IsClampedToItsRange) {
-    setTabSize(1);
-    EXPECT_EQ(options().tabSize, 2);
-    setTabSize(50);
-    EXPECT_EQ(options().tabSize, 20);
-}
-
 TEST(LineList, FindWalksFromTheNearerOfCurrentAndFirst) {
     Document doc;
     std::string text;
