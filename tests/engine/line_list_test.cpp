@@ -1,9 +1,10 @@
 // The line list against a plain vector of strings under random edits: texts that
 // grow out of their blocks, inserts and removals anywhere, lines far apart in storage
 // and across slabs, so that links held as short distances and links held aside both
-// get made, changed and dropped.
+// get made, changed and dropped; then the whole list moves to another and is reset.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -29,7 +30,8 @@ void expectSame(const LineList& ll, const std::vector<std::string>& model) {
 
 TEST(LineList, RandomEditsKeepBothLinksAndTheTexts) {
     std::mt19937 rng(11);
-    LineList ll;
+    auto list = std::make_unique<LineList>();
+    LineList& ll = *list;
     std::vector<std::string> model{""};
     LineRef tail = ll.first;
     // A long run of appended lines, as a file is read: more than one slab.
@@ -64,6 +66,14 @@ TEST(LineList, RandomEditsKeepBothLinksAndTheTexts) {
         const auto at = static_cast<int32_t>(rng() % model.size());
         ASSERT_EQ(ll.text(ll.seek(at)), model[static_cast<size_t>(at)]);
     }
+    // The slabs go with the lines: freeing the emptied list must not take them along.
+    LineList kept;
+    kept.swap(ll);
+    list.reset();
+    expectSame(kept, model);
+    kept.reset();
+    kept.insertAfter(kept.first, 1, "after reset");
+    expectSame(kept, {"", "after reset"});
 }
 
 }  // namespace

@@ -56,27 +56,15 @@ TEST(SortOrder, MatchesAStableSortOverLongSharedPrefixes) {
 }
 
 TEST(TimeDate, FollowTheRegionalConventions) {
-    LocalTime t;
-    t.hour = 21;
-    t.minute = 5;
-    t.day = 3;
-    t.month = 11;
-    t.year = 2026;
-    TimeConventions c;
-    EXPECT_EQ(timeText(t, c), "21:05");
-    c.hours24 = false;
-    c.leadingZeroHour = false;
-    c.timeSeparator = '.';
-    EXPECT_EQ(timeText(t, c), "9.05");
-    t.hour = 0;
-    EXPECT_EQ(timeText(t, c), "12.05");
-    EXPECT_EQ(dateText(t, c), "11/03/2026");
-    c.dateOrder = DateOrder::DayMonthYear;
-    c.dateSeparator = '.';
-    EXPECT_EQ(dateText(t, c), "03.11.2026");
-    c.dateOrder = DateOrder::YearMonthDay;
-    c.dateSeparator = '-';
-    EXPECT_EQ(dateText(t, c), "2026-11-03");
+    const LocalTime evening{.hour = 21, .minute = 5, .day = 3, .month = 11, .year = 2026};
+    const LocalTime midnight{.hour = 0, .minute = 5};
+    const TimeConventions us{}, twelve{.timeSeparator = '.', .hours24 = false, .leadingZeroHour = false};
+    EXPECT_EQ(timeText(evening, us), "21:05");
+    EXPECT_EQ(timeText(evening, twelve), "9.05");
+    EXPECT_EQ(timeText(midnight, twelve), "12.05");
+    EXPECT_EQ(dateText(evening, us), "11/03/2026");
+    EXPECT_EQ(dateText(evening, {.dateSeparator = '.', .dateOrder = DateOrder::DayMonthYear}), "03.11.2026");
+    EXPECT_EQ(dateText(evening, {.dateSeparator = '-', .dateOrder = DateOrder::YearMonthDay}), "2026-11-03");
 }
 
 class TimeDateCommand : public test::CommandTest {};

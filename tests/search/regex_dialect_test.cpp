@@ -56,14 +56,15 @@ TEST(RegexDialect, MalformedPatternsGiveTheirErrorCode) {
 
 TEST(RegexDialect, SizeLimitIsMeasuredBeforeEmitting) {
     // Each "a." pair is an EXACTLY node (5 bytes) and an ANY node (3 bytes).
-    std::string near(4000 * 2, 'a');
-    for (size_t i = 1; i < near.size(); i += 2) near[i] = '.';
+    auto pairs = [](size_t n) {
+        std::string p;
+        while (n--) p += "a.";
+        return p;
+    };
     int err = -1;
-    EXPECT_NE(regexCompile(near.c_str(), &err), nullptr);
+    EXPECT_NE(regexCompile(pairs(4000).c_str(), &err), nullptr);
     EXPECT_EQ(err, kReOk);
-    std::string over(5000 * 2, 'a');
-    for (size_t i = 1; i < over.size(); i += 2) over[i] = '.';
-    EXPECT_EQ(regexCompile(over.c_str(), &err), nullptr);
+    EXPECT_EQ(regexCompile(pairs(5000).c_str(), &err), nullptr);
     EXPECT_EQ(err, kReTooBig);
     const std::string literal(40000, 'x');
     EXPECT_EQ(regexCompile(literal.c_str(), &err), nullptr);
@@ -136,16 +137,11 @@ TEST(RegexDialect, DamagedProgramsAndNullTextsDoNothing) {
     EXPECT_STREQ(out, "keep");
 }
 
-TEST(RegexDialect, PathologicalPatternsGiveUpInsteadOfHanging) {
-    // Exponential backtracking over a line the width of the editor's capacity.
-    std::string text(3200, 'a');
-    auto prog = regexCompile("{a|aa}*{a|aa}*{a|aa}*{a|aa}*[bc]", nullptr);
-    ASSERT_TRUE(prog);
-    EXPECT_EQ(regexExecute(prog.get(), text.c_str(), nullptr, false, true), 0);
-    EXPECT_TRUE(prog->gaveUp);
-    // A deep but linear loop on a long subject needs no call stack.
+// Exponential backtracking gives up: the find tests see its message. A deep but
+// linear loop on a long subject must neither give up nor need a call stack.
+TEST(RegexDialect, ALongLinearLoopNeedsNoCallStack) {
     std::string long_(200000, 'a');
-    prog = regexCompile("{a}*$", nullptr);
+    auto prog = regexCompile("{a}*$", nullptr);
     ASSERT_TRUE(prog);
     EXPECT_EQ(regexExecute(prog.get(), long_.c_str(), nullptr, false, true), 1);
     EXPECT_EQ(prog->groupEnd[0] - long_.c_str(), 200000);

@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include "syntax/edit_copy.h"
-#include "syntax/messages.h"
 #include "tests/syntax/syntax_fixture.h"
 
 namespace zol::test {
@@ -206,22 +205,6 @@ TEST(SyntaxSave, WritesTheDialogsForm) {
     EXPECT_FALSE(findProfileString("Batch", "Keyword17", path).has_value());
     ASSERT_NE(definitionAt(t, 1), nullptr);
     EXPECT_STREQ(definitionAt(t, 1)->lineComment1, "REM ");
-}
-
-TEST(SyntaxSave, DialogLimitsAreReported) {
-    FakeShell rec;
-    setShell(&rec);
-    std::vector<SyntaxEditLanguage> langs;
-    EXPECT_TRUE(addLanguage(langs, "C"));
-    EXPECT_FALSE(addLanguage(langs, "c"));
-    SyntaxEditLanguage& c = langs[0];
-    int added = 0;
-    while (addKeyword(c, "abcdefghij")) ++added;
-    EXPECT_EQ(added, 51);  // 510 of the 511 characters the list holds
-    setShell(nullptr);
-    ASSERT_EQ(rec.messages.size(), 2u);
-    EXPECT_EQ(rec.messages[0], "Syntax higlight table c already exists.");
-    EXPECT_EQ(rec.messages[1], "Defined too many keywords with 10 character length.");
 }
 
 }  // namespace
