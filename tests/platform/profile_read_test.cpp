@@ -19,7 +19,7 @@ TEST_F(ProfileRead, NamesMatchWithoutCaseAndFirstDuplicateWins) {
     EXPECT_EQ(getProfileString("Main", "OnlyLater", "d", "a.ini"), "d");
 }
 
-TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemovedAndMissingGivesTheDefault) {
+TEST_F(ProfileRead, BlanksQuotesAndLineEndsAreRemovedAndMissingGivesTheDefault) {
     put("a.ini",
         "[S]\n"
         "  spaced  =   value with blanks \t \n"
@@ -30,7 +30,9 @@ TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemovedAndMissingGivesTheDefault)
         "lone=\"\n"
         "empty=\n"
         "bare\n"
-        "; commented=1\n");
+        "; commented=1\n"
+        "crlf = two \r\n"
+        "last=final");
     const struct {
         const char *section, *key, *value;
     } cases[] = {
@@ -38,19 +40,12 @@ TEST_F(ProfileRead, BlanksAndOnePairOfQuotesAreRemovedAndMissingGivesTheDefault)
         {"S", "mixed", "\"open'"},            {"S", "twice", "\"x\""},          {"S", "lone", "\""},
         {"S", "empty", ""},                   {"S", "bare", ""},  // present but empty is not missing
         {"S", "; commented", "def"},          {"T", "spaced", "def"},           {"S", "x", "def"},
+        {"S", "crlf", "two"},                 {"S", "last", "final"},  // line ends of every kind
     };
     for (const auto& c : cases) EXPECT_EQ(getProfileString(c.section, c.key, "def", "a.ini"), c.value) << c.key;
     EXPECT_EQ(findProfileString("S", "nothing", "a.ini"), std::nullopt);
     EXPECT_EQ(getProfileString("S", "k", "dflt  ", "none.ini"), "dflt");
     EXPECT_FALSE(exists("none.ini"));
-}
-
-TEST_F(ProfileRead, LineEndsOfEveryKind) {
-    put("crlf.ini", "[S]\r\na=1\r\nb = two \r\n");
-    put("noend.ini", "[S]\na=1\nb=last");
-    EXPECT_EQ(getProfileString("S", "b", "", "crlf.ini"), "two");
-    EXPECT_EQ(getProfileString("S", "b", "", "noend.ini"), "last");
-    EXPECT_EQ(getProfileInt("S", "a", 0, "crlf.ini"), 1);
 }
 
 TEST_F(ProfileRead, IntegerReadingTakesLeadingNumber) {

@@ -67,16 +67,15 @@ TEST(ExpandArguments, QuotingByMode) {
     EXPECT_EQ(words, (std::vector<std::string>{"-o", "/my src/it's.c", "/my home/"}));
 }
 
-TEST(ExpandArguments, NoDocument) {
-    const ArgumentFacts f = argumentFacts(nullptr);
-    EXPECT_EQ(expandArguments("[$(FilePath)][$(FileExt)][$(CurLine)][$(CurText)]", f, kQuoteAlways), "[][][][]");
-    EXPECT_FALSE(f.progDir.empty());
-    EXPECT_EQ(f.progDir.back(), '/');
-}
-
-TEST(ExpandArguments, ExtensionOfANameWithoutDot) {
-    const ArgumentFacts f = facts("/src/v1.2/Makefile");
-    EXPECT_EQ(expandArguments("[$(FileExt)][$(FileNameOnly)]", f, kQuoteWithBlanks), "[][Makefile]");
+TEST(ExpandArguments, NoDocumentANameWithoutDotAndTheToolsOwnPath) {
+    const ArgumentFacts none = argumentFacts(nullptr);
+    EXPECT_EQ(expandArguments("[$(FilePath)][$(FileExt)][$(CurLine)][$(CurText)]", none, kQuoteAlways), "[][][][]");
+    EXPECT_EQ(none.progDir.back(), '/');
+    EXPECT_EQ(expandArguments("[$(FileExt)][$(FileNameOnly)]", facts("/src/v1.2/Makefile"), kQuoteWithBlanks),
+              "[][Makefile]");
+    // A tool's path takes the program folder only where the path starts.
+    EXPECT_EQ(expandProgDir("$(progdir)bin/tool", none), none.progDir + "bin/tool");
+    EXPECT_EQ(expandProgDir("/x/$(ProgDir)", none), "/x/$(ProgDir)");
 }
 
 TEST(ExpandArguments, BufferLimits) {
@@ -89,12 +88,6 @@ TEST(ExpandArguments, BufferLimits) {
     EXPECT_FALSE(expandArguments("$(FilePath) $(FilePath)", f, kQuoteWithBlanks)) << "grows past 255";
     EXPECT_FALSE(expandArguments("$(FileName)", facts("/" + std::string(300, 'q')), kQuoteWithBlanks))
         << "a value past its buffer";
-}
-
-TEST(ExpandArguments, ProgDirAtTheStartOfAFolder) {
-    const ArgumentFacts f = facts("", "/w/", "/h/");
-    EXPECT_EQ(expandProgDir("$(progdir)bin/tool", f), "/h/bin/tool");
-    EXPECT_EQ(expandProgDir("/x/$(ProgDir)", f), "/x/$(ProgDir)");
 }
 
 }  // namespace

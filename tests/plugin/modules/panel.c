@@ -4,21 +4,13 @@
 #include <string.h>
 
 #include "plugin/zolder_api.h"
+#include "tests/plugin/modules/event_log.h"
 
-static char g_log[4096];
 static int g_dock;  /* their addresses are the windows' numbers */
 static int g_view;
 static int g_paints;
 static int g_canUnload = 1;
 static int g_vetoEvent;
-static int g_command;
-
-static void note(const char *text) {
-    if (strlen(g_log) + strlen(text) + 2 < sizeof g_log) {
-        strcat(g_log, text);
-        strcat(g_log, " ");
-    }
-}
 
 ZOL_PLUGIN_EXPORT BOOL ZOLAPI XPP_Initialize(ZOL_MODULE module, ZOL_WND mainWindow, int version) {
     ZOL_DOCKABLE_WINDOW dock;
@@ -34,7 +26,7 @@ ZOL_PLUGIN_EXPORT BOOL ZOLAPI XPP_Initialize(ZOL_MODULE module, ZOL_WND mainWind
     dock.data = 0;
     if (!XPZ_CreateDockableWindow(&dock)) return FALSE;
     if (!XPZ_AddViewToWorkspace(module, (ZOL_WND)&g_view, "PanelView", 0, 0)) return FALSE;
-    g_command = XPZ_AddCommand(module, 9, "PanelCommand", "&Panel Item", "Does nothing", 0);
+    XPZ_AddCommand(module, 9, "PanelCommand", "&Panel Item", "Does nothing", 0);
     return TRUE;
 }
 
@@ -84,6 +76,5 @@ ZOL_PLUGIN_EXPORT void panel_clear(void) { g_log[0] = '\0'; }
 ZOL_PLUGIN_EXPORT int panel_paints(void) { return g_paints; }
 ZOL_PLUGIN_EXPORT void panel_allow_unload(int allow) { g_canUnload = allow; }
 ZOL_PLUGIN_EXPORT void panel_veto(int event) { g_vetoEvent = event; }
-ZOL_PLUGIN_EXPORT int panel_command(void) { return g_command; }
 ZOL_PLUGIN_EXPORT ZOL_WND panel_dock(void) { return (ZOL_WND)&g_dock; }
 ZOL_PLUGIN_EXPORT BOOL panel_close_dock(void) { return XPZ_DestroyDockableWindow((ZOL_WND)&g_dock); }

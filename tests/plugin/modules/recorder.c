@@ -3,24 +3,14 @@
 #include <string.h>
 
 #include "plugin/zolder_api.h"
+#include "tests/plugin/modules/event_log.h"
 
-static char g_log[4096];
 static int g_inits;
 static int g_command;
-static int g_vetoEvent;
-static ZOL_MODULE g_self;
-
-static void note(const char *text) {
-    if (strlen(g_log) + strlen(text) + 2 < sizeof g_log) {
-        strcat(g_log, text);
-        strcat(g_log, " ");
-    }
-}
 
 ZOL_PLUGIN_EXPORT BOOL ZOLAPI XPP_Initialize(ZOL_MODULE module, ZOL_WND mainWindow, int version) {
     (void)mainWindow;
     (void)version;
-    g_self = module;
     ++g_inits;
     g_command = XPZ_AddCommand(module, 7, "RecorderCommand", "&Recorder", "Inserts a mark", 0);
     return TRUE;
@@ -37,7 +27,7 @@ ZOL_PLUGIN_EXPORT ZOL_PARAM ZOLAPI XPP_OnEditorEvent(int event, ZOL_PARAM p1, ZO
     (void)p3;
     sprintf(text, "e%d", event);
     note(text);
-    return event == g_vetoEvent;
+    return 0;
 }
 
 ZOL_PLUGIN_EXPORT ZOL_PARAM ZOLAPI XPP_OnEditorCommand(int command, HDOC doc, ZOL_PARAM p1, ZOL_PARAM p2) {
@@ -66,7 +56,6 @@ ZOL_PLUGIN_EXPORT const char *recorder_log(void) { return g_log; }
 ZOL_PLUGIN_EXPORT void recorder_clear(void) { g_log[0] = '\0'; }
 ZOL_PLUGIN_EXPORT int recorder_inits(void) { return g_inits; }
 ZOL_PLUGIN_EXPORT int recorder_command(void) { return g_command; }
-ZOL_PLUGIN_EXPORT void recorder_veto(int event) { g_vetoEvent = event; }
 
 /* A whole edit, as a plug-in author would write it: type, find, replace, save. */
 ZOL_PLUGIN_EXPORT int recorder_drive(HDOC doc, const char *path) {
