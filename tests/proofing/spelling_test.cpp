@@ -96,6 +96,21 @@ TEST_F(Spelling, TheUserDictionarySurvivesARestartAndAnUnwritableOneStillServesT
     EXPECT_TRUE(unwritable.correct("Zolderlike"));
 }
 
+// The user dictionary holds UTF-8; a dictionary in an 8-bit encoding gets its words in
+// that encoding, so a word with an accent added in one run is known in the next.
+TEST_F(Spelling, AnAccentedWordAddedToALatin1DictionaryIsKnownAfterARestart) {
+    const DictionaryFiles latin1{"xx", put("xx.aff", "SET ISO8859-1\n"), put("xx.dic", "1\nhello\n")};
+    const std::string naive = "na\xEFve";  // as the editor holds it, one byte a letter
+    Speller first, again;
+    std::string error;
+    ASSERT_TRUE(first.load(latin1, path("latin.dic"), error)) << error;
+    EXPECT_FALSE(first.correct(naive));
+    EXPECT_TRUE(first.add(naive));
+    ASSERT_TRUE(again.load(latin1, path("latin.dic"), error)) << error;
+    EXPECT_TRUE(again.correct(naive));
+    EXPECT_TRUE(again.correct("hello"));
+}
+
 TEST_F(Spelling, AMissingDictionaryNamesItsDebianPackage) {
     Speller s;
     std::string error;
