@@ -132,7 +132,17 @@ bool SpellSession::replace(int32_t line, size_t begin, size_t end, const std::st
         }
     }
     doc_.lastCmd = idOf(Cmd::Spelling);
-    if (!rewriteLines(doc_, line, {now})) return false;
+    // The run's record steps aside while the line is rewritten, so that a full stack
+    // does not drop its oldest record for an entry that is taken back at once.
+    EditRecord previous;
+    if (continuing) {
+        previous = std::move(u.undo.back());
+        u.undo.pop_back();
+    }
+    if (!rewriteLines(doc_, line, {now})) {
+        if (continuing) u.undo.push_back(std::move(previous));
+        return false;
+    }
     u.undo.pop_back();
     groupFirst_ = first;
     groupOriginal_ = std::move(original);
@@ -143,8 +153,7 @@ bool SpellSession::replace(int32_t line, size_t begin, size_t end, const std::st
     rec.rangeEnd = makePos(lineWidthAt(doc_, last), last);
     rec.text = joinLines(groupOriginal_);
     rec.kind = UndoKind::Spelling;
-    if (continuing && !u.undo.empty()) u.undo.back() = std::move(rec);
-    else u.undo.push_back(std::move(rec));
+    u.undo.push_back(std::move(rec));
     groupDepth_ = u.undo.size();
     shiftStop(line, begin, static_cast<long>(replacement.size()) - static_cast<long>(end - begin));
     return true;

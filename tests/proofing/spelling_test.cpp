@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/document.h"
+#include "engine/options.h"
 #include "engine/selection.h"
 #include "engine/undo.h"
 #include "proofing/regions.h"
@@ -67,6 +68,26 @@ TEST_F(Spelling, ChangeAllIsOneUndoStep) {
     undo(doc);
     EXPECT_EQ(textOf(doc), text);
     EXPECT_TRUE(doc.undo.undo.empty());
+}
+
+// The run takes one place on a full undo stack: only the oldest record goes.
+TEST_F(Spelling, AFullUndoStackLosesOneRecordToARun) {
+    open(doc, "a.txt", "teh cat\nand teh dog");
+    const int levels = options().undoLevels;
+    for (int i = 0; i < levels; ++i) {
+        EditRecord rec;
+        rec.at = makePos(i, 0);
+        doc.undo.undo.push_back(rec);
+    }
+    SpellSession s(doc, checker);
+    Misspelling m;
+    ASSERT_EQ(s.next(m), SpellStep::Found);
+    ASSERT_TRUE(s.changeAll(m, "the"));
+    EXPECT_EQ(s.next(m), SpellStep::Finished);
+    EXPECT_EQ(textOf(doc), "the cat\nand the dog");
+    ASSERT_EQ(static_cast<int>(doc.undo.undo.size()), levels);
+    EXPECT_EQ(doc.undo.undo.front().at.col, 1);
+    EXPECT_STREQ(undoLabel(doc.undo), "&Undo Spelling");
 }
 
 TEST_F(Spelling, ALongRunStopsBetweenSlicesAndGoesOn) {
