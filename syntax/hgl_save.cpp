@@ -58,6 +58,14 @@ std::string cut(std::string s, size_t bufferSize) {
     return s;
 }
 
+// Cut to its field, a value or a section name may end in blanks that the file cannot
+// keep (both are read without them), so they are dropped: the copy is what a save
+// gives back.
+std::string trimmed(std::string v) {
+    while (!v.empty() && std::string_view(" \t\r\v\f").find(v.back()) != std::string_view::npos) v.pop_back();
+    return v;
+}
+
 bool sameName(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) return false;
     for (size_t i = 0; i < a.size(); ++i)
@@ -68,16 +76,9 @@ bool sameName(std::string_view a, std::string_view b) {
 SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path) {
     // The loaded definition already holds every corrected value; the texts typed as
     // sets and ranges are taken from the file as they stand.
-    // Cut to its field, a value may end in blanks that the file cannot keep (a value
-    // is read without them), so they are dropped here: the copy is what a save gives
-    // back.
-    auto trimmed = [](std::string v) {
-        while (!v.empty() && std::string_view(" \t\r\v\f").find(v.back()) != std::string_view::npos) v.pop_back();
-        return v;
-    };
     auto raw = [&](HglKey k) { return trimmed(getProfileString(d.name, hglKey(k).key, "", path, hglKey(k).buffer)); };
     SyntaxEditLanguage e;
-    e.name = cut(d.name, kEditNameSize);
+    e.name = trimmed(cut(d.name, kEditNameSize));
     e.pattern = trimmed(d.pattern);
     e.caseSensitive = !(d.flags & kIgnoreCase);
     e.unixTexKeywords = d.flags & kUnixTexKeywords;
@@ -176,15 +177,16 @@ bool addKeyword(SyntaxEditLanguage& lang, std::string_view word) {
 }
 
 bool addLanguage(std::vector<SyntaxEditLanguage>& langs, std::string_view name) {
+    const std::string own = trimmed(cut(std::string(name), kEditNameSize));
     for (const SyntaxEditLanguage& l : langs) {
-        if (sameName(l.name, name)) {
+        if (sameName(l.name, own)) {
             shell().message(syntaxmsg::fill(syntaxmsg::kLanguageExists, name));
             return false;
         }
     }
     if (!roomForLanguage(langs)) return false;
     SyntaxEditLanguage e;
-    e.name = cut(std::string(name), kEditNameSize);
+    e.name = own;
     langs.push_back(std::move(e));
     return true;
 }

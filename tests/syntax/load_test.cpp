@@ -186,6 +186,19 @@ TEST(SyntaxSave, AValueCutToItsFieldReadsBackTheSame) {
         ASSERT_TRUE(saveDefinitions(t, path, langs));
         EXPECT_EQ(readEditCopy(path)[0].*row.field, langs[0].*row.field) << row.key;
     }
+    // So does a language's name, which is its section's: the save must find the section
+    // it writes again for every key, or the keys go to sections of their own.
+    const std::string name = "N" + std::string(61, 'n');
+    const std::string path = writeScratch("cut.hgl", "[" + name + "\tX]\nFilePattern=*.n\nWords=a-z\n");
+    const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
+    ASSERT_EQ(langs.size(), 1u);
+    EXPECT_EQ(langs[0].name, name);
+    SyntaxHighlightTable t;
+    ASSERT_TRUE(saveDefinitions(t, path, langs));
+    const std::vector<SyntaxEditLanguage> again = readEditCopy(path);
+    ASSERT_EQ(again.size(), 1u);
+    EXPECT_EQ(again[0].name, name);
+    EXPECT_EQ(again[0].words, "a-z");
 }
 
 TEST(SyntaxSave, WritesTheDialogsForm) {
