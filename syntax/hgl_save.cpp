@@ -120,6 +120,23 @@ SyntaxEditLanguage editCopyOf(const SyntaxHighlight& d, const std::string& path)
     return e;
 }
 
+// Names that agree up to the field's end would be saved as one section: the later
+// ones end in "~2", "~3" and so on instead, so that no language is lost to the cut.
+void makeNamesDistinct(std::vector<SyntaxEditLanguage>& langs) {
+    auto taken = [&](size_t upTo, const std::string& name) {
+        for (size_t j = 0; j < upTo; ++j)
+            if (sameName(langs[j].name, name)) return true;
+        return false;
+    };
+    for (size_t i = 1; i < langs.size(); ++i) {
+        const std::string base = langs[i].name;
+        for (int n = 2; taken(i, langs[i].name); ++n) {
+            const std::string suffix = "~" + std::to_string(n);
+            langs[i].name = trimmed(cut(base, kEditNameSize - suffix.size())) + suffix;
+        }
+    }
+}
+
 }  // namespace
 
 std::vector<SyntaxEditLanguage> readEditCopy(const std::string& path) {
@@ -131,6 +148,7 @@ std::vector<SyntaxEditLanguage> readEditCopy(const std::string& path) {
     std::vector<SyntaxEditLanguage> out;
     for (const auto& d : t.slots)
         if (d) out.push_back(editCopyOf(*d, path));
+    makeNamesDistinct(out);
     return out;
 }
 

@@ -199,6 +199,18 @@ TEST(SyntaxSave, AValueCutToItsFieldReadsBackTheSame) {
     ASSERT_EQ(again.size(), 1u);
     EXPECT_EQ(again[0].name, name);
     EXPECT_EQ(again[0].words, "a-z");
+
+    // Two names alike up to the field's end would be saved as one section.
+    const std::string twins = writeScratch("cut.hgl", "[" + name + "nA]\nFilePattern=*.a\n[" + name + "nB]\nFilePattern=*.b\n");
+    const std::vector<SyntaxEditLanguage> both = readEditCopy(twins);
+    ASSERT_EQ(both.size(), 2u);
+    EXPECT_EQ(both[0].name, name + "n");
+    EXPECT_EQ(both[1].name, name.substr(0, 61) + "~2");
+    ASSERT_TRUE(saveDefinitions(t, twins, both));
+    const std::vector<SyntaxEditLanguage> kept = readEditCopy(twins);
+    ASSERT_EQ(kept.size(), 2u);
+    EXPECT_EQ(kept[1].name, both[1].name);
+    EXPECT_EQ(kept[1].pattern, "*.b");
 }
 
 TEST(SyntaxSave, WritesTheDialogsForm) {
