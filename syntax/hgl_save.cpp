@@ -17,6 +17,12 @@ constexpr int kKeywordKeysAlwaysWritten = 16;  // longer lists are written only 
 // value deletes the key.
 using KeySink = std::function<void(const std::string& key, const std::string* value)>;
 
+// A value in a pair of quotes loses them when read; another pair around it keeps them.
+std::string quotedIfRead(const std::string& v) {
+    const bool enclosed = v.size() >= 2 && (v.front() == '"' || v.front() == '\'') && v.back() == v.front();
+    return enclosed ? '"' + v + '"' : v;
+}
+
 // Writes one language's keys in the order of the key list, each in the form its kind
 // takes in the file.
 class SectionWriter {
@@ -37,7 +43,8 @@ public:
     void putKeywords(HglKey, const std::array<std::string, kMaxKeywordLen + 1>& lists) const {
         for (int n = 1; n <= kMaxKeywordLen; ++n) {
             const bool keep = n <= kKeywordKeysAlwaysWritten || !lists[n].empty();
-            sink_(keywordKey(n), keep ? &lists[n] : nullptr);
+            const std::string list = quotedIfRead(lists[n]);
+            sink_(keywordKey(n), keep ? &list : nullptr);
         }
     }
     void putColour(HglKey k, int v) const { put(k, std::to_string(v)); }
@@ -49,7 +56,10 @@ public:
     }
 
 private:
-    void put(HglKey k, const std::string& v) const { sink_(hglKey(k).key, &v); }
+    void put(HglKey k, const std::string& v) const {
+        const std::string written = quotedIfRead(v);
+        sink_(hglKey(k).key, &written);
+    }
     KeySink sink_;
 };
 

@@ -213,6 +213,21 @@ TEST(SyntaxSave, AValueCutToItsFieldReadsBackTheSame) {
     EXPECT_EQ(kept[1].pattern, "*.b");
 }
 
+// A value that itself stands in quotes, which reading takes off, is saved in another
+// pair (found by fuzzing the saver).
+TEST(SyntaxSave, AValueInQuotesKeepsThem) {
+    const std::string path = writeScratch("quotes.hgl", "[Q]\nWords=\"\"a-z\"\"\nKeyword3=\"'a'\"\n");
+    const std::vector<SyntaxEditLanguage> langs = readEditCopy(path);
+    ASSERT_EQ(langs.size(), 1u);
+    ASSERT_EQ(langs[0].words, "\"a-z\"");
+    ASSERT_EQ(langs[0].keywords[3], "'a'");
+    SyntaxHighlightTable t;
+    ASSERT_TRUE(saveDefinitions(t, path, langs));
+    const std::vector<SyntaxEditLanguage> again = readEditCopy(path);
+    EXPECT_EQ(again[0].words, langs[0].words);
+    EXPECT_EQ(again[0].keywords[3], langs[0].keywords[3]);
+}
+
 TEST(SyntaxSave, WritesTheDialogsForm) {
     const std::string path = writeScratch("save.hgl", "; kept\n[Old]\nFilePattern=*.old\n");
     std::vector<SyntaxEditLanguage> langs;
