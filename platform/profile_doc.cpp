@@ -26,6 +26,11 @@ std::string oneLine(std::string_view s) {
     return out;
 }
 
+// A section or key name as it reads once written: on one line, without blanks around it.
+// Lookups and writes both use this form, so that writing a name with blanks around it
+// twice finds the first line again instead of adding a second.
+std::string writtenName(std::string_view s) { return std::string(trim(oneLine(s))); }
+
 std::string docEol(const ProfileDoc& doc) {
     for (const ProfileLine& line : doc.lines)
         if (!line.eol.empty()) return line.eol;
@@ -41,8 +46,9 @@ ProfileLine makeLine(std::string text, std::string eol) {
 }
 
 size_t findSection(const ProfileDoc& doc, std::string_view section, size_t from = 0) {
+    const std::string name = writtenName(section);
     for (size_t i = from; i < doc.lines.size(); ++i)
-        if (doc.lines[i].kind == ProfileLineKind::Section && profileNameEqual(doc.lines[i].name(), section)) return i;
+        if (doc.lines[i].kind == ProfileLineKind::Section && profileNameEqual(doc.lines[i].name(), name)) return i;
     return doc.lines.size();
 }
 
@@ -54,8 +60,9 @@ size_t sectionEnd(const ProfileDoc& doc, size_t header) {
 
 size_t findKey(const ProfileDoc& doc, size_t header, std::string_view key) {
     size_t end = sectionEnd(doc, header);
+    const std::string name = writtenName(key);
     for (size_t i = header + 1; i < end; ++i)
-        if (doc.lines[i].kind == ProfileLineKind::Key && profileNameEqual(doc.lines[i].name(), key)) return i;
+        if (doc.lines[i].kind == ProfileLineKind::Key && profileNameEqual(doc.lines[i].name(), name)) return i;
     return doc.lines.size();
 }
 
@@ -181,10 +188,10 @@ bool profileSet(ProfileDoc& doc, std::string_view section, std::string_view key,
     if (header == doc.lines.size()) {
         if (!doc.lines.empty() && doc.lines.back().eol.empty()) doc.lines.back().eol = eol;
         std::string head(1, '[');
-        head += oneLine(section);
+        head += writtenName(section);
         head += ']';
         doc.lines.push_back(makeLine(head, eol));
-        doc.lines.push_back(makeLine(oneLine(key) + "=" + val, eol));
+        doc.lines.push_back(makeLine(writtenName(key) + "=" + val, eol));
         return true;
     }
     size_t at = findKey(doc, header, key);
@@ -210,7 +217,7 @@ bool profileSet(ProfileDoc& doc, std::string_view section, std::string_view key,
     for (size_t i = header + 1; i < end; ++i)
         if (doc.lines[i].kind == ProfileLineKind::Key) after = i;
     if (doc.lines[after].eol.empty()) doc.lines[after].eol = eol;
-    doc.lines.insert(doc.lines.begin() + static_cast<std::ptrdiff_t>(after + 1), makeLine(oneLine(key) + "=" + val, eol));
+    doc.lines.insert(doc.lines.begin() + static_cast<std::ptrdiff_t>(after + 1), makeLine(writtenName(key) + "=" + val, eol));
     return true;
 }
 

@@ -79,6 +79,11 @@ TEST_F(ProfileWrite, ValuesStayOnOneLine) {
     ASSERT_TRUE(writeProfileString("S", "k", "one\n[Evil]\r\nx=1", "a.ini"));
     EXPECT_EQ(getProfileSectionNames("a.ini"), std::vector<std::string>{"S"});
     EXPECT_EQ(getProfileString("S", "k", "", "a.ini"), "one [Evil]  x=1");
+    // Names with blanks around them read without; written twice, they are found again.
+    for (const char* v : {"1", "2"}) ASSERT_TRUE(writeProfileString(" T\t", "k ", v, "b.ini"));
+    EXPECT_EQ(getProfileSectionNames("b.ini"), std::vector<std::string>{"T"});
+    EXPECT_EQ(getProfileKeys("T", "b.ini"), std::vector<std::string>{"k"});
+    EXPECT_EQ(getProfileString("T", "k", "", "b.ini"), "2");
 }
 
 // Links and second names are the durable replace's to keep (durable_write_test.cpp).
